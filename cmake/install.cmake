@@ -1,0 +1,30 @@
+# Installs the library, its headers, and what find_package() and pkg-config need.
+include(CMakePackageConfigHelpers)
+
+set(kivo_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/kivo)
+install(TARGETS kivo EXPORT kivo_targets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/kivo
+                  ${PROJECT_SOURCE_DIR}/platform/stratum2/include/stratum2
+                  ${PROJECT_SOURCE_DIR}/platform/bedrock/include/bedrock
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+        FILES_MATCHING
+        PATTERN "kivo/*.h"
+        PATTERN "stratum2/variant.h"
+        PATTERN "bedrock/assertion.h")
+install(EXPORT kivo_targets NAMESPACE kivo:: FILE kivo-targets.cmake
+        DESTINATION ${kivo_package_dir})
+
+configure_file(${PROJECT_SOURCE_DIR}/cmake/kivo-config.cmake.in
+               ${PROJECT_BINARY_DIR}/kivo-config.cmake COPYONLY)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/kivo-config-version.cmake
+                                 COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/kivo-config.cmake
+              ${PROJECT_BINARY_DIR}/kivo-config-version.cmake
+        DESTINATION ${kivo_package_dir})
+
+# pkg-config finds the prefix from where the file lies, so that the tree can be moved.
+file(RELATIVE_PATH kivo_prefix_from_pc
+     ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+configure_file(${PROJECT_SOURCE_DIR}/cmake/kivo.pc.in ${PROJECT_BINARY_DIR}/kivo.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/kivo.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <kivo/export.h>
+#include <kivo/value.h>
+
+// Handlers are never deleted through this class, and its slots are the first of
+// IParser's: there is no room for a virtual destructor.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+
+namespace kivo_3_3 {
+
+/// Told by a parser what it meets, while it meets it; registered with
+/// IParser::addHandler(). Each operation does nothing and returns true unless it is
+/// overridden.
+///
+/// Nobody deletes a handler through this class, so its destructor is not virtual. Where
+/// you compile with -Wnon-virtual-dtor, make your handler `final`, and have g++, which
+/// objects to the base class too, ignore that warning around it.
+///
+/// A name or a text handed over belongs to the parser and lives as long as it does.
+/// A handler may add and remove handlers, itself included, declare options, and parse
+/// with another parser. A standard exception that it throws ends the parse with
+/// `status::unidentifiedProblem`.
+class KIVO_API EventHandler {
+ public:
+  /// An option was recognized; its values follow. `name` is its first name, whichever
+  /// the user typed. What is returned makes no difference.
+  virtual bool onOptionParse(const char* name);
+
+  /// A value of the option `name` was converted and found valid. False refuses it:
+  /// the parse ends with `status::valueRefused`, and handlers after this one, in the
+  /// order of their addresses, are not asked.
+  virtual bool onValueParse(const char* name, const Value& value);
+
+  /// An argument is no option and nobody's value. False, from any one handler, lets it
+  /// pass where the parser would make it an error; every handler is asked.
+  virtual bool onUknownArgument(const char* argument);
+};
+
+}  // namespace kivo_3_3
+
+#pragma GCC diagnostic pop

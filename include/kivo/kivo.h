@@ -1,0 +1,18 @@
+#pragma once
+
+/// Everything a tool needs from the library, in one include.
+
+#include <kivo/argument_syntax.h>
+#include <kivo/event_handler.h>
+#include <kivo/handles.h>
+#include <kivo/option.h>
+#include <kivo/option_lookup.h>
+#include <kivo/parse_result.h>
+#include <kivo/parser.h>
+#include <kivo/status.h>
+#include <kivo/text_layout.h>
+#include <kivo/value.h>
+#include <kivo/version.h>
+
+/// The name to write in a tool: the versioned namespace appears in no other place.
+namespace kivo = kivo_3_3;

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <stratum2/variant.h>
+
+#include <limits>
+
+namespace kivo_3_3 {
+
+using stratum2::s32_t;
+using stratum2::s64_t;
+using stratum2::u32_t;
+using stratum2::u64_t;
+using stratum2::variant_t;
+using stratum2::variant_type_t;
+
+using stratum2::vtBlock;
+using stratum2::vtBool;
+using stratum2::vtByte;
+using stratum2::vtDouble;
+using stratum2::vtFloat;
+using stratum2::vtNull;
+using stratum2::vtObject;
+using stratum2::vtS16;
+using stratum2::vtS32;
+using stratum2::vtS64;
+using stratum2::vtS8;
+using stratum2::vtString;
+using stratum2::vtStringReference;
+using stratum2::vtU16;
+using stratum2::vtU32;
+using stratum2::vtU64;
+using stratum2::vtU8;
+using stratum2::vtWideString;
+using stratum2::vtWideStringReference;
+
+/// The bounds that take in every position, and what stands for "no position".
+constexpr int firstPosition = 0;
+constexpr int lastPosition = std::numeric_limits<int>::max();
+
+/// One value as a query returns it or a handler receives it.
+///
+/// A plain record, copied freely. The text is not copied with it: it belongs to the
+/// result that was asked and lives as long as that result; in a handler it belongs to
+/// the parser.
+class Value {
+ public:
+  /// No value: what a query returns when there is nothing (more) to return.
+  Value() : text(nullptr), isEmpty(1), position(lastPosition) {}
+
+  Value(const char* valueText, const variant_t& typedValue, int valuePosition)
+      : text(valueText), isEmpty(0), position(valuePosition), value(typedValue) {}
+
+  /// The text of a value, null for "no value". The typed value is read from `value`.
+  template <class T>
+  T as() const = delete;
+
+  /// The value as it was written, an abbreviation of an allowed value completed.
+  /// Null for "no value" and for an occurrence of an option that takes none.
+  const char* text;
+  /// 1 when this is "no value", 0 otherwise.
+  s32_t isEmpty;
+  /// Where the value stands among all that was given: larger is later.
+  int position;
+  /// The value in the type of its option; `vtNull` where there is none.
+  variant_t value;
+};
+
+template <>
+inline const char* Value::as<const char*>() const {
+  return isEmpty == 0 ? text : nullptr;
+}
+
+}  // namespace kivo_3_3

@@ -1,0 +1,23 @@
+#include "bedrock/file.h"
+
+#include <cstdio>
+#include <memory>
+
+namespace BEDROCK {
+
+int load_file(const char* name, std::string& text) {
+  // Opening a directory succeeds here; reading from it then fails.
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(name, "rb"), std::fclose);
+  if (file == nullptr)
+    return 1;
+  std::string read;
+  char buffer[16 * 1024];
+  while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, file.get()))
+    read.append(buffer, count);
+  if (std::ferror(file.get()) != 0)
+    return 1;
+  text = std::move(read);
+  return 0;
+}
+
+}  // namespace BEDROCK

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace stratum2 {
+
+/// A forward walk over values of `T` that hides what holds them.
+///
+/// A walk made from two iterators refers to their range, which must outlive it; one
+/// made from a vector keeps the vector. Copies of a walk move on independently. An
+/// empty handle is a walk over nothing.
+template <class T>
+class generic_iterator_t {
+ public:
+  generic_iterator_t() = default;
+  template <class Iterator>
+  generic_iterator_t(Iterator first, Iterator last)
+      : m_walk(std::make_unique<range_walk_t<Iterator>>(std::move(first), std::move(last))) {}
+  explicit generic_iterator_t(std::vector<T> values)
+      : m_walk(std::make_unique<vector_walk_t>(std::move(values))) {}
+  generic_iterator_t(const generic_iterator_t& other)
+      : m_walk(other.m_walk != nullptr ? other.m_walk->clone() : nullptr) {}
+  generic_iterator_t(generic_iterator_t&&) noexcept = default;
+  generic_iterator_t& operator=(generic_iterator_t other) noexcept {
+    m_walk = std::move(other.m_walk);
+    return *this;
+  }
+  ~generic_iterator_t() = default;
+
+  /// Whether a value is left; only then may the walk be read or moved on.
+  explicit operator bool() const { return m_walk != nullptr && !m_walk->at_end(); }
+  const T& operator*() const { return m_walk->value(); }
+  const T* operator->() const { return &m_walk->value(); }
+  generic_iterator_t& operator++() {
+    m_walk->advance();
+    return *this;
+  }
+
+ private:
+  struct walk_t {
+    virtual ~walk_t() = default;
+    virtual std::unique_ptr<walk_t> clone() const = 0;
+    virtual bool at_end() const = 0;
+    virtual const T& value() const = 0;
+    virtual void advance() = 0;
+  };
+
+  template <class Iterator>
+  struct range_walk_t final : walk_t {
+    range_walk_t(Iterator first, Iterator last)
+        : m_current(std::move(first)), m_last(std::move(last)) {}
+    std::unique_ptr<walk_t> clone() const override { return std::make_unique<range_walk_t>(*this); }
+    bool at_end() const override { return m_current == m_last; }
+    const T& value() const override { return *m_current; }
+    void advance() override { ++m_current; }
+
+    Iterator m_current;
+    Iterator m_last;
+  };
+
+  struct vector_walk_t final : walk_t {
+    explicit vector_walk_t(std::vector<T> values)
+        : m_values(std::make_shared<const std::vector<T>>(std::move(values))) {}
+    std::unique_ptr<walk_t> clone() const override {
+      return std::make_unique<vector_walk_t>(*this);
+    }
+    bool at_end() const override { return m_index == m_values->size(); }
+    const T& value() const override { return (*m_values)[m_index]; }
+    void advance() override { ++m_index; }
+
+    std::shared_ptr<const std::vector<T>> m_values;
+    std::size_t m_index = 0;
+  };
+
+  std::unique_ptr<walk_t> m_walk;
+};
+
+}  // namespace stratum2

@@ -1,0 +1,207 @@
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <type_traits>
+
+namespace stratum2 {
+
+using s32_t = int;
+using u32_t = unsigned int;
+using s64_t = long long;
+using u64_t = unsigned long long;
+
+/// What a variant holds. The numbers are part of the binary interface.
+///
+/// 0 to 9 are the integer kinds, odd for unsigned; 10 and 11 are the floating kinds;
+/// the order of two values of different kinds follows from these numbers.
+enum variant_type_t : int {
+  vtBool = 0,
+  vtByte = 1,
+  vtS8 = 2,
+  vtU8 = 3,
+  vtS16 = 4,
+  vtU16 = 5,
+  vtS32 = 6,
+  vtU32 = 7,
+  vtS64 = 8,
+  vtU64 = 9,
+  vtFloat = 10,
+  vtDouble = 11,
+  vtString = 12,
+  vtWideString = 13,
+  vtStringReference = 14,
+  vtWideStringReference = 15,
+  vtBlock = 16,
+  vtNull = 17,
+  vtObject = 18
+};
+
+/// Compares two texts byte by byte, bytes taken as unsigned: negative, zero or
+/// positive where `left` stands before, with or after `right`.
+int string_compare(const char* left, const char* right);
+
+/// Where variants keep the text they share.
+class allocator_t {
+ public:
+  /// Throws std::bad_alloc when there is no room.
+  void* allocate(std::size_t bytes);
+  void free(void* memory) noexcept;
+};
+
+/// One value of a kind known only at run time: a bool, an integer, a floating-point
+/// number, a text, or nothing (`vtNull`, what a default-made variant holds).
+///
+/// Copies are cheap: a text is stored once, shared by all copies and counted
+/// atomically; it is freed with its last owner.
+class [[gnu::visibility("default")]] variant_t {
+ public:
+  variant_t() noexcept : m_type(vtNull) { m_value.m_signed = 0; }
+  variant_t(bool value) noexcept : variant_t(vtBool, value ? s64_t{1} : s64_t{0}) {}
+  variant_t(signed char value) noexcept : variant_t(vtS8, s64_t{value}) {}
+  variant_t(unsigned char value) noexcept : variant_t(vtU8, u64_t{value}) {}
+  variant_t(short value) noexcept : variant_t(vtS16, s64_t{value}) {}
+  variant_t(unsigned short value) noexcept : variant_t(vtU16, u64_t{value}) {}
+  variant_t(int value) noexcept : variant_t(vtS32, s64_t{value}) {}
+  variant_t(unsigned int value) noexcept : variant_t(vtU32, u64_t{value}) {}
+  variant_t(long value) noexcept : variant_t(vtS64, s64_t{value}) {}
+  variant_t(unsigned long value) noexcept : variant_t(vtU64, u64_t{value}) {}
+  variant_t(long long value) noexcept : variant_t(vtS64, s64_t{value}) {}
+  variant_t(unsigned long long value) noexcept : variant_t(vtU64, u64_t{value}) {}
+  variant_t(float value) noexcept : m_type(vtFloat) { m_value.m_double = double{value}; }
+  variant_t(double value) noexcept : m_type(vtDouble) { m_value.m_double = value; }
+
+  /// A copy of `text`; or, with `reference`, a value that only points at it, and then
+  /// the text must outlive the variant and all its copies. Null counts as the empty text.
+  variant_t(const char* text, bool reference = false);
+
+  variant_t(const variant_t& other) noexcept : m_value(other.m_value), m_type(other.m_type) {
+    if (ownsData())
+      retain();
+  }
+  variant_t(variant_t && other) noexcept : m_value(other.m_value), m_type(other.m_type) {
+    other.m_type = vtNull;
+  }
+  variant_t& operator=(const variant_t& other) noexcept {
+    variant_t copy(other);
+    swap(copy);
+    return *this;
+  }
+  variant_t& operator=(variant_t&& other) noexcept {
+    variant_t moved(static_cast<variant_t&&>(other));
+    swap(moved);
+    return *this;
+  }
+  ~variant_t() {
+    if (ownsData())
+      release();
+  }
+
+  variant_type_t type() const noexcept { return m_type; }
+
+  /// Whether get<T>() can answer: any integer type and bool from an integer kind,
+  /// `double` and `float` from any number, `const char*` from a text.
+  template <class T>
+  bool can_get() const noexcept;
+
+  /// The value as `T`: bool is whether a number is not zero, an integer too wide for
+  /// `T` loses its upper bits, a text lives as long as the variants that share it.
+  ///
+  /// Without can_get<T>() the assertion handler is called; should it return, the
+  /// answer is a zero or a null pointer.
+  template <class T>
+  T get() const;
+
+  /// Numbers are equal by value whatever their kinds, texts by content.
+  bool operator==(const variant_t& var) const;
+  bool operator!=(const variant_t& var) const { return !(*this == var); }
+
+  /// Numbers by value, texts byte by byte. Of two values of other different kinds the
+  /// one with the higher kind number is the lesser, so nothing stands ahead of texts.
+  bool operator<(const variant_t& var) const;
+
+ private:
+  struct data_t {
+    std::size_t m_bytes;
+    std::atomic<int> m_references;
+  };
+  union value_t {
+    s64_t m_signed;
+    u64_t m_unsigned;
+    double m_double;
+    data_t* m_data;
+    const char* m_reference;
+  };
+
+  variant_t(variant_type_t type, s64_t value) noexcept : m_type(type) { m_value.m_signed = value; }
+  variant_t(variant_type_t type, u64_t value) noexcept : m_type(type) {
+    m_value.m_unsigned = value;
+  }
+
+  void swap(variant_t & other) noexcept {
+    const value_t value = m_value;
+    const variant_type_t type = m_type;
+    m_value = other.m_value;
+    m_type = other.m_type;
+    other.m_value = value;
+    other.m_type = type;
+  }
+
+  bool ownsData() const noexcept { return m_type == vtString; }
+  bool isText() const noexcept { return m_type == vtString || m_type == vtStringReference; }
+  bool isInteger() const noexcept { return m_type >= vtBool && m_type <= vtU64; }
+  bool isUnsigned() const noexcept { return (m_type & 1) != 0; }
+  bool isNegative() const noexcept { return !isUnsigned() && m_value.m_signed < 0; }
+  bool isNumber() const noexcept { return m_type >= vtBool && m_type <= vtDouble; }
+
+  // The text of a variant that isText().
+  const char* text() const noexcept {
+    return ownsData() ? reinterpret_cast<const char*>(m_value.m_data + 1) : m_value.m_reference;
+  }
+  // The number of a variant that isNumber().
+  double number() const noexcept {
+    if (!isInteger())
+      return m_value.m_double;
+    return isUnsigned() ? static_cast<double>(m_value.m_unsigned)
+                        : static_cast<double>(m_value.m_signed);
+  }
+
+  void retain() noexcept;
+  void release() noexcept;
+  static void reportUnsuitableRead();
+
+  static allocator_t m_mem;
+
+  value_t m_value;
+  variant_type_t m_type;
+};
+
+template <class T>
+bool variant_t::can_get() const noexcept {
+  static_assert(std::is_arithmetic<T>::value || std::is_same<T, const char*>::value,
+                "a variant gives numbers, bool and const char*");
+  if constexpr (std::is_same<T, const char*>::value)
+    return isText();
+  else if constexpr (std::is_floating_point<T>::value)
+    return isNumber();
+  else
+    return isInteger();
+}
+
+template <class T>
+T variant_t::get() const {
+  if (!can_get<T>()) {
+    reportUnsuitableRead();
+    return T();
+  }
+  if constexpr (std::is_same<T, const char*>::value)
+    return text();
+  else if constexpr (std::is_floating_point<T>::value)
+    return static_cast<T>(number());
+  else if constexpr (std::is_same<T, bool>::value)
+    return m_value.m_signed != 0;
+  else
+    return static_cast<T>(m_value.m_signed);
+}
+
+}  // namespace stratum2

@@ -1,0 +1,26 @@
+#include "base/trace.h"
+
+#include "bedrock/console.h"
+
+namespace kivo_3_3::internal {
+
+bool kivoLogEnabled = false;
+
+KivoLog::~KivoLog() {
+  m_stream.reset();  // it writes to the buffer, so it goes first
+}
+
+std::ostream& KivoLog::silentStream() {
+  if (m_stream == nullptr) {
+    m_buffer = std::make_unique<basic_nullbuf<char>>();
+    m_stream = std::make_unique<std::ostream>(m_buffer.get());
+  }
+  return *m_stream;
+}
+
+std::ostream& kivoLog() {
+  static KivoLog log;
+  return kivoLogEnabled ? BEDROCK::ucout : log.silentStream();
+}
+
+}  // namespace kivo_3_3::internal

@@ -1,0 +1,50 @@
+#pragma once
+
+// The running account of a parse, written to standard output when it is switched on.
+//
+// Writers go through traceLine(), so that a silent trace costs the test of a flag.
+
+#include <memory>
+#include <ostream>
+#include <streambuf>
+
+namespace kivo_3_3::internal {
+
+// Whether parses are traced. Every run over a list of arguments sets it anew.
+extern bool kivoLogEnabled;
+
+// Takes no characters: a stream on it fails at its first write and stays silent.
+template <class Char>
+class basic_nullbuf : public std::basic_streambuf<Char> {
+ public:
+  ~basic_nullbuf() override = default;
+};
+
+// Holds the stream that swallows the trace while it is off; made when first needed.
+class KivoLog {
+ public:
+  KivoLog() = default;
+  KivoLog(const KivoLog&) = delete;
+  KivoLog& operator=(const KivoLog&) = delete;
+  ~KivoLog();
+
+  std::ostream& silentStream();
+
+ private:
+  std::unique_ptr<std::ostream> m_stream;
+  std::unique_ptr<basic_nullbuf<char>> m_buffer;
+};
+
+// The console while the trace is on, the same silent stream whenever it is off.
+std::ostream& kivoLog();
+
+// Lets `write` compose one line on a stream, if anybody is listening.
+template <class Writer>
+void traceLine(Writer&& write) {
+  if (!kivoLogEnabled)
+    return;
+  write(kivoLog());
+  kivoLog() << std::endl;
+}
+
+}  // namespace kivo_3_3::internal

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <kivo/value.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace kivo_3_3 {
+
+class OptionDescription;
+
+// What was parsed for one option, in the order it was met.
+struct OptionData {
+  // A value's text and typed value, then its position.
+  using PositionedValue = std::pair<std::pair<std::string, variant_t>, int>;
+
+  std::vector<int> positions;  // one for each occurrence
+  std::vector<PositionedValue> values;
+  PositionedValue defaultValue;  // empty text and vtNull where no default was applied
+};
+
+// Where recognizers hand over what they have bound.
+class IResultCollector {
+ public:
+  // Records one occurrence of `option`.
+  virtual void store(const OptionDescription& option, const OptionData& data) = 0;
+
+ protected:
+  ~IResultCollector() = default;
+};
+
+}  // namespace kivo_3_3

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <kivo/option.h>
+
+#include <cstdint>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "base/garbage.h"
+
+namespace kivo_3_3 {
+
+// One declared option, action or modifier. The registry makes it and keeps it by
+// value; the tool amends it through IOption; everybody else reads its fields.
+class OptionDescription final : public IOption {
+ public:
+  // What the status of a description says.
+  static constexpr std::uint32_t stored = 0;
+  static constexpr std::uint32_t rejected = 1;
+  static constexpr std::uint32_t underDeclaration = 3;
+
+  IOption* synonym(const char* name) override;
+  IOption* allowValue(const variant_t& value) override;
+  IOption* allowDeprecatedValue(const variant_t& oldValue, const variant_t& newValue) override;
+  IOption* defaultValue(const variant_t& value) override;
+  IOption* tokenize(char separator) override;
+  IOption* positional() override;
+  IOption* tag(const char* tags) override;
+
+  OptionDescription() = default;
+  OptionDescription(const OptionDescription&) = default;
+  OptionDescription(OptionDescription&&) noexcept = default;
+  OptionDescription& operator=(const OptionDescription&) = default;
+  OptionDescription& operator=(OptionDescription&&) = default;
+  ~OptionDescription() override = default;
+
+  // The name that stands for the option in messages and events; out of range for an
+  // option without names.
+  const std::string& firstName() const { return m_names.at(0); }
+  bool isAction() const { return m_notAnAction == 0; }
+
+  const variant_t& getDefaultValue() const { return m_defaultValue; }
+  // Only for an option that has a default.
+  std::string getDefaultValueAsText() const;
+
+  // The text of a value of this option's type, kept in `garbage`; null for a type that
+  // has no text form.
+  const char* toString(Garbage* garbage, const variant_t& value) const;
+  // The value that `text` stands for in this option's type, `vtNull` if it stands for
+  // none.
+  variant_t fromString(const char* text, Garbage* garbage) const;
+  // How messages and help call this option's type.
+  std::string getTypeName() const;
+
+  // Converts one value as the user wrote it and holds it against the allowed values.
+  // An abbreviation in `text` is completed. False with the reason in `error`, which is
+  // untouched otherwise; `value` is meaningless then.
+  bool validate(std::string& text, variant_t& value, std::string& error) const;
+
+  // By first name, byte by byte; an option without names stands first.
+  bool operator<(const OptionDescription& other) const;
+
+  std::uint32_t m_status = stored;
+  std::vector<std::string> m_names;
+  std::set<std::string> m_tags;
+  std::string m_groupKey;
+  std::string m_groupTitle;
+  std::string m_description;
+  bool m_positional = false;
+  bool m_hasDefault = false;
+  std::uint32_t m_notAnAction = 2;  // 0 for an action, 1 for what is none, 2 while undeclared
+  char m_tokenizer = ',';           // '\0': values are not split
+  variant_type_t m_type = stratum2::vtNull;
+  variant_t m_defaultValue;
+  std::vector<variant_t> m_allowedValues;
+  std::map<variant_t, variant_t> m_deprecatedValues;  // what is still accepted, and for what
+  Garbage* m_garbage = nullptr;
+};
+
+}  // namespace kivo_3_3

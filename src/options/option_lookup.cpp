@@ -1,0 +1,45 @@
+#include <kivo/option_lookup.h>
+
+#include <algorithm>
+
+#include "options/option_description.h"
+
+namespace kivo_3_3 {
+
+namespace {
+
+// Compares without putting "no-" and the name together.
+bool isNegationOf(const std::string& text, const std::string& name) {
+  return text.size() == name.size() + 3 && text.compare(0, 3, "no-") == 0 &&
+         text.compare(3, std::string::npos, name) == 0;
+}
+
+bool answersTo(const OptionDescription& option, const std::string& text) {
+  const auto isMeant = [&](const std::string& name) {
+    return name == text || (option.m_type == vtBool && isNegationOf(text, name));
+  };
+  return std::any_of(option.m_names.begin(), option.m_names.end(), isMeant);
+}
+
+}  // namespace
+
+result_t findOption(const std::string& name, unsigned int& index,
+                    const std::vector<OptionDescription>& options) {
+  const auto option = std::find_if(options.begin(), options.end(), [&](const auto& candidate) {
+    return answersTo(candidate, name);
+  });
+  if (option == options.end())
+    return notFound;
+  index = static_cast<unsigned int>(option - options.begin());
+  return found;
+}
+
+result_t findOption(const std::vector<std::string>& names, unsigned int& index,
+                    const std::vector<OptionDescription>& options) {
+  for (const std::string& name : names)
+    if (findOption(name, index, options) == found)
+      return found;
+  return notFound;
+}
+
+}  // namespace kivo_3_3

@@ -1,0 +1,315 @@
+#include "options/value_conversion.h"
+
+#include <algorithm>
+#include <charconv>
+#include <iterator>
+#include <limits>
+#include <sstream>
+#include <string_view>
+#include <type_traits>
+
+#include "base/white_space.h"
+
+namespace kivo_3_3 {
+
+namespace {
+
+constexpr std::string_view hexDigits = "1234567890ABCDEFabcdef";
+
+bool areHexDigits(std::string_view text) {
+  return text.find_first_not_of(hexDigits) == std::string_view::npos;
+}
+
+bool isHexadecimal(const std::string& text) {
+  const std::string_view all(text);
+  const bool prefixed = (all.substr(0, 2) == "0x" || all.substr(0, 2) == "0X");
+  if (prefixed && areHexDigits(all.substr(2)))
+    return true;
+  const char last = text.at(text.size() - 1);
+  return (last == 'h' || last == 'H') && areHexDigits(all.substr(0, all.size() - 1));
+}
+
+bool isDigit(char character) { return character >= '0' && character <= '9'; }
+
+// Walks a text as formatted input in the classic locale does.
+class ClassicReader {
+ public:
+  explicit ClassicReader(std::string_view text)
+      : m_next(text.data()), m_end(text.data() + text.size()) {
+    skipSpace();
+  }
+
+  // An integer in decimal, or false. A minus sign is fine for an unsigned type too:
+  // its magnitude must fit, and the value wraps.
+  template <class T>
+  bool readInteger(T& value) {
+    const bool negative = m_next != m_end && *m_next == '-';
+    if (negative || (m_next != m_end && *m_next == '+'))
+      ++m_next;
+    u64_t magnitude = 0;
+    if (!readMagnitude(magnitude, 10) || magnitude > largestMagnitude<T>(negative))
+      return false;
+    value = static_cast<T>(negative ? 0 - magnitude : magnitude);
+    return true;
+  }
+
+  // Digits without a sign.
+  bool readMagnitude(u64_t& value, int base) {
+    const auto [end, problem] = std::from_chars(m_next, m_end, value, base);
+    m_next = end;
+    return problem == std::errc();
+  }
+
+  // Digits with at most one point among them, behind at most one minus: the numbers
+  // that need no stream. False says that this is none of them, not that it is wrong.
+  bool readPlainDouble(double& value) {
+    const char* first = m_next != m_end && *m_next == '-' ? m_next + 1 : m_next;
+    const char* point = std::find_if_not(first, m_end, isDigit);
+    if (point == first)
+      return false;
+    const char* last =
+        point != m_end && *point == '.' ? std::find_if_not(point + 1, m_end, isDigit) : point;
+    if (last - first > longestPlainDouble || (last != m_end && !m_isSpace(*last)))
+      return false;
+    std::from_chars(m_next, last, value, std::chars_format::fixed);
+    m_next = last;
+    return true;
+  }
+
+  bool onlySpaceIsLeft() {
+    skipSpace();
+    return m_next == m_end;
+  }
+
+ private:
+  static constexpr std::ptrdiff_t longestPlainDouble = 300;
+
+  template <class T>
+  static u64_t largestMagnitude(bool negative) {
+    const auto largest = static_cast<u64_t>(std::numeric_limits<T>::max());
+    return negative && std::is_signed<T>::value ? largest + 1 : largest;
+  }
+
+  void skipSpace() { m_next = std::find_if_not(m_next, m_end, m_isSpace); }
+
+  WhiteSpace m_isSpace;
+  const char* m_next;
+  const char* m_end;
+};
+
+template <class T>
+bool readThroughStream(const char* text, T& value) {
+  std::istringstream stream(text);
+  stream >> value;
+  if (stream.fail() || stream.bad())
+    return false;
+  char rest = 0;
+  return stream.eof() || !(stream >> rest);
+}
+
+template <class T>
+bool readClassic(ClassicReader& reader, T& value) {
+  return reader.readInteger(value) && reader.onlySpaceIsLeft();
+}
+
+bool readClassic(ClassicReader& reader, bool& value) {
+  long number = 0;
+  if (!readClassic(reader, number) || (number != 0 && number != 1))
+    return false;
+  value = number == 1;
+  return true;
+}
+
+template <class T>
+bool read(const char* text, T& value) {
+  if (!isClassicLocale())
+    return readThroughStream(text, value);
+  ClassicReader reader(text);
+  return readClassic(reader, value);
+}
+
+bool read(const char* text, double& value) {
+  if (isClassicLocale()) {
+    ClassicReader reader(text);
+    if (reader.readPlainDouble(value))
+      return reader.onlySpaceIsLeft();
+  }
+  return readThroughStream(text, value);
+}
+
+template <class T>
+std::string writeThroughStream(T value) {
+  std::ostringstream stream;
+  stream << value;
+  return stream.str();
+}
+
+template <class T>
+std::string write(T value) {
+  if (!isClassicLocale())
+    return writeThroughStream(value);
+  char buffer[std::numeric_limits<T>::digits10 + 3];
+  const auto written = std::to_chars(std::begin(buffer), std::end(buffer), value);
+  return std::string(std::begin(buffer), written.ptr);
+}
+
+std::string write(bool value) { return value ? "1" : "0"; }
+
+// Six significant digits, as a stream shows them.
+std::string write(double value) {
+  if (!isClassicLocale())
+    return writeThroughStream(value);
+  char buffer[32];
+  const auto written =
+      std::to_chars(std::begin(buffer), std::end(buffer), value, std::chars_format::general, 6);
+  return std::string(std::begin(buffer), written.ptr);
+}
+
+class OperationToString {
+ public:
+  OperationToString(Garbage& garbage, const variant_t& input)
+      : m_garbage(garbage), m_input(input) {}
+
+  template <class T>
+  bool execute() {
+    m_output = m_garbage.init(write(m_input.get<T>()).c_str());
+    return true;
+  }
+
+  const char* output() const { return m_output; }
+
+ private:
+  Garbage& m_garbage;
+  const variant_t& m_input;
+  const char* m_output = nullptr;
+};
+
+template <>
+bool OperationToString::execute<const char*>() {
+  m_output = m_garbage.init(m_input.get<const char*>());
+  return true;
+}
+
+class OperationFromString {
+ public:
+  explicit OperationFromString(const char* input) : m_input(input) {}
+
+  template <class T>
+  bool execute() {
+    T value{};
+    if (!read(m_input, value))
+      return false;
+    m_output = value;
+    return true;
+  }
+
+  const variant_t& output() const { return m_output; }
+
+ private:
+  const char* m_input;
+  variant_t m_output;
+};
+
+template <>
+bool OperationFromString::execute<const char*>() {
+  m_output = m_input;
+  return true;
+}
+
+template <>
+bool OperationFromString::execute<u64_t>() {
+  u64_t value = 0;
+  if (*m_input == '\0' || !fromStringToNumber(m_input, value))
+    return false;
+  m_output = value;
+  return true;
+}
+
+class OperatorGetTypeName {
+ public:
+  template <class T>
+  bool execute() {
+    if constexpr (std::is_same<T, bool>::value)
+      m_output = "undefined";
+    else if constexpr (std::is_same<T, s32_t>::value)
+      m_output = "integer";
+    else if constexpr (std::is_same<T, u32_t>::value)
+      m_output = "unsigned integer";
+    else if constexpr (std::is_same<T, s64_t>::value)
+      m_output = "64 bit integer";
+    else if constexpr (std::is_same<T, u64_t>::value)
+      m_output = "unsigned 64 bit or hex";
+    else if constexpr (std::is_same<T, double>::value)
+      m_output = "double";
+    else
+      m_output = "string";
+    return true;
+  }
+
+  const char* output() const { return m_output; }
+
+ private:
+  const char* m_output = "";
+};
+
+// Runs the operation for the type of an option; false, and nothing done, for a type
+// that options do not have.
+template <class Operation>
+bool executeFor(variant_type_t type, Operation& operation) {
+  switch (type) {
+    case vtBool:
+      return operation.template execute<bool>();
+    case vtS32:
+      return operation.template execute<s32_t>();
+    case vtU32:
+      return operation.template execute<u32_t>();
+    case vtS64:
+      return operation.template execute<s64_t>();
+    case vtU64:
+      return operation.template execute<u64_t>();
+    case vtDouble:
+      return operation.template execute<double>();
+    case vtString:
+      return operation.template execute<const char*>();
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+const char* valueToText(variant_type_t type, const variant_t& value, Garbage& garbage) {
+  OperationToString operation(garbage, value);
+  executeFor(type, operation);
+  return operation.output();
+}
+
+variant_t textToValue(variant_type_t type, const char* text) {
+  OperationFromString operation(text);
+  executeFor(type, operation);
+  return operation.output();
+}
+
+const char* typeName(variant_type_t type) {
+  OperatorGetTypeName operation;
+  executeFor(type, operation);
+  return operation.output();
+}
+
+template <class T>
+bool fromStringToNumber(const std::string& text, T& value) {
+  const bool hexadecimal = isHexadecimal(text);
+  if (isClassicLocale()) {
+    if (!hexadecimal)
+      return ClassicReader(text).readInteger(value);
+    const std::size_t prefix = text.find_first_of("xX") == 1 ? 2 : 0;
+    return ClassicReader(std::string_view(text).substr(prefix)).readMagnitude(value, 16);
+  }
+  std::istringstream stream(text);
+  stream >> (hexadecimal ? std::hex : std::dec) >> value;
+  return !stream.fail() && !stream.bad();
+}
+
+template bool fromStringToNumber<u64_t>(const std::string& text, u64_t& value);
+
+}  // namespace kivo_3_3

@@ -1,0 +1,35 @@
+#pragma once
+
+// Values to text and text to values, one conversion for each type an option can have.
+//
+// Numbers read and look as the standard streams read and write them under the global
+// locale. In the classic locale most of them take a shorter road to the same result.
+
+#include <kivo/value.h>
+
+#include <string>
+
+#include "base/garbage.h"
+
+namespace kivo_3_3 {
+
+// The text of `value`, which must be able to give what `type` asks for, kept in
+// `garbage`; null under a type that options do not have.
+const char* valueToText(variant_type_t type, const variant_t& value, Garbage& garbage);
+
+// What `text` stands for under `type`; `vtNull` where it stands for nothing and under a
+// type that options do not have.
+variant_t textToValue(variant_type_t type, const char* text);
+
+// The name of `type` for messages and help, empty for a type that options do not have.
+const char* typeName(variant_type_t type);
+
+// Reads an unsigned number, in decimal or, with "0x" ahead or "h" behind nothing but
+// hexadecimal digits, in hexadecimal. What stands behind the number is not looked at:
+//   "12" -> 12   "12abc" -> 12   "0x1F", "1Fh" -> 31   "0x1G" -> 0   "FF" -> false
+// An empty text raises std::out_of_range.
+template <class T>
+bool fromStringToNumber(const std::string& text, T& value);
+extern template bool fromStringToNumber<u64_t>(const std::string& text, u64_t& value);
+
+}  // namespace kivo_3_3

@@ -1,0 +1,192 @@
+#include "parser/basic_parser.h"
+
+#include <algorithm>
+
+#include "help/help_generator.h"
+#include "result/parse_result.h"
+
+namespace kivo_3_3 {
+
+using std::string;
+
+namespace {
+
+// The two sentences have always run together.
+string isNotAvailable(const char* topic) {
+  return string("Help for ") + topic + " not available.Please use one of the following topics:\n";
+}
+
+}  // namespace
+
+bool EventHandler::onOptionParse(const char*) { return true; }
+bool EventHandler::onValueParse(const char*, const Value&) { return true; }
+bool EventHandler::onUknownArgument(const char*) { return true; }
+
+IParser::~IParser() = default;
+
+int createParser(IParser** parser, int flags) {
+  if (parser == nullptr)
+    return status::exceptionCaught;
+  try {
+    *parser = new BasicParser(flags);
+    return status::success;
+  } catch (const std::exception&) {
+    return status::exceptionCaught;
+  }
+}
+
+BasicParser::BasicParser(int flags) : m_storage(&m_garbage), m_flags(flags) {
+  if ((flags & parserFlags::noTokenizer) != 0)
+    m_storage.setTokenizer('\0');
+}
+
+void BasicParser::destroy() { delete this; }
+
+int BasicParser::createResult(IParseResult** result) {
+  if (result == nullptr)
+    return status::exceptionCaught;
+  try {
+    *result = new ParseResult;
+    return status::success;
+  } catch (const std::exception&) {
+    return status::exceptionCaught;
+  }
+}
+
+IOption* BasicParser::option(const char* names, const char* description, variant_type_t type,
+                             const char* group) {
+  return m_storage.option(names, nullptr, description, false, type, group);
+}
+
+IOption* BasicParser::action(const char* names, const char* description, variant_type_t type,
+                             const char* group) {
+  return m_storage.action(names, description, type, group);
+}
+
+IOption* BasicParser::modifier(const char* names, const char* actions, const char* description,
+                               variant_type_t type, const char* group) {
+  return m_storage.modifier(names, actions, description, type, group);
+}
+
+bool BasicParser::isOptionDeclared(const char* name, bool amongActions, const char* group) {
+  if (name == nullptr)
+    return false;
+  const auto isMeant = [&](const OptionDescription& option) {
+    const std::vector<string>& names = option.m_names;
+    return option.isAction() == amongActions &&
+           std::find(names.begin(), names.end(), name) != names.end() &&
+           (group == nullptr || option.m_groupKey == group);
+  };
+  const std::vector<OptionDescription>& options = m_storage.options();
+  return std::any_of(options.begin(), options.end(), isMeant);
+}
+
+const char* BasicParser::getErrorDesc() { return m_garbage.init(m_lastError.c_str()); }
+
+const char* BasicParser::getDescription(bool hidden) {
+  return compose([&](const HelpGenerator& help) { return help.describeTool(hidden); });
+}
+
+const char* BasicParser::getDescription(const char* topic, bool hidden) {
+  if (topic == nullptr)
+    return getDescription(hidden);
+  return composeTopic(topic, hidden, [&](const HelpGenerator& help, unsigned int index) {
+    return help.describeOption(index, hidden);
+  });
+}
+
+const char* BasicParser::getActionModifiersDescription(const char* actionName, bool hidden) {
+  const char* name = actionName != nullptr ? actionName : "";
+  return composeTopic(name, hidden, [&](const HelpGenerator& help, unsigned int index) {
+    return help.describeActionModifiers(index, hidden);
+  });
+}
+
+const char* BasicParser::getGlobalModifiersDescription(bool hidden) {
+  return compose([&](const HelpGenerator& help) { return help.describeGlobalModifiers(hidden); });
+}
+
+// Keeps the help that `write` returns; whatever goes wrong is told in its place.
+template <class Write>
+const char* BasicParser::compose(Write write) {
+  try {
+    return m_garbage.init(write(HelpGenerator(m_storage.options(), m_storage.groups())).c_str());
+  } catch (const std::exception&) {
+    setLastError("Unknown error handled.");
+    return getErrorDesc();
+  }
+}
+
+// The help that `write` returns for a declared name; for an unknown one a remark, and
+// the help for the whole tool.
+template <class Write>
+const char* BasicParser::composeTopic(const char* topic, bool hidden, Write write) {
+  return compose([&](const HelpGenerator& help) {
+    const auto index = m_storage.index().find(topic, m_storage.options());
+    return index ? write(help, *index) : isNotAvailable(topic) + getDescription(hidden);
+  });
+}
+
+void BasicParser::addHandler(EventHandler* handler) {
+  if (handler != nullptr && handler != this)
+    m_handlers.insert(handler);
+}
+
+void BasicParser::removeHandler(EventHandler* handler) { m_handlers.erase(handler); }
+
+bool BasicParser::addOptionFileOption(const char* description, const char* group) {
+  m_optionFileEnabled = true;
+  return option("option-file", description, vtString, group) != nullptr;
+}
+
+bool BasicParser::allowSimultaneousActions(const std::set<string>& actionNames) {
+  m_simultaneousActions.push_back(actionNames);
+  return true;
+}
+
+// A handler may add and remove handlers: the next one is looked for anew each time.
+template <class Call>
+void BasicParser::forEachHandler(Call call) {
+  auto handler = m_handlers.begin();
+  while (handler != m_handlers.end()) {
+    EventHandler* const called = *handler;
+    if (!call(*called))
+      return;
+    handler = m_handlers.upper_bound(called);
+  }
+}
+
+bool BasicParser::onOptionParse(const char* name) {
+  const char* kept = m_handlers.empty() ? nullptr : m_garbage.init(name);
+  forEachHandler([&](EventHandler& handler) {
+    handler.onOptionParse(kept);
+    return true;
+  });
+  return true;
+}
+
+bool BasicParser::onValueParse(const char* name, const Value& value) {
+  if (m_handlers.empty())
+    return true;
+  const char* keptName = m_garbage.init(name);
+  Value keptValue = value;
+  keptValue.text = m_garbage.init(value.text);
+  bool accepted = true;
+  forEachHandler([&](EventHandler& handler) {
+    accepted = handler.onValueParse(keptName, keptValue);
+    return accepted;
+  });
+  return accepted;
+}
+
+bool BasicParser::onUknownArgument(const char* argument) {
+  const char* kept = m_handlers.empty() ? nullptr : m_garbage.init(argument);
+  bool accepted = true;
+  forEachHandler([&](EventHandler& handler) {
+    accepted = handler.onUknownArgument(kept) && accepted;
+    return true;
+  });
+  return accepted;
+}
+
+}  // namespace kivo_3_3

@@ -1,0 +1,93 @@
+#pragma once
+
+#include <kivo/parser.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "base/garbage.h"
+#include "options/option_registry.h"
+
+namespace kivo_3_3 {
+
+class ParseResult;
+class PositionalOptionsParser;
+
+// The parser a tool holds: owns the declarations, the texts handed out and the
+// handlers, and forwards everything else to the stages of a parse.
+class BasicParser : public IParser {
+ public:
+  explicit BasicParser(int flags);
+  BasicParser(const BasicParser&) = delete;
+  BasicParser& operator=(const BasicParser&) = delete;
+
+  bool onOptionParse(const char* name) override;
+  bool onValueParse(const char* name, const Value& value) override;
+  bool onUknownArgument(const char* argument) override;
+
+  void destroy() override;
+  int createResult(IParseResult** result) override;
+  IOption* option(const char* names, const char* description, variant_type_t type,
+                  const char* group) override;
+  IOption* action(const char* names, const char* description, variant_type_t type,
+                  const char* group) override;
+  IOption* modifier(const char* names, const char* actions, const char* description,
+                    variant_type_t type, const char* group) override;
+  bool isOptionDeclared(const char* name, bool amongActions, const char* group) override;
+  int parseArgsVector(int argc, const char* const* argv, IParseResult* result) override;
+  int parseStream(const char* text, IParseResult* result) override;
+  const char* getErrorDesc() override;
+  const char* getDescription(bool hidden) override;
+  const char* getDescription(const char* topic, bool hidden) override;
+  const char* getActionModifiersDescription(const char* actionName, bool hidden) override;
+  const char* getGlobalModifiersDescription(bool hidden) override;
+  void addHandler(EventHandler* handler) override;
+  void removeHandler(EventHandler* handler) override;
+  bool addOptionFileOption(const char* description, const char* group) override;
+  bool allowSimultaneousActions(const std::set<std::string>& actionNames) override;
+
+  ~BasicParser() override = default;
+
+  // Parses arguments from end to end. What was used is taken from `args`; the rest,
+  // "--" and what follows it aside, stays there.
+  virtual int parseVector(std::vector<std::string>& args, IParseResult* result);
+
+  // Recognizes and stores options, argument by argument, up to `separator`.
+  virtual int parse_phase_one(const std::string& separator, std::vector<std::string>& args,
+                              IParseResult* result, std::string& error);
+
+  // Holds what the result has stored against the rules for actions and modifiers.
+  virtual int parse_phase_two(const std::string& separator, std::vector<std::string>& args,
+                              IParseResult* result, std::string& error);
+
+  // Stores the arguments behind `separator` and takes it and them from `args`.
+  int collectNonparsingArguments(const std::string& separator, std::vector<std::string>& args,
+                                 ParseResult* result, std::string& error);
+
+  void setLastError(const std::string& error) { m_lastError = error; }
+
+ private:
+  template <class Call>
+  void forEachHandler(Call call);
+  template <class Write>
+  const char* compose(Write write);
+  template <class Write>
+  const char* composeTopic(const char* topic, bool hidden, Write write);
+
+  int parseArguments(std::vector<std::string>& args, IParseResult* result);
+  int readOptionFiles(ParseResult* result);
+  int readOptionFile(const char* name, ParseResult* result);
+  int bindLeftover(const std::string& argument, PositionalOptionsParser& recognizer,
+                   ParseResult* result, std::string& error);
+
+  RegisteredOptionStorage m_storage;
+  Garbage m_garbage;  // owns every text handed out
+  std::string m_lastError;
+  int m_flags;
+  std::set<EventHandler*> m_handlers;
+  bool m_optionFileEnabled = false;
+  std::vector<std::set<std::string>> m_simultaneousActions;
+};
+
+}  // namespace kivo_3_3

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace kivo_3_3 {
+
+// Appends the arguments in `text`, one a line, to `args`. White space ahead of an
+// argument goes, and so do empty lines and those that begin with ';' or '#'; the rest
+// of a line stays as it is. A null text counts as the empty one.
+void parseStreamToArgs(const char* text, std::vector<std::string>& args);
+
+// Remembers which option file named which, to tell a ring from a file that is merely
+// read twice. Files are read in the order in which they were named.
+class OptionFileTrail {
+ public:
+  // So many files have been named by now, counted from the first; those not known yet
+  // are named by the file entered last.
+  void named(std::size_t total);
+
+  // Goes into the next file; false when that would be a file that led here.
+  bool enter(const std::string& name);
+
+ private:
+  struct File {
+    std::string name;
+    std::optional<std::size_t> namedBy;
+  };
+
+  bool ledTo(std::size_t ancestor, std::optional<std::size_t> file) const;
+
+  std::vector<File> m_entered;
+  std::unordered_multimap<std::string, std::size_t> m_byName;  // into m_entered
+  std::deque<std::optional<std::size_t>> m_waiting;  // who named each file not entered yet
+  std::size_t m_named = 0;
+};
+
+}  // namespace kivo_3_3

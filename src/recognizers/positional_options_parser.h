@@ -1,0 +1,27 @@
+#pragma once
+
+#include "options/declaration_index.h"
+#include "recognizers/argument_parser.h"
+
+namespace kivo_3_3 {
+
+// Binds arguments that name no option to the first declared positional option, each as
+// an occurrence of its own.
+class PositionalOptionsParser final : public IArgumentParser {
+ public:
+  // `index` is that of the options that recognize() and parse() are called with.
+  PositionalOptionsParser(EventHandler& handler, Garbage& garbage, int flags,
+                          DeclarationIndex& index);
+
+  int recognize(std::vector<std::string>& args, std::vector<OptionDescription>& options,
+                std::string& error) override;
+  int parse(std::vector<std::string>& args, IResultCollector* collector,
+            std::vector<OptionDescription>& options, unsigned int& optionIndex,
+            std::string& error) override;
+  int getPriority() override { return -100; }
+
+ private:
+  DeclarationIndex& m_index;
+};
+
+}  // namespace kivo_3_3

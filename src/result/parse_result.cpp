@@ -1,0 +1,102 @@
+#include "result/parse_result.h"
+
+#include "recognizers/argument_parser.h"
+
+namespace kivo_3_3 {
+
+using std::string;
+
+IParseResult::~IParseResult() = default;
+
+void ParseResult::destroy() { delete this; }
+
+bool ParseResult::present(const char* name, int from, int to) {
+  return m_cursor.present(name, from, to);
+}
+
+Value ParseResult::get(const char* name, int from, int to) {
+  const char* text = nullptr;
+  variant_t value;
+  int position = lastPosition;
+  const int status = m_cursor.get(name, &text, value, from, to, position);
+  return status == ResultCursor::delivered ? Value(text, value, position) : Value();
+}
+
+Value ParseResult::next(const char*) {
+  const char* text = nullptr;
+  variant_t value;
+  int position = lastPosition;
+  const int status = m_cursor.next(&text, value, position);
+  return status == ResultCursor::delivered ? Value(text, value, position) : Value();
+}
+
+int ParseResult::nextPosition() { return m_cursor.nextPosition(); }
+
+int ParseResult::getFirstArgument(const char** text) {
+  m_argumentCursor = 0;
+  return getNextArgument(text);
+}
+
+int ParseResult::getNextArgument(const char** text) {
+  if (m_argumentCursor == m_arguments.size())
+    return 1;
+  const char* kept = m_garbage.init(m_arguments[m_argumentCursor].first.c_str());
+  ++m_argumentCursor;
+  if (text != nullptr)
+    *text = kept;
+  return 0;
+}
+
+int ParseResult::getFirstArgument(string& text) {
+  m_argumentCursor = 0;
+  return getNextArgument(text);
+}
+
+int ParseResult::getNextArgument(string& text) {
+  const char* kept = nullptr;
+  if (getNextArgument(&kept) != 0)
+    return 1;
+  text = kept;
+  return 0;
+}
+
+void ParseResult::store(const OptionDescription& option, const OptionData& data) {
+  const bool isKnown = m_options.find(option.firstName()) != m_options.end();
+  for (const string& name : option.m_names) {
+    OptionData& entry = m_options[name];
+    if (!isKnown) {
+      entry = data;
+      continue;
+    }
+    entry.positions.insert(entry.positions.end(), data.positions.begin(), data.positions.end());
+    entry.values.insert(entry.values.end(), data.values.begin(), data.values.end());
+  }
+}
+
+// A default without a name to go under is out of range.
+void ParseResult::applyDefault(const OptionDescription& option) {
+  if (!option.m_hasDefault || option.m_defaultValue.type() == vtNull)
+    return;
+  std::size_t name = 0;
+  do {
+    OptionData& entry = m_options[option.m_names.at(name)];
+    const char* text = option.toString(option.m_garbage, option.m_defaultValue);
+    const int position = IArgumentParser::getNewPositionIndex();
+    entry.defaultValue = {{text != nullptr ? text : "", option.m_defaultValue}, position};
+  } while (++name < option.m_names.size());
+}
+
+void ParseResult::addArgument(const string& text, int position) {
+  m_arguments.emplace_back(text, position);
+}
+
+Value getLastValue(IParseResult* result, const char* name, int from, int to) {
+  Value last;
+  if (result == nullptr || name == nullptr)
+    return last;
+  for (Value value = result->get(name, from, to); value.isEmpty == 0; value = result->next(name))
+    last = value;
+  return last;
+}
+
+}  // namespace kivo_3_3
