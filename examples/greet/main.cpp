@@ -1,0 +1,28 @@
+#include <kivo/kivo.h>
+
+#include <iostream>
+
+int main(int argc, const char* const* argv) {
+  const kivo::ParserHandle parser =
+      kivo::makeParser(kivo::parserFlags::unknownArgumentIsError |
+                       kivo::parserFlags::dashArgumentsAreNeverPositional);
+  parser->option("times,t", "How often to greet", kivo::vtU32)->defaultValue(1);
+  parser->option("tone", "How to greet", kivo::vtString)
+      ->allowValue("friendly")
+      ->allowValue("formal")
+      ->defaultValue("friendly");
+  parser->option("name", "Whom to greet", kivo::vtString)->positional();
+
+  const kivo::ResultHandle result = kivo::makeResult(*parser);
+  const int status = parser->parseArgsVector(argc, argv, result.get());
+  if (status != kivo::status::success) {
+    std::cerr << "greet: " << parser->getErrorDesc() << '\n';
+    return status;
+  }
+
+  const auto times = kivo::getLastValue(result.get(), "times").value.get<unsigned int>();
+  const std::string tone = kivo::getLastValue(result.get(), "tone").text;
+  for (kivo::Value name = result->get("name"); name.isEmpty == 0; name = result->next("name"))
+    for (unsigned int i = 0; i < times; ++i)
+      std::cout << (tone == "formal" ? "Good day, " : "Hello ") << name.text << '\n';
+}

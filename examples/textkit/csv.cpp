@@ -1,0 +1,17 @@
+#include "csv.h"
+
+namespace textkit {
+
+std::string csvField(std::string_view text) {
+  if (text.find_first_of(",\"\r\n") == std::string_view::npos)
+    return std::string(text);
+  std::string field = "\"";
+  for (const char c : text) {
+    if (c == '"')
+      field += '"';
+    field += c;
+  }
+  return field + '"';
+}
+
+}  // namespace textkit
