@@ -1,0 +1,49 @@
+#!/usr/bin/env bash
+# Holds the #include lines against the plan of the house: which folder of src/ may
+# include which, that public headers include nothing of src/, and that the platform
+# layers know nothing of the library.
+#   rooms.sh SOURCE-DIRECTORY
+set -euo pipefail
+cd "$1"
+
+declare -A mayInclude=(
+  [base]=""
+  [options]="base"
+  [recognizers]="options base"
+  [result]="recognizers options base"
+  [help]="options base"
+  [parser]="base options recognizers result help"
+)
+violations=0
+
+complain() { echo "$1"; violations=$((violations + 1)); }
+
+# Prints "FILE INCLUDED" for every include in quotes below the given folders.
+includes() {
+  grep -rHoE --include='*.h' --include='*.cpp' '^#include "[^"]+"' "$@" |
+    sed -E 's/:#include "(.*)"$/ \1/'
+}
+
+checked=0
+while read -r file included; do
+  checked=$((checked + 1))
+  room=$(cut -d/ -f2 <<<"$file")
+  target=${included%%/*}
+  [[ $target == bedrock || $target == stratum2 || $target == "$room" ]] && continue
+  [[ -v mayInclude[$room] ]] || { complain "$file: the room $room is not in the plan"; continue; }
+  [[ " ${mayInclude[$room]} " == *" $target "* ]] || complain "$file may not include $included"
+done < <(includes src)
+
+if grep -rnE '#include ("|<(base|options|recognizers|result|help|parser)/)' include; then
+  complain "a public header includes what is not public"
+fi
+if grep -rnE '#include [<"](kivo|base|options|recognizers|result|help|parser)/' platform; then
+  complain "a platform layer includes the library that stands on it"
+fi
+if grep -rnE '#include [<"]stratum2/' platform/bedrock; then
+  complain "bedrock includes stratum2, which stands on it"
+fi
+
+[ "$checked" -gt 0 ] || complain "no includes found: is $1 the source directory?"
+echo "$checked includes checked, $violations violations"
+[ "$violations" -eq 0 ]

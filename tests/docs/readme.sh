@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# Holds the README against what it describes: its program against examples/greet, and
+# the commands it shows against what greet really prints.
+#   readme.sh SOURCE-DIRECTORY GREET
+set -euo pipefail
+cd "$1"
+
+block() { awk -v fence="\`\`\`$1" '$0 == fence { inside = 1; next } /^```$/ { inside = 0 } inside' README.md; }
+
+diff -u examples/greet/main.cpp <(block cpp)
+
+PATH=$(dirname "$2"):$PATH
+while IFS= read -r line; do
+  [[ $line == '$ '* ]] || continue
+  echo "$line"
+  ${line#'$ '} 2>&1 || true
+done < <(block console) | diff -u <(block console) -
+grep -q '^\$ greet' <(block console)
+echo "the README shows what there is"

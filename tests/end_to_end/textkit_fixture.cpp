@@ -1,0 +1,49 @@
+#include "textkit_fixture.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+
+namespace end_to_end {
+namespace {
+
+// The program that is to run textkit, with its options; none as a rule.
+Arguments runner() {
+  const char* words = std::getenv("TEXTKIT_RUNNER");
+  std::istringstream stream(words != nullptr ? words : "");
+  Arguments command;
+  for (std::string word; stream >> word;)
+    command.push_back(word);
+  return command;
+}
+
+}  // namespace
+
+Textkit::Textkit() { setenv("LC_ALL", "C", 1); }
+
+Outcome Textkit::textkit(const Arguments& arguments, const std::string& input) const {
+  Arguments command = runner();
+  command.push_back(TEXTKIT_PATH);
+  command.insert(command.end(), arguments.begin(), arguments.end());
+  return tool(command, input);
+}
+
+Outcome Textkit::tool(const Arguments& command, const std::string& input) const {
+  return run(command, m_folder.path(), input);
+}
+
+void Textkit::write(const std::string& name, const std::string& text) const {
+  writeFile(m_folder.path() + "/" + name, text);
+}
+
+void Textkit::makeFolder(const std::string& name) const {
+  std::filesystem::create_directory(m_folder.path() + "/" + name);
+}
+
+Outcome prints(const std::string& out) { return {0, out, ""}; }
+
+Outcome fails(int status, const std::string& message) {
+  return {status, "", "textkit: " + message + "\n"};
+}
+
+}  // namespace end_to_end

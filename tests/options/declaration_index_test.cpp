@@ -1,0 +1,249 @@
+#include "options/declaration_index.h"
+
+#include <gtest/gtest.h>
+#include <kivo/option_lookup.h>
+
+#include <random>
+
+#include "options/make_option.h"
+#include "recognizers/abbreviation_parser.h"
+#include "stratum2/find_best_match.h"
+
+namespace kivo_3_3::testing {
+namespace {
+
+using std::string;
+using Options = std::vector<OptionDescription>;
+
+string shown(const DeclarationIndex::Match& match) {
+  if (match.kind == DeclarationIndex::Match::unique)
+    return match.name + "@" + std::to_string(match.option);
+  return match.kind == DeclarationIndex::Match::none ? "none" : "ambiguous";
+}
+
+string shown(std::optional<unsigned int> index) { return index ? std::to_string(*index) : "none"; }
+
+// What a walk over all declarations and names answers.
+string bestByScan(const string& typed, const Options& options) {
+  std::vector<string> names;
+  AbbreviationParser::makeOptionNamesList(options, names);
+  stratum2::generic_iterator_t<string> best;
+  const unsigned int count = stratum2::find_best_match({names.begin(), names.end()}, typed, best);
+  if (count != 1)
+    return count == 0 ? "none" : "ambiguous";
+  unsigned int index = 0;
+  EXPECT_EQ(found, findOption(*best, index, options));
+  return *best + "@" + std::to_string(index);
+}
+
+string foundByScan(const string& name, const Options& options) {
+  unsigned int index = 0;
+  return findOption(name, index, options) == found ? std::to_string(index) : "none";
+}
+
+TEST(DeclarationIndex, WithoutOptionsNothingIsFound) {
+  DeclarationIndex index;
+  EXPECT_EQ("none", shown(index.find("a", {})));
+  EXPECT_EQ("none", shown(index.find("", {})));
+  EXPECT_EQ("none", shown(index.findBest("", {})));
+}
+
+TEST(DeclarationIndex, FindsByEveryNameAndNegation) {
+  const Options options = {makeOption({"level", "l"}, vtS32), makeOption({"color", "c"}, vtBool)};
+  DeclarationIndex index;
+  EXPECT_EQ("0", shown(index.find("l", options)));
+  EXPECT_EQ("1", shown(index.find("color", options)));
+  EXPECT_EQ("1", shown(index.find("no-c", options)));
+  EXPECT_EQ("none", shown(index.find("no-level", options)));
+  EXPECT_EQ("none", shown(index.find("lev", options)));
+}
+
+TEST(DeclarationIndex, TheFirstDeclaredOptionCounts) {
+  const Options options = {makeOption({"x"}, vtBool), makeOption({"no-x", "y"}, vtS32),
+                           makeOption({"y"}, vtBool)};
+  DeclarationIndex index;
+  EXPECT_EQ("0", shown(index.find("no-x", options)));
+  EXPECT_EQ("1", shown(index.find("y", options)));
+  EXPECT_EQ("2", shown(index.find("no-y", options)));
+}
+
+TEST(DeclarationIndex, CompletesAnAbbreviation) {
+  const Options options = {makeOption({"level"}, vtS32), makeOption({"length"}, vtS32),
+                           makeOption({"color"}, vtBool), makeOption({"le"}, vtS32)};
+  DeclarationIndex index;
+  EXPECT_EQ("level@0", shown(index.findBest("lev", options)));
+  EXPECT_EQ("le@3", shown(index.findBest("le", options)));
+  EXPECT_EQ("ambiguous", shown(index.findBest("l", options)));
+  EXPECT_EQ("color@2", shown(index.findBest("c", options)));
+  EXPECT_EQ("no-color@2", shown(index.findBest("no-c", options)));
+  EXPECT_EQ("no-color@2", shown(index.findBest("n", options)));
+  EXPECT_EQ("none", shown(index.findBest("levels", options)));
+}
+
+TEST(DeclarationIndex, TwoNamesOfOneOptionAreTwoMatches) {
+  const Options options = {makeOption({"level", "length"}, vtS32)};
+  DeclarationIndex index;
+  EXPECT_EQ("ambiguous", shown(index.findBest("le", options)));
+}
+
+TEST(DeclarationIndex, LearnsWhatWasDeclaredSinceTheLastLookUp) {
+  Options options = {makeOption({"a"}, vtS32)};
+  DeclarationIndex index;
+  EXPECT_EQ("none", shown(index.find("b", options)));
+  options.push_back(makeOption({"b"}, vtBool));
+  EXPECT_EQ("1", shown(index.find("b", options)));
+  EXPECT_EQ("no-b@1", shown(index.findBest("no", options)));
+}
+
+TEST(DeclarationIndex, LearnsNamesAddedToTheLastOption) {
+  Options options = {makeOption({"a"}, vtS32), makeOption({"b"}, vtS32)};
+  DeclarationIndex index;
+  EXPECT_EQ("none", shown(index.find("c", options)));
+  options.back().synonym("c");
+  EXPECT_EQ("1", shown(index.find("c", options)));
+  options.back().synonym("delta");
+  options.push_back(makeOption({"e"}, vtS32));
+  EXPECT_EQ("delta@1", shown(index.findBest("d", options)));
+  EXPECT_EQ("2", shown(index.find("e", options)));
+}
+
+TEST(DeclarationIndex, LearnsNamesOfAnOptionDeclaredWithNone) {
+  Options options = {makeOption({}, vtBool)};
+  DeclarationIndex index;
+  EXPECT_EQ("none", shown(index.find("a", options)));
+  options.back().synonym("a");
+  EXPECT_EQ("0", shown(index.find("no-a", options)));
+}
+
+TEST(DeclarationIndex, OptionsMayMove) {
+  Options options = {makeOption({"a name too long for the string itself"}, vtS32)};
+  DeclarationIndex index;
+  EXPECT_EQ("0", shown(index.find("a name too long for the string itself", options)));
+  const Options moved = options;
+  options[0].m_names[0] = "gone";
+  EXPECT_EQ("0", shown(index.find("a name too long for the string itself", moved)));
+}
+
+TEST(DeclarationIndex, FindsTheFirstPositionalOption) {
+  Options options = {makeOption({"a"}, vtS32)};
+  DeclarationIndex index;
+  EXPECT_EQ("none", shown(index.findPositional(options)));
+  options.push_back(makeOption({"b"}, vtS32));
+  options.back().positional();
+  EXPECT_EQ("1", shown(index.findPositional(options)));
+  options.push_back(makeOption({"c"}, vtS32));
+  options.back().positional();
+  EXPECT_EQ("1", shown(index.findPositional(options)));
+}
+
+TEST(DeclarationIndex, SeesThatTheLastOptionHasBecomePositional) {
+  Options options = {makeOption({"a"}, vtS32)};
+  DeclarationIndex index;
+  EXPECT_EQ("none", shown(index.findPositional(options)));
+  options.back().positional();
+  EXPECT_EQ("0", shown(index.findPositional(options)));
+}
+
+TEST(DeclarationIndex, VisitsOptionsWithADefaultInDeclarationOrder) {
+  Options options;
+  DeclarationIndex index;
+  const auto visited = [&] {
+    string names;
+    index.forEachDefault(options, [&](const auto& option) { names += option.firstName(); });
+    return names;
+  };
+  EXPECT_EQ("", visited());
+  for (const char* name : {"b", "a", "c"})
+    options.push_back(makeOption({name}, vtS32));
+  options[0].defaultValue(1);
+  EXPECT_EQ("b", visited());
+  options[2].defaultValue(1);
+  EXPECT_EQ("bc", visited());
+}
+
+TEST(DeclarationIndex, ManyNamesAreFound) {
+  Options options;
+  DeclarationIndex index;
+  for (unsigned int number = 0; number < 3'000; ++number) {
+    options.push_back(makeOption({"option" + std::to_string(number)}, vtS32));
+    if (number % 100 == 0) {
+      EXPECT_EQ(std::to_string(number / 2),
+                shown(index.find("option" + std::to_string(number / 2), options)));
+    }
+  }
+  for (unsigned int number = 0; number < 3'000; ++number)
+    ASSERT_EQ(std::to_string(number),
+              shown(index.find("option" + std::to_string(number), options)));
+  EXPECT_EQ("none", shown(index.find("option3000", options)));
+}
+
+using Random = std::mt19937;
+
+std::size_t below(std::size_t end, Random& random) {
+  return std::uniform_int_distribution<std::size_t>(0, end - 1)(random);
+}
+
+string randomName(Random& random) {
+  static const char* const pieces[] = {"n", "o", "-", "a", "no-", "b"};
+  string name;
+  for (std::size_t count = below(4, random); count != 0; --count)
+    name += pieces[below(std::size(pieces), random)];
+  return name;
+}
+
+OptionDescription randomOption(Random& random) {
+  const variant_type_t types[] = {vtBool, vtS32, vtNull};
+  OptionDescription option = makeOption({}, types[below(3, random)]);
+  for (std::size_t count = below(4, random); count != 0; --count)
+    option.synonym(randomName(random).c_str());
+  return option;
+}
+
+void expectAgreement(DeclarationIndex& index, const string& typed, const Options& options) {
+  ASSERT_EQ(foundByScan(typed, options), shown(index.find(typed, options))) << typed;
+  ASSERT_EQ(bestByScan(typed, options), shown(index.findBest(typed, options))) << typed;
+}
+
+// Every text of up to `length` letters.
+std::vector<string> allTexts(std::size_t length) {
+  std::vector<string> texts = {""};
+  for (std::size_t next = 0; texts[next].size() < length; ++next)
+    for (const char letter : {'n', 'o', '-', 'a', 'b'})
+      texts.push_back(texts[next] + letter);
+  return texts;
+}
+
+TEST(DeclarationIndex, AnswersAsAWalkOverTheDeclarationsWhateverIsDeclaredBetween) {
+  Random random(20240608);
+  for (int round = 0; round < 300; ++round) {
+    SCOPED_TRACE(round);
+    Options options;
+    DeclarationIndex index;
+    for (int step = 0; step < 30; ++step) {
+      const std::size_t what = below(4, random);
+      if (what == 0)
+        options.push_back(randomOption(random));
+      else if (what == 1 && !options.empty())
+        options.back().synonym(randomName(random).c_str());
+      else
+        ASSERT_NO_FATAL_FAILURE(expectAgreement(index, randomName(random), options));
+    }
+  }
+}
+
+TEST(DeclarationIndex, AnswersAsAWalkOverTheDeclarationsForEveryShortText) {
+  Random random(20240609);
+  const std::vector<string> texts = allTexts(4);
+  for (int round = 0; round < 40; ++round) {
+    SCOPED_TRACE(round);
+    Options options;
+    for (std::size_t count = below(8, random); count != 0; --count)
+      options.push_back(randomOption(random));
+    DeclarationIndex index;
+    for (const string& typed : texts)
+      ASSERT_NO_FATAL_FAILURE(expectAgreement(index, typed, options));
+  }
+}
+
+}  // namespace
+}  // namespace kivo_3_3::testing

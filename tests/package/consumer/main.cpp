@@ -1,0 +1,33 @@
+#include <kivo/kivo.h>
+
+#include <iostream>
+
+// Uses every kind of thing that crosses the library's border.
+namespace {
+
+class Announcer final : public kivo::EventHandler {
+ public:
+  bool onValueParse(const char* name, const kivo::Value& value) override {
+    std::cout << name << " = " << value.as<const char*>() << '\n';
+    return true;
+  }
+};
+
+}  // namespace
+
+int main(int argc, const char* const* argv) {
+  const kivo::ParserHandle parser = kivo::makeParser(kivo::parserFlags::unknownArgumentIsError);
+  Announcer announcer;
+  parser->addHandler(&announcer);
+  parser->option("level,l", "How hard to try", kivo::vtS32)->allowValue(1)->allowValue(2);
+  parser->option("name", "What to call it", kivo::vtString)->defaultValue("nothing");
+  const kivo::ResultHandle result = kivo::makeResult(*parser);
+  const int status = parser->parseArgsVector(argc, argv, result.get());
+  if (status != kivo::status::success) {
+    std::cout << parser->getErrorDesc() << '\n';
+    return status;
+  }
+  const kivo::Value level = kivo::getLastValue(result.get(), "level");
+  std::cout << level.value.get<int>() << ' ' << result->get("name").text << '\n';
+  return status;
+}

@@ -1,0 +1,230 @@
+// The walk over the arguments: what it shows, what it leaves, and that a driver built on
+// it does exactly what one does that erases from the front of the whole list.
+
+#include "parser/argument_window.h"
+
+#include <gtest/gtest.h>
+
+#include "parser/basic_parser.h"
+#include "recognizers/abbreviation_parser.h"
+#include "recognizers/positional_options_parser.h"
+#include "result/parse_result.h"
+#include "support/console_capture.h"
+#include "support/recording_handler.h"
+
+namespace kivo_3_3 {
+
+namespace {
+
+using std::string;
+using testing::ConsoleCapture;
+using testing::RecordingHandler;
+using Arguments = std::vector<string>;
+
+TEST(ArgumentWindow, ShowsTheNextTwo) {
+  Arguments args = {"a", "b", "c"};
+  ArgumentWindow window(args);
+  EXPECT_EQ((Arguments{"a", "b"}), window.view());
+  EXPECT_EQ("a", window.front());
+}
+
+TEST(ArgumentWindow, ShowsFewerAtTheEnd) {
+  Arguments args = {"a"};
+  ArgumentWindow window(args);
+  EXPECT_TRUE(window.advance());
+  EXPECT_EQ((Arguments{"a"}), window.view());
+  window.dropFront();
+  EXPECT_FALSE(window.advance());
+}
+
+TEST(ArgumentWindow, HasNothingToShowOfNothing) {
+  Arguments args;
+  ArgumentWindow window(args);
+  EXPECT_TRUE(window.view().empty());
+  EXPECT_FALSE(window.advance());
+}
+
+TEST(ArgumentWindow, LeavesWhatWasNotTakenOnEveryWayOut) {
+  Arguments args = {"a", "b", "c"};
+  try {
+    ArgumentWindow window(args);
+    window.dropFront();
+    throw 7;
+  } catch (int) {
+  }
+  EXPECT_EQ((Arguments{"b", "c"}), args);
+}
+
+// Takes none, one or two arguments a step, as the digits of `script` tell, and stops.
+void walk(Arguments& args, int script, int steps, Arguments& fronts) {
+  ArgumentWindow window(args);
+  for (; steps != 0 && window.advance(); --steps, script /= 3) {
+    fronts.push_back(window.front());
+    for (int taken = script % 3; taken != 0 && !window.view().empty(); --taken)
+      window.dropFront();
+  }
+}
+
+void walkNaively(Arguments& args, int script, int steps, Arguments& fronts) {
+  for (; steps != 0 && !args.empty(); --steps, script /= 3) {
+    fronts.push_back(args.front());
+    for (int taken = script % 3; taken != 0 && !args.empty(); --taken)
+      args.erase(args.begin());
+  }
+}
+
+TEST(ArgumentWindow, WalksLikeErasingFromTheFront) {
+  const Arguments all = {"a", "b", "c", "d", "e", "f"};
+  for (std::size_t count = 0; count <= all.size(); ++count) {
+    for (int script = 0; script < 3 * 3 * 3 * 3; ++script) {
+      for (int steps = 0; steps <= 4; ++steps) {
+        const auto end = all.begin() + static_cast<std::ptrdiff_t>(count);
+        Arguments args(all.begin(), end), expected(all.begin(), end);
+        Arguments fronts, expectedFronts;
+        walk(args, script, steps, fronts);
+        walkNaively(expected, script, steps, expectedFronts);
+        ASSERT_EQ(expected, args) << count << " arguments, script " << script;
+        ASSERT_EQ(expectedFronts, fronts) << count << " arguments, script " << script;
+      }
+    }
+  }
+}
+
+constexpr const char* traceSwitch = "kivooption=kivologenable=1";
+
+// A parser with few options, and everything that phase one shows to the outside.
+class Declared {
+ public:
+  Declared(int flags, bool withPositional) : m_flags(flags), m_parser(flags) {
+    declare(withPositional, [this](const char* names, variant_type_t type) {
+      return m_parser.option(names, "", type, nullptr);
+    });
+    declare(withPositional, [this](const char* names, variant_type_t type) {
+      return m_storage.option(names, nullptr, "", false, type, nullptr);
+    });
+  }
+
+  string parse(Arguments args) {
+    RecordingHandler handler;
+    m_parser.addHandler(&handler);
+    const string outcome = observe(args, handler, [&](ParseResult& result, string& error) {
+      return m_parser.parse_phase_one("--", args, &result, error);
+    });
+    m_parser.removeHandler(&handler);
+    return outcome;
+  }
+
+  string parseNaively(Arguments args) {
+    RecordingHandler handler;
+    return observe(args, handler, [&](ParseResult& result, string& error) {
+      return naivePhaseOne(args, handler, result, error);
+    });
+  }
+
+ private:
+  template <class Option>
+  static void declare(bool withPositional, Option option) {
+    option("verbose,v", vtBool);
+    option("level,l", vtS32);
+    option("unit", vtString)->allowValue("metre")->allowValue("mile");
+    option("under", vtNull);
+    if (withPositional)
+      option("files", vtString)->positional();
+  }
+
+  // Status, message, arguments left, events, trace and result of one phase one.
+  template <class PhaseOne>
+  string observe(const Arguments& args, const RecordingHandler& handler, PhaseOne phaseOne) {
+    const ConsoleCapture console;
+    ParseResult result;
+    string error;
+    const int before = IArgumentParser::m_idx;
+    const int status = phaseOne(result, error);
+    string seen = std::to_string(status) + ": " + error + " left";
+    for (const string& argument : args)
+      seen += " '" + argument + "'";
+    seen += "\nevents " + handler.events + "\n" + console.out();
+    for (const auto& entry : result.options()) {
+      seen += entry.first;
+      for (const int position : entry.second.positions)
+        seen += " @" + std::to_string(position - before);
+      for (const auto& value : entry.second.values)
+        seen += " " + value.first.first + "@" + std::to_string(value.second - before);
+      seen += "\n";
+    }
+    return seen + "drawn " + std::to_string(IArgumentParser::m_idx - before);
+  }
+
+  int naivePhaseOne(Arguments& args, EventHandler& handler, ParseResult& result, string& error) {
+    internal::kivoLogEnabled = !args.empty() && args[0] == traceSwitch;
+    if (internal::kivoLogEnabled)
+      args.erase(args.begin());
+    PositionalOptionsParser positional(handler, m_garbage, m_flags, m_storage.index());
+    AbbreviationParser named(handler, m_garbage, m_flags, m_storage.index());
+    std::vector<OptionDescription>& options = m_storage.options();
+    while (!args.empty() && args[0] != "--") {
+      string ignored;
+      const bool isPositional = positional.recognize(args, options, ignored) == 0;
+      const bool isNamed = named.recognize(args, options, ignored) == 0;
+      unsigned int index = 0;
+      if (isNamed || isPositional) {
+        IArgumentParser& chosen = isNamed ? static_cast<IArgumentParser&>(named) : positional;
+        if (const int status = chosen.parse(args, &result, options, index, error))
+          return status;
+        continue;
+      }
+      if (handler.onUknownArgument(args[0].c_str()) && (m_flags & 2) != 0) {
+        error = "Unknown option: " + args[0];
+        return 2;
+      }
+      internal::traceLine([&](std::ostream& out) { out << "ignoring " << args[0]; });
+      args.erase(args.begin());
+    }
+    return 0;
+  }
+
+  int m_flags;
+  Garbage m_garbage;
+  RegisteredOptionStorage m_storage{&m_garbage};
+  BasicParser m_parser;
+};
+
+// All lists of up to three arguments.
+std::vector<Arguments> allLists() {
+  const Arguments alphabet = {
+      "--",     "-v",   "--level", "--level=3",      "3",        "-5",       "x", "",
+      "--no-v", "--un", "--unit",  "--unit=me,mile", "--under=", traceSwitch};
+  std::vector<Arguments> lists = {{}};
+  std::size_t begin = 0;
+  for (int length = 1; length <= 3; ++length) {
+    const std::size_t end = lists.size();
+    for (; begin != end; ++begin) {
+      for (const string& argument : alphabet) {
+        Arguments longer = lists[begin];
+        longer.push_back(argument);
+        lists.push_back(std::move(longer));
+      }
+    }
+  }
+  return lists;
+}
+
+class EveryShortList : public ::testing::TestWithParam<int> {};
+
+TEST_P(EveryShortList, IsParsedAsByANaiveDriver) {
+  const std::vector<Arguments> lists = allLists();
+  ASSERT_EQ(1u + 14 + 14 * 14 + 14 * 14 * 14, lists.size());
+  for (const bool withPositional : {false, true}) {
+    Declared declared(GetParam(), withPositional);
+    for (const Arguments& args : lists)
+      ASSERT_EQ(declared.parseNaively(args), declared.parse(args))
+          << ::testing::PrintToString(args) << (withPositional ? " with a positional option" : "");
+  }
+  internal::kivoLogEnabled = false;
+}
+
+INSTANTIATE_TEST_SUITE_P(Flags, EveryShortList, ::testing::Values(0, 2, 8, 2 | 8));
+
+}  // namespace
+
+}  // namespace kivo_3_3

@@ -1,0 +1,78 @@
+#include "bedrock/file.h"
+
+#include <gtest/gtest.h>
+
+#include "support/temporary_folder.h"
+
+namespace kivo_3_3::testing {
+namespace {
+
+TEST(LoadFile, ReadsTheWholeFileAndReturnsZero) {
+  const TemporaryFolder folder;
+  const std::string name = folder.write("file", "--level=3\n--verbose\n");
+  std::string text;
+  EXPECT_EQ(0, BEDROCK::load_file(name.c_str(), text));
+  EXPECT_EQ("--level=3\n--verbose\n", text);
+}
+
+TEST(LoadFile, ReplacesWhatTheTextHeld) {
+  const TemporaryFolder folder;
+  const std::string name = folder.write("file", "new");
+  std::string text = "something old and longer";
+  EXPECT_EQ(0, BEDROCK::load_file(name.c_str(), text));
+  EXPECT_EQ("new", text);
+}
+
+TEST(LoadFile, AnEmptyFileGivesAnEmptyText) {
+  const TemporaryFolder folder;
+  const std::string name = folder.write("file", "");
+  std::string text = "old";
+  EXPECT_EQ(0, BEDROCK::load_file(name.c_str(), text));
+  EXPECT_EQ("", text);
+}
+
+TEST(LoadFile, BytesComeAsTheyStand) {
+  std::string bytes;
+  for (int byte = 0; byte < 256; ++byte)
+    bytes += static_cast<char>(byte);
+  bytes += "\r\n\n\r\x1A end";
+  const TemporaryFolder folder;
+  const std::string name = folder.write("file", bytes);
+  std::string text;
+  EXPECT_EQ(0, BEDROCK::load_file(name.c_str(), text));
+  EXPECT_EQ(bytes, text);
+}
+
+TEST(LoadFile, AFileLargerThanAnyBufferComesWhole) {
+  std::string lines;
+  for (int line = 0; line < 50'000; ++line)
+    lines += "--value=" + std::to_string(line) + "\n";
+  const TemporaryFolder folder;
+  const std::string name = folder.write("file", lines);
+  std::string text;
+  EXPECT_EQ(0, BEDROCK::load_file(name.c_str(), text));
+  EXPECT_TRUE(lines == text);
+}
+
+TEST(LoadFile, WhatCannotBeReadIsAnErrorAndLeavesTheText) {
+  const TemporaryFolder folder;
+  const struct {
+    const char* why;
+    std::string name;
+  } cases[] = {
+      {"missing", folder.path("no-such-file")},
+      {"no name", ""},
+      {"a folder", folder.path()},
+      {"below a file", "/proc/self/exe/file"},
+      {"opens, but cannot be read to its end", "/proc/self/mem"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.why);
+    std::string text = "kept";
+    EXPECT_NE(0, BEDROCK::load_file(c.name.c_str(), text));
+    EXPECT_EQ("kept", text);
+  }
+}
+
+}  // namespace
+}  // namespace kivo_3_3::testing
