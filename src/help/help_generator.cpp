@@ -20,6 +20,7 @@ constexpr unsigned int bodyColumn = 30;
 constexpr unsigned int bodyWidth = 50;
 constexpr unsigned int introductionColumn = 1;
 constexpr unsigned int introductionWidth = 80;
+constexpr std::size_t topicIndent = 4;
 constexpr std::size_t topicGap = 3;
 
 string textOf(const OptionDescription& option, const variant_t& value) {
@@ -114,8 +115,10 @@ string HelpGenerator::describeTool(bool hidden) const {
     return describe(std::move(all), hidden);
   }
   string help;
-  for (const auto& [name, description] : topics)
-    help += "    " + name + string(longest + topicGap - name.size(), ' ') + description + '\n';
+  for (const auto& [name, description] : topics) {
+    help.append(topicIndent, ' ').append(name).append(longest + topicGap - name.size(), ' ');
+    help.append(description) += '\n';
+  }
   return help;
 }
 

@@ -62,11 +62,11 @@ IOption* RegisteredOptionStorage::modifier(const char* names, const char* action
 const RegisteredOptionStorage::Group& RegisteredOptionStorage::groupFor(const std::string& text) {
   const std::size_t colon = text.find(':');
   const std::string key = text.substr(0, colon);
-  const auto known = std::find_if(m_groups.begin(), m_groups.end(),
-                                  [&](const Group& group) { return group.first == key; });
-  if (known != m_groups.end())
-    return *known;
+  const auto known = m_groupOf.find(key);
+  if (known != m_groupOf.end())
+    return m_groups[known->second];
   m_groups.emplace_back(key, colon != std::string::npos ? text.substr(colon + 1) : "");
+  m_groupOf.emplace(key, m_groups.size() - 1);
   return m_groups.back();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -50,6 +51,7 @@ class RegisteredOptionStorage final {
   char m_tokenizer = ',';
   std::vector<OptionDescription> m_options;
   std::vector<Group> m_groups;
+  std::unordered_map<std::string, std::size_t> m_groupOf;  // by key, into m_groups
   Garbage* m_garbage;
   OptionDescription m_fallback;
   DeclarationIndex m_index;

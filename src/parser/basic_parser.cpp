@@ -112,8 +112,18 @@ const char* BasicParser::compose(Write write) {
   try {
     return m_garbage.init(write(HelpGenerator(m_storage.options(), m_storage.groups())).c_str());
   } catch (const std::exception&) {
-    setLastError("Unknown error handled.");
+    return helpFailed();
+  }
+}
+
+// Out of memory as well, the text still comes.
+const char* BasicParser::helpFailed() {
+  constexpr const char* reason = "Unknown error handled.";
+  try {
+    setLastError(reason);
     return getErrorDesc();
+  } catch (const std::exception&) {
+    return reason;
   }
 }
 

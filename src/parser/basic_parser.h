@@ -72,6 +72,7 @@ class BasicParser : public IParser {
   void forEachHandler(Call call);
   template <class Write>
   const char* compose(Write write);
+  const char* helpFailed();
   template <class Write>
   const char* composeTopic(const char* topic, bool hidden, Write write);
 

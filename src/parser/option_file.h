@@ -22,19 +22,15 @@ class OptionFileTrail {
   // are named by the file entered last.
   void named(std::size_t total);
 
-  // Goes into the next file; false when that would be a file that led here.
-  bool enter(const std::string& name);
+  // Goes into the next file; false when that would be a file that led here. Files are
+  // told apart by their identity, however their names are spelt.
+  bool enter(const std::string& identity);
 
  private:
-  struct File {
-    std::string name;
-    std::optional<std::size_t> namedBy;
-  };
-
   bool ledTo(std::size_t ancestor, std::optional<std::size_t> file) const;
 
-  std::vector<File> m_entered;
-  std::unordered_multimap<std::string, std::size_t> m_byName;  // into m_entered
+  std::vector<std::optional<std::size_t>> m_namedBy;  // for each file entered
+  std::unordered_multimap<std::string, std::size_t> m_byIdentity;
   std::deque<std::optional<std::size_t>> m_waiting;  // who named each file not entered yet
   std::size_t m_named = 0;
 };

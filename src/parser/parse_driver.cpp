@@ -35,6 +35,8 @@ constexpr int lowestPriority = -99999999;
 ParseResult* storeOf(IParseResult* result) { return dynamic_cast<ParseResult*>(result); }
 
 std::vector<string> argumentsOf(int argc, const char* const* argv) {
+  if (argv == nullptr)
+    return {};
   return {argv + 1, std::find(argv + 1, argv + argc, nullptr)};
 }
 
@@ -84,7 +86,7 @@ int BasicParser::parseArgsVector(int argc, const char* const* argv, IParseResult
     if (ParseResult* store = storeOf(result))
       m_storage.index().forEachDefault(m_storage.options(),
                                        [&](const auto& option) { store->applyDefault(option); });
-    if (argc <= 1 || argv == nullptr)
+    if (argc <= 1)
       return status::success;
     std::vector<string> args = argumentsOf(argc, argv);
     return parseVector(args, result);
@@ -211,7 +213,7 @@ int BasicParser::readOptionFiles(ParseResult* result) {
   Value file = result->get(optionFile, firstPosition, lastPosition);
   while (const char* name = file.as<const char*>()) {
     trail.named(countOptionFiles(*result));
-    if (!trail.enter(name)) {
+    if (!trail.enter(BEDROCK::file_identity(name))) {
       m_lastError = unreadable(name);
       return status::optionFileUnreadable;
     }

@@ -56,7 +56,8 @@ int ResultCursor::next(const char** text, variant_t& value, int& position) {
   while (m_place.value < data.values.size() &&
          data.values[m_place.value].second < m_place.rangeFrom)
     ++m_place.value;
-  if (m_place.value == data.values.size() || data.values[m_place.value].second > m_place.rangeTo)
+  // The entry may have become shorter: options can share a name, which one then takes over.
+  if (m_place.value >= data.values.size() || data.values[m_place.value].second > m_place.rangeTo)
     return nothingLeft;
   return deliver(data.values[m_place.value++], text, value, position);
 }

@@ -1,4 +1,4 @@
-#include "help/golden_file.h"
+#include "support/golden_file.h"
 #include "textkit_fixture.h"
 
 // What textkit tells of itself: the topics, one action with all that goes with it, and

@@ -120,7 +120,6 @@ TEST(Paragraph, InAColumnOfWidthZeroHasRoomWithoutEnd) {
   EXPECT_EQ("-h  " + body + " y\n", paragraphString(body + " y", "-h", 4, 0));
   EXPECT_EQ("-head " + body + "\n", paragraphString(body, "-head", 4, 0));
   EXPECT_EQ("    one\n    two\n", paragraphString("one\ntwo", "", 4, 0));
-  EXPECT_EQ(" one\n two\n", paragraphString("one\ntwo", "", 0, 0));
 }
 
 // The text of the error that wrapping raises; empty where it raises none.
@@ -146,8 +145,9 @@ TEST(Paragraph, InAColumnOfWidthOneIsOutOfRange) {
   EXPECT_EQ("", raised("", "-head", 5, 1));
 }
 
-TEST(Paragraph, ThatCanNeverTakeACharacterIsOutOfRangeToo) {
-  for (const unsigned int width : {1u, 2u})
+// Otherwise the space that its lines begin with would fill them for ever.
+TEST(Paragraph, WithoutAnIndentInAColumnOfWidthTwoOrLessIsOutOfRangeToo) {
+  for (const unsigned int width : {0u, 1u, 2u})
     for (const char* head : {"", "h", "head"})
       for (const char* text : {"x", "some words", "\n x"})
         EXPECT_PRED1(isOutOfRangeAccess, raised(text, head, 0, width))
@@ -248,7 +248,7 @@ struct Layout {
 };
 
 bool canTakeCharacters(const Layout& layout) {
-  return layout.width != 1 && (layout.indent != 0 || layout.width != 2);
+  return layout.width != 1 && (layout.indent != 0 || layout.width > 2);
 }
 
 string wrap(const Layout& layout) {

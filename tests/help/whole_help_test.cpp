@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <kivo/kivo.h>
 
-#include "help/golden_file.h"
+#include "support/golden_file.h"
 
 namespace kivo_3_3::testing {
 namespace {

@@ -396,10 +396,19 @@ TEST_F(OptionFiles, RingThatBeginsWithADefaultIsUnreadable) {
   EXPECT_EQ(unreadable("a"), other.error());
 }
 
-TEST_F(OptionFiles, RingUnderAnotherSpellingEndsToo) {
+TEST_F(OptionFiles, RingUnderAnotherSpellingIsARing) {
   write("a", "--level=1\n" + include("./a"));
   EXPECT_EQ(6, read({"a"}));
   EXPECT_EQ(unreadable("./a"), command.error());
+  EXPECT_EQ("1", levels());
+}
+
+TEST_F(OptionFiles, RingThroughALinkIsARing) {
+  write("a", "--level=1\n" + include("link"));
+  std::filesystem::create_symlink(folder.path("a"), folder.path("link"));
+  EXPECT_EQ(6, read({"a"}));
+  EXPECT_EQ(unreadable("link"), command.error());
+  EXPECT_EQ("1", levels());
 }
 
 TEST_F(OptionFiles, FileNamedByTwoOthersIsNoRing) {

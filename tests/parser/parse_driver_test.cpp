@@ -62,6 +62,15 @@ TEST(ParseArgsVector, NullEndsTheArguments) {
   EXPECT_EQ(0, parseWith(command, 4, nullptr));
 }
 
+TEST(ParseArgsVector, NullArgvHoldsNoArguments) {
+  Command command;
+  command.action("run");
+  command.option("level", vtS32)->defaultValue(3);
+  EXPECT_EQ(0, parseWith(command, 1, nullptr));
+  EXPECT_EQ(2, parseWith(command, 2, nullptr));
+  EXPECT_STREQ("No action defined.", command.error());
+}
+
 TEST(ParseArgsVector, DefaultsComeBeforeEveryArgument) {
   Command command;
   command.option("level", vtS32)->defaultValue(2);

@@ -10,9 +10,9 @@
 #include <iostream>
 
 #include "base/trace.h"
-#include "help/golden_file.h"
 #include "support/command.h"
 #include "support/console_capture.h"
+#include "support/golden_file.h"
 #include "support/recording_handler.h"
 #include "support/temporary_folder.h"
 

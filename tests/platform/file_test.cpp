@@ -7,6 +7,20 @@
 namespace kivo_3_3::testing {
 namespace {
 
+TEST(FileIdentity, IsThatOfTheFileHoweverItIsNamed) {
+  const TemporaryFolder folder;
+  const std::string name = folder.write("file", "text");
+  std::filesystem::create_symlink(name, folder.path("link"));
+  const std::string identity = BEDROCK::file_identity(name.c_str());
+  EXPECT_EQ(identity, BEDROCK::file_identity(folder.path("./file").c_str()));
+  EXPECT_EQ(identity, BEDROCK::file_identity(folder.path("link").c_str()));
+  EXPECT_NE(identity, BEDROCK::file_identity(folder.write("other", "text").c_str()));
+}
+
+TEST(FileIdentity, OfNoFileIsItsName) {
+  EXPECT_EQ("no-such-file", BEDROCK::file_identity("no-such-file"));
+}
+
 TEST(LoadFile, ReadsTheWholeFileAndReturnsZero) {
   const TemporaryFolder folder;
   const std::string name = folder.write("file", "--level=3\n--verbose\n");

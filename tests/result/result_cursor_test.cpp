@@ -441,6 +441,21 @@ TEST(LeftoverArguments, CursorSurvivesWhatIsAddedMeanwhile) {
   EXPECT_STREQ("b", text);
 }
 
+TEST_F(Reading, CursorBehindTheEndOfAnEntryTakenOverHasNothingLeft) {
+  store("shared", {1}, {{"a", 2}, {"b", 3}, {"c", 4}});
+  EXPECT_EQ("a@2", get("shared"));
+  EXPECT_EQ("b@3", next());
+  EXPECT_EQ("c@4", next());
+  OptionDescription other;
+  other.m_names = {"other", "shared"};
+  OptionData data;
+  data.positions = {5};
+  data.values.push_back({{"d", "d"}, 6});
+  result.store(other, data);
+  EXPECT_EQ("-", next());
+  EXPECT_EQ("d@6", get("shared"));
+}
+
 TEST_F(Reading, LeftoverArgumentsAreWalkedApartFromOptions) {
   store("level", {1}, {{"a", 2}, {"b", 3}});
   result.addArgument("x", 4);

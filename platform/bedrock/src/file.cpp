@@ -1,5 +1,7 @@
 #include "bedrock/file.h"
 
+#include <sys/stat.h>
+
 #include <cstdio>
 #include <memory>
 
@@ -18,6 +20,13 @@ int load_file(const char* name, std::string& text) {
     return 1;
   text = std::move(read);
   return 0;
+}
+
+std::string file_identity(const char* name) {
+  struct stat status = {};
+  if (stat(name, &status) != 0)
+    return name;
+  return std::to_string(status.st_dev) + ':' + std::to_string(status.st_ino);
 }
 
 }  // namespace BEDROCK

@@ -10,4 +10,8 @@ namespace BEDROCK {
 /// opened or cannot be read to its end; a directory is such a file.
 int load_file(const char* name, std::string& text);
 
+/// A text that all names of one file have in common, whatever their spelling, links
+/// included; the name itself where there is no such file.
+std::string file_identity(const char* name);
+
 }  // namespace BEDROCK
