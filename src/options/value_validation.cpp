@@ -8,6 +8,7 @@
 
 #include <ostream>
 
+#include "base/quoted.h"
 #include "bedrock/console.h"
 #include "options/option_description.h"
 
@@ -16,8 +17,6 @@ namespace kivo_3_3 {
 namespace {
 
 using std::string;
-
-string quoted(const string& text) { return "'" + text + "'"; }
 
 // A value that is no text reads as the empty text.
 const char* readAsText(const variant_t& value) {

@@ -10,6 +10,7 @@
 #include <array>
 #include <exception>
 
+#include "base/quoted.h"
 #include "base/trace.h"
 #include "bedrock/file.h"
 #include "parser/action_rules.h"
@@ -40,7 +41,7 @@ std::vector<string> argumentsOf(int argc, const char* const* argv) {
   return {argv + 1, std::find(argv + 1, argv + argc, nullptr)};
 }
 
-string unreadable(const string& file) { return "Error reading option file '" + file + "'"; }
+string unreadable(const string& file) { return "Error reading option file " + quoted(file); }
 
 // So many option files have been named on the command line and in option files.
 std::size_t countOptionFiles(const ParseResult& result) {

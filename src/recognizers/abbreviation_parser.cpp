@@ -3,6 +3,7 @@
 #include <kivo/argument_syntax.h>
 #include <kivo/status.h>
 
+#include "base/quoted.h"
 #include "stratum2/find_best_match.h"
 
 namespace kivo_3_3 {
@@ -12,8 +13,6 @@ namespace {
 using std::string;
 
 constexpr std::size_t shortestArgument = 2;
-
-string quoted(const string& text) { return "'" + text + "'"; }
 
 // Only the ASCII hyphen counts here: a value may begin with a typographic dash.
 bool startsWithHyphen(const string& text) { return !text.empty() && text.front() == '-'; }

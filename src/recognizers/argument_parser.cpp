@@ -8,6 +8,8 @@
 
 #include <kivo/status.h>
 
+#include "base/quoted.h"
+
 namespace kivo_3_3 {
 
 using std::string;
@@ -22,8 +24,6 @@ struct IArgumentParser::Binding {
 };
 
 namespace {
-
-string quoted(const string& text) { return "'" + text + "'"; }
 
 string validationProblem(const string& argument, const string& reason) {
   return "Value validation problem in argument " + quoted(argument) + ": " + reason;
