@@ -5,7 +5,8 @@ target_compile_options(kivo_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor
   $<$<BOOL:${KIVO_WARNINGS_AS_ERRORS}>:-Werror>
   # No path of the machine that builds ends up in what is built.
-  -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
+  -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=
+  -ffile-prefix-map=${PROJECT_BINARY_DIR}=.)
 
 # Makes the sources of a part of the shared library: nothing is visible from outside
 # unless it says so.

@@ -1,19 +1,22 @@
-# Installs the library, its headers, and what find_package() and pkg-config need.
+# Installs the library, its headers, and what find_package() and pkg-config need. Nothing
+# that is installed names a place: the tree can be moved as a whole. The components are
+# those of the Debian packages; without one, `cmake --install` takes them all.
 include(CMakePackageConfigHelpers)
 
 set(kivo_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/kivo)
 install(TARGETS kivo EXPORT kivo_targets
-        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+                COMPONENT kivo_library NAMELINK_COMPONENT kivo_development)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/kivo
                   ${PROJECT_SOURCE_DIR}/platform/stratum2/include/stratum2
                   ${PROJECT_SOURCE_DIR}/platform/bedrock/include/bedrock
-        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT kivo_development
         FILES_MATCHING
         PATTERN "kivo/*.h"
         PATTERN "stratum2/variant.h"
         PATTERN "bedrock/assertion.h")
 install(EXPORT kivo_targets NAMESPACE kivo:: FILE kivo-targets.cmake
-        DESTINATION ${kivo_package_dir})
+        DESTINATION ${kivo_package_dir} COMPONENT kivo_development)
 
 configure_file(${PROJECT_SOURCE_DIR}/cmake/kivo-config.cmake.in
                ${PROJECT_BINARY_DIR}/kivo-config.cmake COPYONLY)
@@ -21,10 +24,19 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/kivo-config-version.cmake
                                  COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/kivo-config.cmake
               ${PROJECT_BINARY_DIR}/kivo-config-version.cmake
-        DESTINATION ${kivo_package_dir})
+        DESTINATION ${kivo_package_dir} COMPONENT kivo_development)
 
-# pkg-config finds the prefix from where the file lies, so that the tree can be moved.
+# pkg-config finds the prefix from where the file lies.
 file(RELATIVE_PATH kivo_prefix_from_pc
      ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 configure_file(${PROJECT_SOURCE_DIR}/cmake/kivo.pc.in ${PROJECT_BINARY_DIR}/kivo.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/kivo.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+install(FILES ${PROJECT_BINARY_DIR}/kivo.pc
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT kivo_development)
+
+# For users of the tools.
+install(FILES ${PROJECT_SOURCE_DIR}/docs/kivo.7
+        DESTINATION ${CMAKE_INSTALL_MANDIR}/man7 COMPONENT kivo_documentation)
+
+if(PROJECT_IS_TOP_LEVEL)
+  include(cmake/packages.cmake)
+endif()

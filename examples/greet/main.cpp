@@ -9,8 +9,7 @@ int main(int argc, const char* const* argv) {
   parser->option("times,t", "How often to greet", kivo::vtU32)->defaultValue(1);
   parser->option("tone", "How to greet", kivo::vtString)
       ->allowValue("friendly")
-      ->allowValue("formal")
-      ->defaultValue("friendly");
+      ->allowValue("formal");
   parser->option("name", "Whom to greet", kivo::vtString)->positional();
 
   const kivo::ResultHandle result = kivo::makeResult(*parser);
@@ -20,9 +19,9 @@ int main(int argc, const char* const* argv) {
     return status;
   }
 
-  const auto times = kivo::getLastValue(result.get(), "times").value.get<unsigned int>();
-  const std::string tone = kivo::getLastValue(result.get(), "tone").text;
-  for (kivo::Value name = result->get("name"); name.isEmpty == 0; name = result->next("name"))
+  const auto times = kivo::valueOr(*result, "times", 1U);
+  const auto tone = kivo::valueOr<std::string>(*result, "tone", "friendly");
+  for (const kivo::Value& name : kivo::values(*result, "name"))
     for (unsigned int i = 0; i < times; ++i)
       std::cout << (tone == "formal" ? "Good day, " : "Hello ") << name.text << '\n';
 }

@@ -133,19 +133,9 @@ void declareAll(kivo::IParser& parser) {
   declareHidden(parser);
 }
 
-// Of an option that was given several times the last value counts; an option with a
-// default always has one.
-template <class T>
-T lastValue(kivo::IParseResult& result, const char* name) {
-  return kivo::getLastValue(&result, name).value.get<T>();
-}
-
-// An option given without a value is walked too, and has no text.
 void appendValues(kivo::IParseResult& result, const char* name, std::vector<std::string>& texts) {
-  for (kivo::Value value = result.get(name); value.isEmpty == 0; value = result.next(name)) {
-    if (value.text != nullptr)
-      texts.emplace_back(value.text);
-  }
+  for (const kivo::Value& value : kivo::values(result, name))
+    texts.emplace_back(value.text);
 }
 
 std::vector<Action> readActions(kivo::IParseResult& result) {
@@ -165,12 +155,9 @@ std::vector<Action> readActions(kivo::IParseResult& result) {
 }
 
 std::vector<Measure> readMeasures(kivo::IParseResult& result) {
-  std::vector<std::string> texts;
-  appendValues(result, "what", texts);
-  if (texts.empty())
-    return {Measure::lines, Measure::words, Measure::bytes};
   std::vector<Measure> measures;
-  for (const std::string& text : texts) {
+  for (const kivo::Value& value : kivo::values(result, "what")) {
+    const std::string text = value.text;
     // Abbreviations have been completed; a deprecated value arrives as it is.
     if (text == "lines")
       measures.push_back(Measure::lines);
@@ -183,12 +170,14 @@ std::vector<Measure> readMeasures(kivo::IParseResult& result) {
     else
       measures.push_back(Measure::bytes);
   }
+  if (measures.empty())
+    return {Measure::lines, Measure::words, Measure::bytes};
   return measures;
 }
 
 Format readFormat(kivo::IParseResult& result) {
-  const std::string text = kivo::getLastValue(&result, "format").text;
-  return text == "csv" ? Format::csv : Format::plain;
+  const auto format = kivo::valueOr<std::string>(result, "format", "plain");
+  return format == "csv" ? Format::csv : Format::plain;
 }
 
 // The one given later decides alone, "-no-quiet" and "-no-verbose" included. Both have
@@ -212,10 +201,10 @@ SearchSettings readSearch(kivo::IParseResult& result) {
   SearchSettings search;
   appendValues(result, "pattern", search.patterns);
   appendValues(result, "literal", search.patterns);
-  search.ignoreCase = lastValue<bool>(result, "ignore-case");
-  search.lineNumbers = lastValue<bool>(result, "line-number");
+  search.ignoreCase = kivo::valueOr(result, "ignore-case", false);
+  search.lineNumbers = kivo::valueOr(result, "line-number", false);
   search.limit = readLimit(result);
-  search.context = lastValue<int>(result, "context");
+  search.context = kivo::valueOr(result, "context", 0);
   return search;
 }
 
@@ -232,8 +221,7 @@ bool hasEmptyFileName(kivo::IParseResult& result, std::size_t names) {
 
 // Behind "--" everything is a file, whatever it begins with.
 void appendLeftovers(kivo::IParseResult& result, std::vector<std::string>& texts) {
-  const char* text = nullptr;
-  for (int end = result.getFirstArgument(&text); end == 0; end = result.getNextArgument(&text))
+  for (const char* text : kivo::leftovers(result))
     texts.emplace_back(text);
 }
 
@@ -247,10 +235,10 @@ int readSettings(kivo::IParseResult& result, Settings& settings, std::string& er
   settings.actions = readActions(result);
   settings.format = readFormat(result);
   settings.verbosity = readVerbosity(result);
-  settings.skip = lastValue<long long>(result, "skip");
-  settings.count = {readMeasures(result), lastValue<double>(result, "min-ratio")};
+  settings.skip = kivo::valueOr(result, "skip", 0LL);
+  settings.count = {readMeasures(result), kivo::valueOr(result, "min-ratio", 0.0)};
   settings.search = readSearch(result);
-  settings.hash = {lastValue<kivo::u64_t>(result, "basis")};
+  settings.hash = {kivo::valueOr(result, "basis", fnvOffsetBasis)};
   appendValues(result, "file", settings.files);
 
   if (hasEmptyFileName(result, settings.files.size()))

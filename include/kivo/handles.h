@@ -1,13 +1,20 @@
 #pragma once
 
+/// Conveniences over the interfaces: owners, ranges, typed reads. They live in the tool
+/// that includes them; the library knows nothing of them.
+
 #include <kivo/parser.h>
 
 #include <memory>
+#include <string>
+#include <type_traits>
+#include <vector>
 
 namespace kivo_3_3 {
 
 /// Ends a parser or a result through its own destroy().
 struct Destroy {
+  /// Ends `object`, which is not null.
   template <class T>
   void operator()(T* object) const {
     object->destroy();
@@ -31,6 +38,63 @@ inline ResultHandle makeResult(IParser& parser) {
   IParseResult* result = nullptr;
   parser.createResult(&result);
   return ResultHandle(result);
+}
+
+/// The values of the option in the range, in command-line order, with the bounds of
+/// IParseResult::get(); its default when it was not given.
+///   for (const Value& value : values(*result, "name"))
+///
+/// They are read at once, so that a loop over them may ask the result whatever it likes.
+/// Each has a text, which belongs to the result and lives as long as it does; an
+/// occurrence without a value is left out, and an option that takes none gives nothing:
+/// ask present() for these. A null or unknown name gives nothing. Moves the result's
+/// cursor.
+inline std::vector<Value> values(IParseResult& result, const char* name, int from = firstPosition,
+                                 int to = lastPosition) {
+  std::vector<Value> all;
+  for (Value value = result.get(name, from, to); value.isEmpty == 0; value = result.next(name)) {
+    if (value.text != nullptr)
+      all.push_back(value);
+  }
+  return all;
+}
+
+/// The arguments that stood behind "--", in their order.
+///   for (const char* argument : leftovers(*result))
+///
+/// The texts belong to the result and live as long as it does. Moves the cursor of
+/// getNextArgument() to the end, and no other.
+inline std::vector<const char*> leftovers(IParseResult& result) {
+  std::vector<const char*> all;
+  const char* text = nullptr;
+  for (int end = result.getFirstArgument(&text); end == 0; end = result.getNextArgument(&text))
+    all.push_back(text);
+  return all;
+}
+
+/// The last value of the option in the range, with the bounds of getLastValue(); its
+/// default when it was not given; `fallback` when there is neither, or when it was given
+/// without a value.
+///   valueOr(*result, "times", 1U)    valueOr<std::string>(*result, "tone", "friendly")
+///
+/// `T` is bool, an integer or floating-point type that the option's type can be read as
+/// (variant_t::get() tells what happens with another), or a text type: `const char*` and
+/// std::string give the text of an option of any type. A `const char*` belongs to the
+/// result and lives as long as it does; the fallback stays the caller's. A null or
+/// unknown name gives the fallback. Moves the result's cursor.
+template <class T>
+T valueOr(IParseResult& result, const char* name, T fallback, int from = firstPosition,
+          int to = lastPosition) {
+  constexpr bool isText = std::is_same_v<T, const char*> || std::is_same_v<T, std::string>;
+  static_assert(isText || std::is_arithmetic_v<T>,
+                "values are read as numbers, bool, const char* and std::string");
+  const Value last = getLastValue(&result, name, from, to);
+  if (last.text == nullptr)
+    return fallback;
+  if constexpr (isText)
+    return last.text;
+  else
+    return last.value.get<T>();
 }
 
 }  // namespace kivo_3_3

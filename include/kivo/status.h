@@ -6,6 +6,7 @@ namespace kivo_3_3 {
 /// with a failure is read with IParser::getErrorDesc().
 namespace status {
 
+/// All went well.
 constexpr int success = 0;
 /// An event handler refused a value.
 constexpr int valueRefused = 1;

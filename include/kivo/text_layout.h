@@ -20,7 +20,9 @@ class KIVO_API WordWrappedText {
  public:
   /// Null texts count as empty. Raises what paragraphString() raises.
   WordWrappedText(const char* head, const char* text, unsigned int indent, unsigned int totalWidth);
+  /// The copy has a text of its own.
   WordWrappedText(const WordWrappedText&) = default;
+  /// See the copy constructor.
   WordWrappedText& operator=(const WordWrappedText&) = default;
   ~WordWrappedText();
 

@@ -35,6 +35,7 @@ using stratum2::vtWideStringReference;
 
 /// The bounds that take in every position, and what stands for "no position".
 constexpr int firstPosition = 0;
+/// See firstPosition.
 constexpr int lastPosition = std::numeric_limits<int>::max();
 
 /// One value as a query returns it or a handler receives it.
@@ -47,6 +48,7 @@ class Value {
   /// No value: what a query returns when there is nothing (more) to return.
   Value() : text(nullptr), isEmpty(1), position(lastPosition) {}
 
+  /// A value; the text stays its owner's.
   Value(const char* valueText, const variant_t& typedValue, int valuePosition)
       : text(valueText), isEmpty(0), position(valuePosition), value(typedValue) {}
 
@@ -65,6 +67,7 @@ class Value {
   variant_t value;
 };
 
+/// The text, null for "no value".
 template <>
 inline const char* Value::as<const char*>() const {
   return isEmpty == 0 ? text : nullptr;

@@ -5,7 +5,9 @@ namespace kivo_3_3 {
 /// The version of these headers. It is written here once; the build and the
 /// package files read it from here.
 constexpr int versionMajor = 3;
+/// See versionMajor.
 constexpr int versionMinor = 3;
+/// See versionMajor.
 constexpr int versionPatch = 0;
 
 }  // namespace kivo_3_3

@@ -10,7 +10,7 @@ namespace {
 class TextkitHelp : public Textkit {
  protected:
   // A command line as it would be typed, and what it writes.
-  std::string session(const Arguments& arguments) const {
+  std::string shown(const Arguments& arguments) const {
     std::string text = "$ textkit";
     for (const std::string& argument : arguments)
       text += " " + argument;
@@ -118,10 +118,10 @@ TEST_F(TextkitHelp, ThatCannotBeWrittenIsAnError) {
 }
 
 TEST_F(TextkitHelp, AsAWhole) {
-  std::string help = session({"-help"});
+  std::string help = shown({"-help"});
   for (const char* action : {"count", "hash", "help", "help-hidden", "search"})
-    help += session({"-help", action});
-  help += session({"-help-hidden"});
+    help += shown({"-help", action});
+  help += shown({"-help-hidden"});
   kivo_3_3::testing::compareWithFile(HELP_FOLDER "/textkit.txt", help);
 }
 

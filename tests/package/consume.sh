@@ -1,43 +1,69 @@
 #!/usr/bin/env bash
-# Installs the library into a prefix, moves the prefix, and builds and runs a program
-# against what lies there then.
-#   consume.sh (find_package | pkg-config) BUILD-DIRECTORY COMPILER
+# Builds programs in C++17 and C++20 on the library, taken in one of the ways in which a
+# project can take it, with every warning an error, and runs them.
+#   consume.sh (find_package | pkg-config) COMPILER PREFIX
+#   consume.sh (add_subdirectory | FetchContent) COMPILER SOURCE-DIRECTORY BUILD-DIRECTORY
+# Ends with 77 where the compiler is not installed. The build directory may be used again:
+# the library is built only once in it.
 set -euo pipefail
-way=$1 build=$2 compiler=$3
+way=$1 compiler=$2 place=$3
 consumer=$(cd "$(dirname "${BASH_SOURCE[0]}")/consumer" && pwd)
+warnings="-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Werror"
+command -v "$compiler" >/dev/null || { echo "$compiler is not installed"; exit 77; }
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
-cmake --install "$build" --prefix "$scratch/first" >/dev/null
-mv "$scratch/first" "$scratch/prefix"
-libdir=$(dirname "$(find "$scratch/prefix" -name libkivo.so)")
+fail() { echo "$*"; exit 1; }
+
+# Does a step without a word, unless it fails.
+quietly() { "$@" >"$scratch/log" 2>&1 || { cat "$scratch/log"; fail "failed: $*"; }; }
+
+buildByCMake() {
+  local directory=$1
+  shift
+  quietly cmake -S "$consumer" -B "$directory" -DWAY="$way" -DCMAKE_CXX_COMPILER="$compiler" \
+    -DWARNINGS="$warnings" "$@"
+  ! grep -A 5 'CMake.*Warning' "$scratch/log" || fail "configuring drew a warning"
+  quietly cmake --build "$directory" --parallel 2
+  programs=$directory
+}
+
+buildByPkgConfig() {
+  local libdir standard
+  libdir=$(dirname "$(find "$place" -name libkivo.so)")
+  export PKG_CONFIG_PATH=$libdir/pkgconfig LD_LIBRARY_PATH=$libdir
+  read -ra flags <<<"$warnings $(pkg-config --cflags --libs 'kivo >= 3.3')"
+  for standard in 17 20; do
+    quietly "$compiler" -O2 "-std=c++$standard" "$consumer/main.cpp" "${flags[@]}" \
+      -o "$scratch/$way-$standard"
+  done
+  programs=$scratch
+}
+
+# Runs a program; it has to end with the status and print the text.
+check() {
+  local expectedStatus=$1 expected=$2 status=0 actual
+  shift 2
+  actual=$("$@") || status=$?
+  [ "$status" = "$expectedStatus" ] && [ "$actual" = "$expected" ] ||
+    fail "$* ended with $status and printed: $actual"
+}
 
 case $way in
   find_package)
-    cmake -S "$consumer" -B "$scratch/build" -DCMAKE_PREFIX_PATH="$scratch/prefix" \
-      -DCMAKE_CXX_COMPILER="$compiler" >/dev/null
-    cmake --build "$scratch/build" >/dev/null
-    program=$scratch/build/consumer
-    ;;
+    buildByCMake "$scratch/build" -DCMAKE_PREFIX_PATH="$place" -DCMAKE_BUILD_TYPE=Release ;;
   pkg-config)
-    export PKG_CONFIG_PATH=$libdir/pkgconfig
-    read -ra flags <<<"$(pkg-config --cflags --libs 'kivo >= 3.3')"
-    program=$scratch/consumer
-    "$compiler" -std=c++17 -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror \
-      "$consumer/main.cpp" "${flags[@]}" -o "$program"
-    ;;
+    buildByPkgConfig ;;
+  add_subdirectory | FetchContent)
+    buildByCMake "$4" -DKIVO_SOURCE_DIR="$place" -DCMAKE_BUILD_TYPE=Debug \
+      -DCMAKE_CXX_FLAGS_DEBUG=-O0 ;;
+  *)
+    fail "no such way: $way" ;;
 esac
 
-export LD_LIBRARY_PATH=$libdir
-actual=$("$program" --lev=2)
-expected=$'level = 2\n2 nothing'
-[ "$actual" = "$expected" ] || { echo "printed: $actual"; exit 1; }
-status=0
-actual=$("$program" --level=3) || status=$?
-expected="Value validation problem in argument '--level=3': Option 'level' does not allow value '3'. Possible values follows: '1', '2'"
-[ "$status" = 2 ] && [ "$actual" = "$expected" ] || { echo "$status, printed: $actual"; exit 1; }
-if grep -rIl "$scratch/first" "$scratch/prefix"; then
-  echo "installed files name the place they were installed to"
-  exit 1
-fi
-echo "built and run by $way from a prefix that was moved"
+for standard in 17 20; do
+  check 0 $'level = 2\n2 nothing\n4\nmore!' "$programs/$way-$standard" --lev=2 -- more
+  check 2 "Value validation problem in argument '--level=3': Option 'level' does not allow value '3'. Possible values follows: '1', '2'" \
+    "$programs/$way-$standard" --level=3
+done
+echo "built with $compiler and run, by way of $way"

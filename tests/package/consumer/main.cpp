@@ -1,10 +1,15 @@
 #include <kivo/kivo.h>
 
 #include <iostream>
+#include <string>
 
 // Uses every kind of thing that crosses the library's border.
 namespace {
 
+// g++ objects to the base class of a handler, too, which is without a virtual destructor on
+// purpose; every other warning is left on.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 class Announcer final : public kivo::EventHandler {
  public:
   bool onValueParse(const char* name, const kivo::Value& value) override {
@@ -12,6 +17,7 @@ class Announcer final : public kivo::EventHandler {
     return true;
   }
 };
+#pragma GCC diagnostic pop
 
 }  // namespace
 
@@ -29,5 +35,9 @@ int main(int argc, const char* const* argv) {
   }
   const kivo::Value level = kivo::getLastValue(result.get(), "level");
   std::cout << level.value.get<int>() << ' ' << result->get("name").text << '\n';
+  for (const kivo::Value& value : kivo::values(*result, "level"))
+    std::cout << kivo::valueOr(*result, "level", 0.5) * value.value.get<double>() << '\n';
+  for (const char* leftover : kivo::leftovers(*result))
+    std::cout << leftover << kivo::valueOr<std::string>(*result, "no such", "!") << '\n';
   return status;
 }

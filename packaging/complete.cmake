@@ -1,0 +1,58 @@
+# Runs when the files of each package lie in a folder of their own, and adds what depends
+# on them: the dependencies and the symbols of the library, and the compressed texts.
+cmake_minimum_required(VERSION 3.25)
+
+set(control_dir ${CPACK_TEMPORARY_DIRECTORY}/control)
+set(full_version ${CPACK_PACKAGE_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})
+set(library_package ${CPACK_DEBIAN_KIVO_LIBRARY_PACKAGE_NAME})
+set(library ${CPACK_TEMPORARY_DIRECTORY}/kivo_library/usr/${CPACK_KIVO_LIBRARY})
+
+if(NOT CPACK_KIVO_CHANGELOG_VERSION STREQUAL CPACK_PACKAGE_VERSION)
+  message(FATAL_ERROR "packaging/changelog begins with ${CPACK_KIVO_CHANGELOG_VERSION}, "
+                      "this is version ${CPACK_PACKAGE_VERSION}")
+endif()
+
+# dpkg-shlibdeps expects to stand in a Debian source tree.
+file(WRITE ${control_dir}/debian/control
+     "Source: kivo\n\nPackage: ${library_package}\nArchitecture: any\n")
+set(shown ${control_dir}/debian/${library_package})
+file(MAKE_DIRECTORY ${shown}/DEBIAN)
+file(COPY ${library} DESTINATION ${shown} FOLLOW_SYMLINK_CHAIN)
+get_filename_component(library_name ${library} NAME)
+execute_process(COMMAND dpkg-shlibdeps -O -e${shown}/${library_name}
+                WORKING_DIRECTORY ${control_dir}
+                OUTPUT_VARIABLE dependencies OUTPUT_STRIP_TRAILING_WHITESPACE
+                COMMAND_ERROR_IS_FATAL ANY)
+string(REGEX REPLACE "^shlibs:Depends=" "" CPACK_DEBIAN_KIVO_LIBRARY_PACKAGE_DEPENDS
+       "${dependencies}")
+
+# Level 4 refuses any difference from the symbols that are promised.
+execute_process(COMMAND dpkg-gensymbols -c4 -p${library_package} -v${full_version} -e${library}
+                        -I${CPACK_KIVO_PACKAGING_DIR}/${library_package}.symbols
+                        -O${control_dir}/symbols
+                WORKING_DIRECTORY ${control_dir}
+                COMMAND_ERROR_IS_FATAL ANY)
+string(REGEX REPLACE ".*[.]so[.]" "" soname_version ${library})
+file(WRITE ${control_dir}/shlibs
+     "libkivo ${soname_version} ${library_package} (>= ${CPACK_PACKAGE_VERSION})\n")
+set(CPACK_DEBIAN_KIVO_LIBRARY_PACKAGE_CONTROL_EXTRA
+    ${control_dir}/symbols ${control_dir}/shlibs ${CPACK_KIVO_PACKAGING_DIR}/triggers)
+
+# Without name and time in the archive the same text always gives the same bytes.
+function(compress source target)
+  execute_process(COMMAND gzip -9nc ${source} OUTPUT_FILE ${target} COMMAND_ERROR_IS_FATAL ANY)
+  file(CHMOD ${target} PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
+endfunction()
+
+set(share kivo_documentation/usr/share)
+foreach(doc IN ITEMS kivo_library/usr/share/doc/${library_package}
+                     kivo_development/usr/share/doc/libkivo-dev
+                     ${share}/doc/libkivo-doc)
+  compress(${CPACK_KIVO_PACKAGING_DIR}/changelog
+           ${CPACK_TEMPORARY_DIRECTORY}/${doc}/changelog.Debian.gz)
+endforeach()
+set(manual_page ${CPACK_TEMPORARY_DIRECTORY}/${share}/man/man7/kivo.7)
+compress(${manual_page} ${manual_page}.gz)
+file(REMOVE ${manual_page})
+compress(${CPACK_KIVO_PACKAGING_DIR}/../CHANGELOG.md
+         ${CPACK_TEMPORARY_DIRECTORY}/${share}/doc/libkivo-doc/changelog.gz)

@@ -1,0 +1,97 @@
+#!/usr/bin/env bash
+# Makes the Debian packages, installs them with dpkg into a root of their own, builds the
+# examples from the sources that lie there, against the library that lies there, runs them,
+# and removes the packages again.
+#   debian_packages.sh SOURCE-DIRECTORY WORK-DIRECTORY
+# Ends with 77 where there is no dpkg. The work directory may be used again: the library is
+# built only once in it.
+set -euo pipefail
+source=$1 work=$2
+command -v dpkg-deb >/dev/null || { echo "this is no Debian system"; exit 77; }
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+
+fail() { echo "$*"; exit 1; }
+
+# Does a step without a word, unless it fails.
+quietly() { "$@" >"$scratch/log" 2>&1 || { cat "$scratch/log"; fail "failed: $*"; }; }
+
+quietly "$source/scripts/package" --unchecked "$work"
+library=$(echo "$work"/libkivo[0-9]*.deb) dev=$(echo "$work"/libkivo-dev_*.deb)
+doc=$(echo "$work"/libkivo-doc_*.deb)
+field() { dpkg-deb --field "$1" "$2"; }
+package=$(field "$library" Package) version=$(field "$library" Version)
+multiarch=$(dpkg-architecture -q DEB_HOST_MULTIARCH)
+
+# A root with nothing in it but the knowledge of which versions this system has of what the
+# library depends on, so that dpkg checks the dependencies.
+root=$scratch/root
+mkdir -p "$root"/var/lib/dpkg/{info,updates,triggers}
+field "$library" Depends | sed 's/([^)]*)//g; s/,/\n/g' | xargs dpkg-query --status \
+  >"$root/var/lib/dpkg/status"
+inRoot() { PATH=$PATH:/usr/sbin:/sbin dpkg --root="$root" --force-not-root --log=/dev/null "$@"; }
+
+# The headers alone stay unconfigured.
+! inRoot --install "$dev" >"$scratch/log" 2>&1 ||
+  fail "libkivo-dev was installed without the library"
+grep -qF "libkivo-dev depends on $package (= $version)" "$scratch/log" ||
+  { cat "$scratch/log"; fail "libkivo-dev does not ask for $package of its own version"; }
+quietly inRoot --install "$library" "$dev" "$doc"
+
+# What the packages hold, and what they say of themselves.
+holds() {
+  local name=$1 others
+  others=$(inRoot --listfiles "$name" | while IFS= read -r file; do
+    [ -d "$root$file" ] || echo "$file"
+  done | grep -vE "^/usr/($2|share/doc/$name/.*)$") || return 0
+  fail "$name holds $others"
+}
+holds "$package" "lib/$multiarch/libkivo[.]so[.][0-9.]+"
+holds libkivo-dev "include/.*[.]h|lib/$multiarch/(libkivo[.]so|(cmake|pkgconfig)/.*)"
+holds libkivo-doc "share/man/man7/kivo[.]7[.]gz"
+dpkg-deb --raw-extract "$library" "$scratch/raw"
+for control in symbols shlibs triggers md5sums; do
+  [ -s "$scratch/raw/DEBIAN/$control" ] || fail "$package has no $control"
+done
+for name in "$package" libkivo-dev libkivo-doc; do
+  texts=$root/usr/share/doc/$name
+  zgrep -qF "kivo ($version) " "$texts/changelog.Debian.gz" || fail "$name: another changelog"
+  grep -qx 'License: Expat' "$texts/copyright" || fail "$name: no licence"
+done
+[ -e "$root/usr/share/doc/libkivo-doc/README.md" ] || fail "libkivo-doc: no README.md"
+libdir=$root/usr/lib/$multiarch
+sections=$(readelf --sections --dynamic --wide "$libdir/libkivo.so")
+! grep -E '[.]symtab|[.]debug|RPATH|RUNPATH' <<<"$sections" || fail "$package is not stripped"
+! grep -rlF -e "$source" -e "$work" "$root/usr" || fail "these files name the place they come from"
+
+# The examples as a reader of the package would build them, and one of them by pkg-config.
+cp -r "$root/usr/share/doc/libkivo-dev/examples" "$scratch/examples"
+quietly cmake -S "$scratch/examples" -B "$scratch/build" -DCMAKE_PREFIX_PATH="$root/usr" \
+  -DCMAKE_BUILD_TYPE=Debug
+grep -qF "kivo_DIR:PATH=$libdir/" "$scratch/build/CMakeCache.txt" ||
+  fail "CMake found another libkivo"
+quietly cmake --build "$scratch/build" --parallel 2
+read -ra flags <<<"$(PKG_CONFIG_LIBDIR=$libdir/pkgconfig pkg-config --cflags --libs kivo)"
+quietly "${CXX:-g++}" -std=c++17 "$scratch/examples/greet/main.cpp" "${flags[@]}" \
+  -o "$scratch/greet"
+
+textkit=$scratch/build/textkit/textkit
+loaded=$(ldd "$textkit")
+[[ $loaded == *"=> $libdir/libkivo.so."* ]] || fail "textkit loads other libraries: $loaded"
+text=$source/README.md
+read -ra counted <<<"$("$textkit" -count "$text")"
+read -ra expected <<<"$(wc -lwc "$text")"
+[ "${counted[*]}" = "${expected[*]}" ] || fail "textkit -count: ${counted[*]}; wc: ${expected[*]}"
+greeting=$(LD_LIBRARY_PATH=$libdir "$scratch/greet" World)
+[ "$greeting" = "Hello World" ] || fail "greet printed: $greeting"
+
+# The package of a tool that was built like this comes to depend on the library's.
+mkdir -p "$scratch/tool/debian"
+printf 'Source: tool\n\nPackage: tool\nArchitecture: any\n' >"$scratch/tool/debian/control"
+dependencies=$(cd "$scratch/tool" && dpkg-shlibdeps -O -S"$scratch/raw" -e"$textkit" 2>"$scratch/log") ||
+  { cat "$scratch/log"; fail "dpkg-shlibdeps does not find what textkit depends on"; }
+[[ $dependencies == *"$package (>= "* ]] || fail "textkit depends on: $dependencies"
+
+quietly inRoot --purge "$package" libkivo-dev libkivo-doc
+[ -z "$(find "$root" -name '*kivo*')" ] || fail "left behind: $(find "$root" -name '*kivo*')"
+echo "installed $(cd "$work" && echo *.deb), built and ran the examples, and removed them"
