@@ -12,7 +12,8 @@ namespace kivo_3_3 {
 ///
 /// The parser owns the builder. It is valid until the next declaration on the same
 /// parser. A declaration that was rejected returns a builder too; what is called on it
-/// has no effect on any option.
+/// has no effect on any option. An operation for which memory runs out changes nothing
+/// at all; a `variant_t` made from a text for it raises std::bad_alloc itself.
 class KIVO_API IOption {
  public:
   /// Adds a further name, as it stands: nothing is split off at commas, and nobody

@@ -63,7 +63,8 @@ class KIVO_API IParser : public EventHandler {
   /// without a heading.
   ///
   /// A name that is taken already, or too many of them, rejects the declaration: the
-  /// builder returned then is harmless, and nothing is declared.
+  /// builder returned then is harmless, and nothing is declared. The same happens when
+  /// memory runs out; isOptionDeclared() tells.
   virtual IOption* option(const char* names, const char* description, variant_type_t type,
                           const char* group = nullptr) = 0;
 
@@ -97,7 +98,8 @@ class KIVO_API IParser : public EventHandler {
   virtual int parseStream(const char* text, IParseResult* result) = 0;
 
   /// The reason for the last failure; the parser owns the text until destroy().
-  /// Read it only after a failure: success does not clear it.
+  /// Read it only after a failure: success does not clear it. Empty when there is no
+  /// memory for the text.
   virtual const char* getErrorDesc() = 0;
 
   /// The help for the whole tool: its actions with their descriptions, or without
@@ -118,7 +120,7 @@ class KIVO_API IParser : public EventHandler {
 
   /// Registers a handler for the events of every parse; it is told once however often
   /// it is added. It stays the caller's and must be removed before it ends. Null, and
-  /// the parser itself, are ignored.
+  /// the parser itself, are ignored; so is a handler for which there is no memory.
   virtual void addHandler(EventHandler* handler) = 0;
 
   /// Takes a handler out; one that is not registered is ignored.
@@ -131,7 +133,8 @@ class KIVO_API IParser : public EventHandler {
   virtual bool addOptionFileOption(const char* description, const char* group) = 0;
 
   /// Lets the actions with these first names be given together. Each call adds one
-  /// set; the actions of a command line must all be in one of them. Returns true.
+  /// set; the actions of a command line must all be in one of them. Returns true, or
+  /// false with nothing added when memory runs out.
   virtual bool allowSimultaneousActions(const std::set<std::string>& actionNames) = 0;
 
  protected:

@@ -14,6 +14,10 @@ class Garbage final {
   // out, answer with a static empty text.
   virtual const char* init(const char* text);
 
+  // The same for those who must not go on with another text: raises std::bad_alloc when
+  // memory runs out.
+  const char* keep(const char* text);
+
  private:
   std::set<std::string, std::less<>> m_texts;
 };

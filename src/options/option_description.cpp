@@ -1,5 +1,7 @@
 #include "options/option_description.h"
 
+#include <exception>
+
 #include "options/name_list.h"
 #include "options/value_conversion.h"
 
@@ -12,26 +14,38 @@ const std::string& sortingName(const OptionDescription& option) {
   return option.m_names.empty() ? none : option.m_names.front();
 }
 
+// Runs a change that is made as a whole or, when memory runs out, not at all.
+template <class Change>
+void amend(Change change) {
+  try {
+    change();
+  } catch (const std::exception&) {
+    // The interface has no way to tell; its comment says what becomes of it.
+  }
+}
+
 }  // namespace
 
 IOption::~IOption() = default;
 
 IOption* OptionDescription::synonym(const char* name) {
   if (name != nullptr)
-    m_names.emplace_back(name);
+    amend([&] { m_names.emplace_back(name); });
   return this;
 }
 
 IOption* OptionDescription::allowValue(const variant_t& value) {
-  if (m_tokenizer == '\0')
-    m_tokenizer = ',';
-  m_allowedValues.push_back(value);
+  amend([&] {
+    m_allowedValues.push_back(value);
+    if (m_tokenizer == '\0')
+      m_tokenizer = ',';
+  });
   return this;
 }
 
 IOption* OptionDescription::allowDeprecatedValue(const variant_t& oldValue,
                                                  const variant_t& newValue) {
-  m_deprecatedValues.emplace(oldValue, newValue);
+  amend([&] { m_deprecatedValues.emplace(oldValue, newValue); });
   return this;
 }
 
@@ -52,12 +66,17 @@ IOption* OptionDescription::positional() {
 }
 
 IOption* OptionDescription::tag(const char* tags) {
+  amend([&] { addTags(tags); });
+  return this;
+}
+
+void OptionDescription::addTags(const char* tags) {
   if (tags == nullptr)
-    return this;
+    return;
   std::vector<std::string> words;
   split(tags, words);
-  m_tags.insert(words.begin(), words.end());
-  return this;
+  std::set<std::string> added(words.begin(), words.end());
+  m_tags.merge(added);
 }
 
 std::string OptionDescription::getDefaultValueAsText() const {

@@ -14,6 +14,8 @@ namespace kivo_3_3 {
 
 // One declared option, action or modifier. The registry makes it and keeps it by
 // value; the tool amends it through IOption; everybody else reads its fields.
+//
+// An amendment never fails loudly: when memory runs out, it is not made.
 class OptionDescription final : public IOption {
  public:
   // What the status of a description says.
@@ -41,12 +43,15 @@ class OptionDescription final : public IOption {
   const std::string& firstName() const { return m_names.at(0); }
   bool isAction() const { return m_notAnAction == 0; }
 
+  // What tag() does, for those who must know that it is done: raises std::bad_alloc.
+  void addTags(const char* tags);
+
   const variant_t& getDefaultValue() const { return m_defaultValue; }
   // Only for an option that has a default.
   std::string getDefaultValueAsText() const;
 
   // The text of a value of this option's type, kept in `garbage`; null for a type that
-  // has no text form.
+  // has no text form. Raises std::bad_alloc when it cannot be kept.
   const char* toString(Garbage* garbage, const variant_t& value) const;
   // The value that `text` stands for in this option's type, `vtNull` if it stands for
   // none.

@@ -1,6 +1,7 @@
 #include "options/option_registry.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "base/trace.h"
 #include "options/name_list.h"
@@ -16,6 +17,18 @@ const char* orEmpty(const char* text) { return text != nullptr ? text : ""; }
 IOption* RegisteredOptionStorage::option(const char* names, const char* tags,
                                          const char* description, bool isAction,
                                          variant_type_t type, const char* group) {
+  const std::size_t groupsBefore = m_groups.size();
+  try {
+    return declare(names, tags, description, isAction, type, group);
+  } catch (const std::exception&) {
+    forgetGroupsFrom(groupsBefore);
+    return reject();
+  }
+}
+
+IOption* RegisteredOptionStorage::declare(const char* names, const char* tags,
+                                          const char* description, bool isAction,
+                                          variant_type_t type, const char* group) {
   const Group& section = groupFor(orEmpty(group));
   m_fallback.m_status = OptionDescription::underDeclaration;
 
@@ -37,9 +50,9 @@ IOption* RegisteredOptionStorage::option(const char* names, const char* tags,
   declared.m_groupTitle = section.second;
   declared.m_notAnAction = isAction ? 0 : 1;
   declared.m_garbage = m_garbage;
-  declared.tag(tags);
+  declared.addTags(tags);
   if (isAction)
-    declared.tag(names);
+    declared.addTags(names);
   declared.tokenize(m_tokenizer);
 
   OptionDescription& kept = append(std::move(declared));
@@ -68,6 +81,11 @@ const RegisteredOptionStorage::Group& RegisteredOptionStorage::groupFor(const st
   m_groups.emplace_back(key, colon != std::string::npos ? text.substr(colon + 1) : "");
   m_groupOf.emplace(key, m_groups.size() - 1);
   return m_groups.back();
+}
+
+void RegisteredOptionStorage::forgetGroupsFrom(std::size_t first) {
+  for (; m_groups.size() > first; m_groups.pop_back())
+    m_groupOf.erase(m_groups.back().first);
 }
 
 bool RegisteredOptionStorage::isTaken(const std::vector<std::string>& names) {

@@ -13,8 +13,9 @@ namespace kivo_3_3 {
 
 // Everything one parser has declared, in declaration order.
 //
-// Declarations never fail loudly. One that is rejected answers with a fallback
-// description, so that the builder calls chained to it land somewhere harmless.
+// Declarations never fail loudly. One that is rejected, or for which memory runs out,
+// answers with a fallback description, so that the builder calls chained to it land
+// somewhere harmless.
 class RegisteredOptionStorage final {
  public:
   // A group as the help shows it: key, then title.
@@ -43,7 +44,10 @@ class RegisteredOptionStorage final {
  private:
   friend class PinnedDeclarations;
 
+  IOption* declare(const char* names, const char* tags, const char* description, bool isAction,
+                   variant_type_t type, const char* group);
   const Group& groupFor(const std::string& text);
+  void forgetGroupsFrom(std::size_t first);
   bool isTaken(const std::vector<std::string>& names);
   IOption* reject();
   OptionDescription& append(OptionDescription description);

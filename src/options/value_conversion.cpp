@@ -97,11 +97,15 @@ class ClassicReader {
   const char* m_end;
 };
 
+// A stream takes every exception for a text that is no number; this one is raised again.
+void letMemoryFailureOut(std::ios& stream) { stream.exceptions(std::ios::badbit); }
+
 template <class T>
 bool readThroughStream(const char* text, T& value) {
   std::istringstream stream(text);
+  letMemoryFailureOut(stream);
   stream >> value;
-  if (stream.fail() || stream.bad())
+  if (stream.fail())
     return false;
   char rest = 0;
   return stream.eof() || !(stream >> rest);
@@ -140,6 +144,7 @@ bool read(const char* text, double& value) {
 template <class T>
 std::string writeThroughStream(T value) {
   std::ostringstream stream;
+  letMemoryFailureOut(stream);
   stream << value;
   return stream.str();
 }
@@ -172,7 +177,7 @@ class OperationToString {
 
   template <class T>
   bool execute() {
-    m_output = m_garbage.init(write(m_input.get<T>()).c_str());
+    m_output = m_garbage.keep(write(m_input.get<T>()).c_str());
     return true;
   }
 
@@ -186,7 +191,7 @@ class OperationToString {
 
 template <>
 bool OperationToString::execute<const char*>() {
-  m_output = m_garbage.init(m_input.get<const char*>());
+  m_output = m_garbage.keep(m_input.get<const char*>());
   return true;
 }
 
@@ -306,8 +311,9 @@ bool fromStringToNumber(const std::string& text, T& value) {
     return ClassicReader(std::string_view(text).substr(prefix)).readMagnitude(value, 16);
   }
   std::istringstream stream(text);
+  letMemoryFailureOut(stream);
   stream >> (hexadecimal ? std::hex : std::dec) >> value;
-  return !stream.fail() && !stream.bad();
+  return !stream.fail();
 }
 
 template bool fromStringToNumber<u64_t>(const std::string& text, u64_t& value);

@@ -14,7 +14,8 @@
 namespace kivo_3_3 {
 
 // The text of `value`, which must be able to give what `type` asks for, kept in
-// `garbage`; null under a type that options do not have.
+// `garbage`; null under a type that options do not have. Raises std::bad_alloc when it
+// cannot be kept.
 const char* valueToText(variant_type_t type, const variant_t& value, Garbage& garbage);
 
 // What `text` stands for under `type`; `vtNull` where it stands for nothing and under a

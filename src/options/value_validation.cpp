@@ -72,7 +72,7 @@ int complete(const OptionDescription& option, const string& text, variant_t& val
     if (whole.compare(0, text.size(), text) == 0) {
       ++passed;
       completed = whole;
-      value = option.m_garbage->init(whole.c_str());
+      value = whole.c_str();
     }
     return false;
   });

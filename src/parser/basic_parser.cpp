@@ -138,8 +138,13 @@ const char* BasicParser::composeTopic(const char* topic, bool hidden, Write writ
 }
 
 void BasicParser::addHandler(EventHandler* handler) {
-  if (handler != nullptr && handler != this)
+  if (handler == nullptr || handler == this)
+    return;
+  try {
     m_handlers.insert(handler);
+  } catch (const std::exception&) {
+    // The interface has no way to tell; its comment says what becomes of the handler.
+  }
 }
 
 void BasicParser::removeHandler(EventHandler* handler) { m_handlers.erase(handler); }
@@ -150,8 +155,12 @@ bool BasicParser::addOptionFileOption(const char* description, const char* group
 }
 
 bool BasicParser::allowSimultaneousActions(const std::set<string>& actionNames) {
-  m_simultaneousActions.push_back(actionNames);
-  return true;
+  try {
+    m_simultaneousActions.push_back(actionNames);
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
 }
 
 // A handler may add and remove handlers: the next one is looked for anew each time.
@@ -167,7 +176,7 @@ void BasicParser::forEachHandler(Call call) {
 }
 
 bool BasicParser::onOptionParse(const char* name) {
-  const char* kept = m_handlers.empty() ? nullptr : m_garbage.init(name);
+  const char* kept = m_handlers.empty() ? nullptr : m_garbage.keep(name);
   forEachHandler([&](EventHandler& handler) {
     handler.onOptionParse(kept);
     return true;
@@ -178,9 +187,9 @@ bool BasicParser::onOptionParse(const char* name) {
 bool BasicParser::onValueParse(const char* name, const Value& value) {
   if (m_handlers.empty())
     return true;
-  const char* keptName = m_garbage.init(name);
+  const char* keptName = m_garbage.keep(name);
   Value keptValue = value;
-  keptValue.text = m_garbage.init(value.text);
+  keptValue.text = m_garbage.keep(value.text);
   bool accepted = true;
   forEachHandler([&](EventHandler& handler) {
     accepted = handler.onValueParse(keptName, keptValue);
@@ -190,7 +199,7 @@ bool BasicParser::onValueParse(const char* name, const Value& value) {
 }
 
 bool BasicParser::onUknownArgument(const char* argument) {
-  const char* kept = m_handlers.empty() ? nullptr : m_garbage.init(argument);
+  const char* kept = m_handlers.empty() ? nullptr : m_garbage.keep(argument);
   bool accepted = true;
   forEachHandler([&](EventHandler& handler) {
     accepted = handler.onUknownArgument(kept) && accepted;

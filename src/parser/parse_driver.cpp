@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <exception>
+#include <new>
 
 #include "base/quoted.h"
 #include "base/trace.h"
@@ -213,6 +214,8 @@ int BasicParser::readOptionFiles(ParseResult* result) {
   OptionFileTrail trail;
   Value file = result->get(optionFile, firstPosition, lastPosition);
   while (const char* name = file.as<const char*>()) {
+    if (*name == '\0')
+      throw std::bad_alloc();  // no name is empty, but a text for which memory ran out
     trail.named(countOptionFiles(*result));
     if (!trail.enter(BEDROCK::file_identity(name))) {
       m_lastError = unreadable(name);

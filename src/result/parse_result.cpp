@@ -1,5 +1,7 @@
 #include "result/parse_result.h"
 
+#include <utility>
+
 #include "recognizers/argument_parser.h"
 
 namespace kivo_3_3 {
@@ -60,16 +62,35 @@ int ParseResult::getNextArgument(string& text) {
   return 0;
 }
 
+// Under all names of the option or, when memory runs out, under none.
 void ParseResult::store(const OptionDescription& option, const OptionData& data) {
-  const bool isKnown = m_options.find(option.firstName()) != m_options.end();
-  for (const string& name : option.m_names) {
-    OptionData& entry = m_options[name];
-    if (!isKnown) {
-      entry = data;
-      continue;
-    }
-    entry.positions.insert(entry.positions.end(), data.positions.begin(), data.positions.end());
-    entry.values.insert(entry.values.end(), data.values.begin(), data.values.end());
+  if (m_options.find(option.firstName()) == m_options.end())
+    storeFirst(option.m_names, data);
+  else
+    storeAgain(option.m_names, data);
+}
+
+void ParseResult::storeFirst(const std::vector<string>& names, const OptionData& data) {
+  OptionMap entries;
+  for (const string& name : names)
+    entries[name] = data;
+  for (auto& [name, entry] : entries) {
+    const auto shared = m_options.find(name);  // another option has this name too
+    if (shared != m_options.end())
+      shared->second = std::move(entry);
+  }
+  m_options.merge(entries);
+}
+
+void ParseResult::storeAgain(const std::vector<string>& names, const OptionData& data) {
+  auto name = names.begin();
+  try {
+    for (; name != names.end(); ++name)
+      m_options[*name].append(data);
+  } catch (...) {
+    while (name != names.begin())
+      m_options.find(*--name)->second.takeBack(data);
+    throw;
   }
 }
 
@@ -77,13 +98,21 @@ void ParseResult::store(const OptionDescription& option, const OptionData& data)
 void ParseResult::applyDefault(const OptionDescription& option) {
   if (!option.m_hasDefault || option.m_defaultValue.type() == vtNull)
     return;
-  std::size_t name = 0;
+  OptionMap entries;
+  std::size_t index = 0;
   do {
-    OptionData& entry = m_options[option.m_names.at(name)];
+    OptionData& entry = entries[option.m_names.at(index)];
     const char* text = option.toString(option.m_garbage, option.m_defaultValue);
     const int position = IArgumentParser::getNewPositionIndex();
     entry.defaultValue = {{text != nullptr ? text : "", option.m_defaultValue}, position};
-  } while (++name < option.m_names.size());
+  } while (++index < option.m_names.size());
+
+  for (auto& [name, entry] : entries) {
+    const auto known = m_options.find(name);
+    if (known != m_options.end())
+      known->second.defaultValue = std::move(entry.defaultValue);
+  }
+  m_options.merge(entries);
 }
 
 void ParseResult::addArgument(const string& text, int position) {

@@ -51,6 +51,9 @@ class ParseResult final : public IParseResult, public IResultCollector {
   ResultCursor& cursor() { return m_cursor; }
 
  private:
+  void storeFirst(const std::vector<std::string>& names, const OptionData& data);
+  void storeAgain(const std::vector<std::string>& names, const OptionData& data);
+
   OptionMap m_options;
   ResultCursor m_cursor{m_options, m_garbage};
   Garbage m_garbage;

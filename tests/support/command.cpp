@@ -19,7 +19,7 @@ std::string valuesOf(const OptionData& data, int from, int to) {
 
 }  // namespace
 
-Command::Command(int flags) : m_parser(makeParser(flags)), m_result(makeResult(*m_parser)) {}
+Command::Command(int flags) : m_parser(makeParser(flags)) { startFresh(); }
 
 IOption* Command::option(const char* names, variant_type_t type, const char* group) {
   return remember(names, m_parser->option(names, "", type, group));

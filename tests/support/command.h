@@ -53,7 +53,7 @@ class Command {
   ParserHandle m_parser;
   ResultHandle m_result;
   std::vector<std::string> m_names;  // the first name of each option
-  int m_lastPosition = 0;            // before the parse
+  int m_lastPosition = 0;            // before the first parse into the present result
 };
 
 }  // namespace kivo_3_3::testing

@@ -1,0 +1,84 @@
+#include "allocation/allocation_limit.h"
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+
+namespace kivo_3_3::testing {
+
+namespace {
+
+constexpr long unlimited = -1;
+
+std::atomic<long> allocationsLeft = unlimited;
+std::atomic<bool> keepsFailing = false;
+std::atomic<bool> hasFailed = false;
+std::atomic<long> failed = 0;
+std::atomic<long> live = 0;
+
+bool fails() {
+  if (allocationsLeft == unlimited)
+    return false;
+  if (allocationsLeft != 0) {
+    --allocationsLeft;
+    return false;
+  }
+  if (hasFailed && !keepsFailing)
+    return false;
+  hasFailed = true;
+  ++failed;
+  return true;
+}
+
+void* allocate(std::size_t bytes) noexcept {
+  void* const block = fails() ? nullptr : std::malloc(bytes != 0 ? bytes : 1);
+  if (block != nullptr)
+    ++live;
+  return block;
+}
+
+void* allocateOrThrow(std::size_t bytes) {
+  void* const block = allocate(bytes);
+  if (block == nullptr)
+    throw std::bad_alloc();
+  return block;
+}
+
+void release(void* block) noexcept {
+  if (block != nullptr)
+    --live;
+  std::free(block);
+}
+
+}  // namespace
+
+AllocationLimit::AllocationLimit(long allowed, Failing failing) {
+  keepsFailing = failing == Failing::forEver;
+  hasFailed = false;
+  allocationsLeft = allowed;
+}
+
+AllocationLimit::~AllocationLimit() { allocationsLeft = unlimited; }
+
+bool AllocationLimit::reached() const { return hasFailed; }
+
+long failedAllocations() { return failed; }
+
+long liveBlocks() { return live; }
+
+}  // namespace kivo_3_3::testing
+
+using kivo_3_3::testing::allocate;
+using kivo_3_3::testing::allocateOrThrow;
+using kivo_3_3::testing::release;
+
+void* operator new(std::size_t bytes) { return allocateOrThrow(bytes); }
+void* operator new[](std::size_t bytes) { return allocateOrThrow(bytes); }
+void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept { return allocate(bytes); }
+void* operator new[](std::size_t bytes, const std::nothrow_t&) noexcept { return allocate(bytes); }
+void operator delete(void* block) noexcept { release(block); }
+void operator delete[](void* block) noexcept { release(block); }
+void operator delete(void* block, std::size_t) noexcept { release(block); }
+void operator delete[](void* block, std::size_t) noexcept { release(block); }
+void operator delete(void* block, const std::nothrow_t&) noexcept { release(block); }
+void operator delete[](void* block, const std::nothrow_t&) noexcept { release(block); }

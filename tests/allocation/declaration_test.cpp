@@ -1,0 +1,269 @@
+// Parsers, results and declarations for which memory runs out: whole, or not there.
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "allocation/failing_memory.h"
+#include "support/command.h"
+#include "support/recording_handler.h"
+
+namespace kivo_3_3 {
+
+namespace {
+
+using testing::AllocationLimit;
+using testing::Command;
+using testing::failEachAllocation;
+using testing::Failing;
+using testing::RecordingHandler;
+
+constexpr const char* longText = "a text that is too long to be kept without memory of its own";
+
+struct Creation {
+  ~Creation() {
+    if (result != nullptr)
+      result->destroy();
+    if (parser != nullptr)
+      parser->destroy();
+  }
+
+  IParser* parser = nullptr;
+  IParseResult* result = nullptr;
+  int outcome = -1;
+};
+
+TEST(MemoryRunsOut, CreateParserReturns3AndStoresNothing) {
+  failEachAllocation<Creation>(
+      [](Creation& scene) {
+        scene.outcome = createParser(&scene.parser, parserFlags::noTokenizer);
+      },
+      [](Creation& scene) { EXPECT_EQ(scene.parser != nullptr ? 0 : 3, scene.outcome); });
+}
+
+TEST(MemoryRunsOut, CreateResultReturns3AndStoresNothing) {
+  struct Made : Creation {
+    Made() { createParser(&parser, 0); }
+  };
+  failEachAllocation<Made>(
+      [](Made& scene) { scene.outcome = scene.parser->createResult(&scene.result); },
+      [](Made& scene) { EXPECT_EQ(scene.result != nullptr ? 0 : 3, scene.outcome); });
+}
+
+TEST(MemoryRunsOut, DestroyNeedsNone) {
+  IParser* parser = nullptr;
+  IParseResult* result = nullptr;
+  createParser(&parser, 0);
+  parser->createResult(&result);
+  parser->option("level", longText, vtString)->defaultValue(longText);
+  const char* const argv[] = {"tool", "--level=a", "--", "b"};
+  parser->parseArgsVector(4, argv, result);
+  const AllocationLimit limit(0, Failing::forEver);
+  result->destroy();
+  parser->destroy();
+  EXPECT_FALSE(limit.reached());
+}
+
+// A declaration, and what the whole help shows of it once it has been made.
+struct Declaring {
+  Declaring() {
+    command.action("run", vtNull);
+    command.option("first,f", vtS32)->defaultValue(7);
+  }
+
+  Command command;
+  IOption* builder = nullptr;
+};
+
+const struct {
+  const char* name;  // of the declared
+  bool isAction;
+  IOption* (*declare)(IParser& parser);
+} declarations[] = {
+    {"level", false,
+     [](IParser& parser) { return parser.option("level,second-name,l", longText, vtS32); }},
+    {"level", false,
+     [](IParser& parser) { return parser.option("level", longText, vtString, "a group: of it"); }},
+    {"walk", true, [](IParser& parser) { return parser.action("walk,w", longText, vtString); }},
+    {"level", false,
+     [](IParser& parser) {
+       return parser.modifier("level,l", "run,another-action", longText, vtDouble, longText);
+     }},
+};
+
+TEST(MemoryRunsOut, DeclarationIsCompleteOrNotThere) {
+  for (const auto& d : declarations) {
+    SCOPED_TRACE(d.name);
+    Declaring without;
+    Declaring with;
+    d.declare(with.command.parser());
+    const std::string helpWithout = without.command.parser().getGlobalModifiersDescription(false);
+    const std::string topicWithout = without.command.parser().getDescription(d.name, false);
+    const std::string topicWith = with.command.parser().getDescription(d.name, false);
+    ASSERT_NE(topicWithout, topicWith);
+
+    failEachAllocation<Declaring>(
+        [&](Declaring& scene) { scene.builder = d.declare(scene.command.parser()); },
+        [&](Declaring& scene) {
+          IParser& parser = scene.command.parser();
+          ASSERT_NE(nullptr, scene.builder);
+          const bool isThere = parser.isOptionDeclared(d.name, d.isAction, nullptr);
+          EXPECT_EQ(isThere ? topicWith : topicWithout, parser.getDescription(d.name, false));
+          scene.builder->synonym("other")->positional();  // the fallback is harmless
+          EXPECT_EQ(isThere, parser.isOptionDeclared("other", d.isAction, nullptr));
+          if (!isThere) {
+            EXPECT_EQ(helpWithout, parser.getGlobalModifiersDescription(false));
+            d.declare(parser);
+            EXPECT_EQ(topicWith, parser.getDescription(d.name, false));
+          }
+          EXPECT_EQ(0, scene.command.parse({"--run", "--first=8"}));
+        });
+  }
+}
+
+TEST(MemoryRunsOut, RejectedDeclarationIsStillRejected) {
+  failEachAllocation<Declaring>(
+      [](Declaring& scene) {
+        scene.builder = scene.command.parser().option("no-such-name,first", longText, vtS32);
+      },
+      [](Declaring& scene) {
+        scene.builder->defaultValue(1);
+        EXPECT_FALSE(scene.command.parser().isOptionDeclared("no-such-name", false, nullptr));
+        EXPECT_EQ("first(7)@+1 run@+3", scene.command.parsed({"--run"}));
+      });
+}
+
+// All that a builder can change of an option, and what is known of it.
+struct Amending {
+  Amending() {
+    option.m_names = {"level"};
+    option.m_type = vtString;
+    option.m_tokenizer = '\0';
+    option.m_garbage = &garbage;
+  }
+
+  std::string render() const {
+    std::string text;
+    for (const std::string& name : option.m_names)
+      text += name + " ";
+    for (const std::string& tag : option.m_tags)
+      text += "tag " + tag + " ";
+    for (const variant_t& value : option.m_allowedValues)
+      text += std::string("allowed ") + value.get<const char*>() + " ";
+    for (const auto& [from, to] : option.m_deprecatedValues)
+      text += std::string(from.get<const char*>()) + " for " + to.get<const char*>() + " ";
+    if (option.m_hasDefault)
+      text += "default " + option.getDefaultValueAsText() + " ";
+    return text + (option.m_tokenizer != '\0' ? std::string(1, option.m_tokenizer) : "whole");
+  }
+
+  Garbage garbage;
+  OptionDescription option;
+  IOption* returned = nullptr;
+};
+
+TEST(MemoryRunsOut, AmendmentIsMadeAsAWholeOrNotAtAll) {
+  const variant_t value(longText);
+  const struct {
+    const char* amended;  // of an option "level whole"
+    std::function<IOption*(IOption&)> amend;
+  } cases[] = {
+      {"level a text that is too long to be kept without memory of its own whole",
+       [](IOption& option) { return option.synonym(longText); }},
+      {"level allowed a text that is too long to be kept without memory of its own ,",
+       [&](IOption& option) { return option.allowValue(value); }},
+      {"level a text that is too long to be kept without memory of its own for"
+       " a text that is too long to be kept without memory of its own whole",
+       [&](IOption& option) { return option.allowDeprecatedValue(value, value); }},
+      {"level default a text that is too long to be kept without memory of its own whole",
+       [&](IOption& option) { return option.defaultValue(value); }},
+      {"level ;", [](IOption& option) { return option.tokenize(';'); }},
+      {"level whole", [](IOption& option) { return option.positional(); }},
+      {"level tag one-of-two-long-names tag two-of-two-long-names whole",
+       [](IOption& option) { return option.tag("one-of-two-long-names,two-of-two-long-names"); }},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.amended);
+    Amending amended;
+    c.amend(amended.option);
+    ASSERT_EQ(c.amended, amended.render());
+    failEachAllocation<Amending>([&](Amending& scene) { scene.returned = c.amend(scene.option); },
+                                 [&](Amending& scene) {
+                                   EXPECT_EQ(&scene.option, scene.returned);
+                                   const std::string after = scene.render();
+                                   EXPECT_TRUE(after == "level whole" || after == c.amended)
+                                       << after;
+                                 });
+  }
+}
+
+TEST(MemoryRunsOut, VariantOfATextRaisesBadAlloc) {
+  const AllocationLimit limit(0, Failing::once);
+  EXPECT_THROW(variant_t{longText}, std::bad_alloc);
+}
+
+struct Handling {
+  Command command;
+  RecordingHandler handler;
+  bool added = true;
+};
+
+TEST(MemoryRunsOut, HandlerIsRegisteredOrIgnored) {
+  failEachAllocation<Handling>(
+      [](Handling& scene) { scene.command.parser().addHandler(&scene.handler); },
+      [](Handling& scene) {
+        scene.command.parse({"x"});
+        EXPECT_TRUE(scene.handler.events.empty() || scene.handler.events == "unknown x");
+        scene.command.parser().removeHandler(&scene.handler);
+      });
+}
+
+TEST(MemoryRunsOut, SimultaneousActionsAreAllowedOrFalseComesBack) {
+  const std::set<std::string> together = {"run", "walk"};
+  struct TwoActions : Handling {
+    TwoActions() {
+      command.action("run");
+      command.action("walk");
+    }
+  };
+  failEachAllocation<TwoActions>(
+      [&](TwoActions& scene) {
+        scene.added = scene.command.parser().allowSimultaneousActions(together);
+      },
+      [](TwoActions& scene) {
+        const std::vector<std::string> both = {"--run", "--walk"};
+        EXPECT_EQ(scene.added ? "run@+1 walk@+2"
+                              : "2: Action '-walk' and action '-run' were defined, but only one"
+                                " action possible.",
+                  scene.command.parsed(both));
+      });
+}
+
+TEST(MemoryRunsOut, OptionFilesAreDeclaredOrNotThere) {
+  failEachAllocation<Handling>(
+      [](Handling& scene) {
+        scene.added = scene.command.parser().addOptionFileOption(longText, longText);
+      },
+      [](Handling& scene) {
+        IParser& parser = scene.command.parser();
+        EXPECT_TRUE(scene.added);
+        parser.addOptionFileOption(longText, longText);  // rejected where it is declared
+        EXPECT_EQ("6: Error reading option file 'none'",
+                  scene.command.parsed({"--option-file=none"}));
+      });
+}
+
+TEST(MemoryRunsOut, AskingForADeclarationNeedsNone) {
+  Command command;
+  command.option("level", vtS32, longText);
+  const AllocationLimit limit(0, Failing::forEver);
+  EXPECT_TRUE(command.parser().isOptionDeclared("level", false, longText));
+  EXPECT_FALSE(limit.reached());
+}
+
+}  // namespace
+
+}  // namespace kivo_3_3

@@ -1,0 +1,299 @@
+// Parses for which memory runs out: the full answer, or status 3 or 4; and the parser
+// goes on as if nothing had been.
+
+#include <gtest/gtest.h>
+
+#include "allocation/failing_memory.h"
+#include "base/global_locale.h"
+#include "support/command.h"
+#include "support/console_capture.h"
+#include "support/recording_handler.h"
+#include "support/temporary_folder.h"
+
+namespace kivo_3_3 {
+
+namespace {
+
+using std::string;
+using testing::Command;
+using testing::ConsoleCapture;
+using testing::failEachAllocation;
+using testing::RecordingHandler;
+using testing::TemporaryFolder;
+using Arguments = std::vector<string>;
+
+constexpr const char* longText = "a text too long to be kept without memory";
+
+// One of each kind.
+void declareAll(Command& command) {
+  command.option("level,l", vtS32)->defaultValue(3);
+  command.option("ratio", vtDouble)->tokenize('\0');
+  command.option("size", vtU64);
+  command.option("quiet", vtBool);
+  command.option("flag", vtNull);
+  command.option("list", vtString);
+  command.option("choice", vtString)->allowValue("red")->allowValue("green")->allowValue("grey");
+  command.option("older", vtString)
+      ->allowValue("new-name")
+      ->allowDeprecatedValue("old", "new-name");
+  command.option("input,i", vtString)->positional();
+  command.action("run");
+  command.action("walk");
+  command.modifier("speed", "run", vtU32);
+  command.optionFiles();
+}
+
+struct Parsing {
+  explicit Parsing(int flags = 0) : command(flags) { declareAll(command); }
+
+  ConsoleCapture console;
+  Command command;
+  RecordingHandler handler;
+  int outcome = -1;
+};
+
+// The answer as Command::parsed() gives it.
+string answerOf(Parsing& scene) {
+  return scene.outcome == 0 ? scene.command.render()
+                            : std::to_string(scene.outcome) + ": " + scene.command.error();
+}
+
+// An attempt gives the full answer, or fails and says so.
+void expectSound(Parsing& scene, const string& answer) {
+  const string given = answerOf(scene);
+  const bool failed = scene.outcome == 3 || given == "4: Unidentified problem detected.";
+  EXPECT_TRUE(given == answer || failed) << given;
+
+  // Whatever was stored is there under both names of its option.
+  const OptionMap& stored = scene.command.result().options();
+  for (const char* name : {"level", "input"}) {
+    const auto full = stored.find(name);
+    const auto shortened = stored.find(string(1, *name));
+    ASSERT_EQ(full == stored.end(), shortened == stored.end());
+    if (full != stored.end()) {
+      EXPECT_EQ(full->second.positions, shortened->second.positions);
+      EXPECT_EQ(full->second.values, shortened->second.values);
+    }
+  }
+
+  // No typed text was lost.
+  for (const auto& [name, data] : stored) {
+    for (const auto& [value, position] : data.values) {
+      if (value.second.type() == vtString) {
+        EXPECT_EQ(value.first, value.second.get<const char*>());
+      }
+    }
+  }
+}
+
+// Parses with every allocation failing in turn; the parse behind each gives the full
+// answer.
+template <class Scene>
+void failEachParse(const Arguments& args, const string& answer) {
+  std::vector<const char*> argv = {"tool"};
+  for (const string& argument : args)
+    argv.push_back(argument.c_str());
+  const int argc = static_cast<int>(argv.size());
+  failEachAllocation<Scene>(
+      [&](Scene& scene) {
+        Command& command = scene.command;
+        scene.outcome = command.parser().parseArgsVector(argc, argv.data(), &command.result());
+      },
+      [&](Scene& scene) {
+        expectSound(scene, answer);
+        EXPECT_EQ(answer, scene.command.parsed(args));
+      });
+}
+
+const struct {
+  Arguments args;
+  string answer;
+} commandLines[] = {
+    {{}, "level(3)@+1"},
+    {{"--run", "--level=17", "-l", "18"}, "level(3)@+1 run@+3 level=17@+4 level=18@+6"},
+    {{"--run", "--ratio=0.00000000000000000000000000000000000001e5"},
+     "level(3)@+1 run@+3 ratio=0.00000000000000000000000000000000000001e5@+4"},
+    {{"--run", "--size=12", "--size=0x1F", "--size=1Fh"},
+     "level(3)@+1 run@+3 size=12@+4 size=0x1F@+6 size=1Fh@+8"},
+    {{"--run", "--quiet", "--no-quiet", "--fl"},
+     "level(3)@+1 run@+3 quiet=1@+4 quiet=0@+6 flag@+8"},
+    {{"--run", "--list=a,b,,a text too long to be kept without memory"},
+     "level(3)@+1 run@+3 list=a,b,a text too long to be kept without memory@+4"},
+    {{"--run", "--choice=re", "--choice=green"},
+     "level(3)@+1 run@+3 choice=red@+4 choice=green@+6"},
+    {{"--run", "--older=old"}, "level(3)@+1 run@+3 older=old@+4"},
+    {{"--run", "a text too long to be kept without memory", "-x"},
+     "level(3)@+1 run@+3 input=a text too long to be kept without memory@+4 input=-x@+6"},
+    {{"--run", "--speed=4294967295"}, "level(3)@+1 run@+3 speed=4294967295@+4"},
+    {{"--run", "--", "a text too long to be kept without memory", "b"},
+     "level(3)@+1 run@+3 | a text too long to be kept without memory@+4 b@+5"},
+    {{"--level=17"}, "2: No action defined."},
+    {{"--run", "--walk"},
+     "2: Action '-walk' and action '-run' were defined, but only one action possible."},
+    {{"--walk", "--speed=1"}, "2: Action '-walk' doesn't accept option '-speed'"},
+    {{"--run", "--level"}, "2: Option 'level' requires a value in argument: '--level'"},
+    {{"--run", "--level", "--walk"},
+     "2: Option 'level' received value from the next argument: '--walk', but it seems to be an "
+     "option. Use '-option=value' declaration form or make sure that value is not missed"},
+    {{"--run", "--level=17.5"},
+     "2: Value validation problem in argument '--level=17.5': Option 'level' can not parse '17.5' "
+     "value, requires a type 'integer' here."},
+    {{"--run", "--level=1", "--l=2", "--li"},
+     "2: Option 'list' requires a value in argument: '--li'"},
+    {{"--run", "--ratio=1e"},
+     "2: Value validation problem in argument '--ratio=1e': Option 'ratio' can not parse '1e' "
+     "value, requires a type 'double' here."},
+    {{"--run", "--quiet=1"},
+     "2: Option 'quiet' is boolean and should be declared in form '--option' or '--no-option' in "
+     "argument: '--quiet=1'"},
+    {{"--run", "--flag=1"}, "2: Option 'flag'does not requires a value in argument: '--flag=1'"},
+    {{"--run", "--list=,,"}, "2: No value parsed in argument ',,' for option 'list'"},
+    {{"--run", "--choice=gr"},
+     "2: Value validation problem in argument '--choice=gr': Ambiguous value for option 'choice'. "
+     "Possible values follows: 'red', 'green', 'grey'"},
+    {{"--run", "--choice=blue"},
+     "2: Value validation problem in argument '--choice=blue': Option 'choice' does not allow "
+     "value 'blue'. Possible values follows: 'red', 'green', 'grey'"},
+    {{"--run", "--o"},
+     "2: Ambiguous option 'o' in argument: '--o', could be: 'older', 'option-file'"},
+    {{"--run", "---"}, "level(3)@+1 run@+3 input=---@+4"},
+};
+
+const struct {
+  const char* text;
+  string answer;
+} streams[] = {
+    {"", ""},
+    {"--run\n  --list=a text too long to be kept without memory\n; no\r\n",
+     "run@+1 list=a text too long to be kept without memory@+2"},
+    {"--run\n--level\n17\n--\na text too long to be kept without memory\n",
+     "run@+1 level=17@+2 | a text too long to be kept without memory@+4"},
+    {"--run\n--level=a text too long to be kept without memory\n",
+     "2: Value validation problem in argument '--level=a text too long to be kept without memory':"
+     " Option 'level' can not parse 'a text too long to be kept without memory' value, requires a"
+     " type 'integer' here."},
+    {"--run\n--option-file=none\n", "6: Error reading option file 'none'"},
+};
+
+TEST(MemoryRunsOut, CommandLineIsParsedInFullOr3Or4ComesBack) {
+  for (const auto& c : commandLines) {
+    SCOPED_TRACE(::testing::PrintToString(c.args));
+    failEachParse<Parsing>(c.args, c.answer);
+  }
+}
+
+TEST(MemoryRunsOut, ArgumentsBehindTheSeparatorAreBoundInFullOr3Or4ComesBack) {
+  struct LeftoversToo : Parsing {
+    LeftoversToo() : Parsing(parserFlags::leftoverArgumentsArePositional) {}
+  };
+  failEachParse<LeftoversToo>({"--run", "--", "a", longText},
+                              "level(3)@+1 run@+3 input=a@+5 input=a text too long to be kept"
+                              " without memory@+8 | a@+4 a text too long to be kept without"
+                              " memory@+7");
+}
+
+TEST(MemoryRunsOut, UnknownArgumentIsAnErrorOr3Or4ComesBack) {
+  struct Strict : Parsing {
+    Strict()
+        : Parsing(parserFlags::unknownArgumentIsError |
+                  parserFlags::dashArgumentsAreNeverPositional) {}
+  };
+  failEachParse<Strict>({"--run", "a", string("--") + longText},
+                        string("2: Unknown option: --") + longText);
+}
+
+TEST(MemoryRunsOut, OptionFilesAreReadInFullOr3Or4ComesBack) {
+  const TemporaryFolder folder;
+  const string inner = folder.write("inner", "--list=inside\n--\nrest\n");
+  const string outer = folder.write("outer", "--level=17\n--option-file=" + inner + "\n");
+  const string ring = folder.path("ring");
+  folder.write("ring", "--option-file=" + ring + "\n");
+  failEachParse<Parsing>({"--run", "--option-file=" + outer, "--option-file", inner},
+                         "level(3)@+1 run@+3 option-file=" + outer + "@+4 option-file=" + inner +
+                             "@+6 level=17@+8 option-file=" + inner +
+                             "@+10 list=inside@+12 list=inside@+15 | rest@+14 rest@+17");
+  failEachParse<Parsing>({"--run", "--option-file=" + ring},
+                         "6: Error reading option file '" + ring + "'");
+  failEachParse<Parsing>({"--run", "--option-file=" + folder.path("none")},
+                         "6: Error reading option file '" + folder.path("none") + "'");
+}
+
+TEST(MemoryRunsOut, StreamIsParsedInFullOr3Or4ComesBack) {
+  for (const auto& c : streams) {
+    SCOPED_TRACE(c.text);
+    failEachAllocation<Parsing>(
+        [&](Parsing& scene) {
+          scene.outcome = scene.command.parser().parseStream(c.text, &scene.command.result());
+        },
+        [&](Parsing& scene) {
+          expectSound(scene, c.answer);
+          scene.outcome = scene.command.parseStream(c.text);
+          EXPECT_EQ(c.answer, answerOf(scene));
+        });
+  }
+}
+
+TEST(MemoryRunsOut, TracedParseIsDoneInFullOr3Or4ComesBack) {
+  failEachParse<Parsing>({"kivooption=kivologenable=1", "--run", "--list=a,b", "--", "c"},
+                         "level(3)@+1 run@+3 list=a,b@+4 | c@+7");
+}
+
+TEST(MemoryRunsOut, NumbersOfAnotherLocaleAreReadInFullOr3Or4ComesBack) {
+  const testing::GlobalLocale commas(testing::localeWithDecimalComma());
+  failEachParse<Parsing>({"--run", "--ratio=17,25", "--level=17", "--size=1Fh"},
+                         "level(3)@+1 run@+3 ratio=17,25@+4 level=17@+6 size=1Fh@+8");
+}
+
+// What handlers are told is right as far as it goes: no name or text is lost on the way.
+TEST(MemoryRunsOut, HandlersAreToldWholeTextsOr3Or4ComesBack) {
+  struct Watched : Parsing {
+    Watched() : Parsing(parserFlags::dashArgumentsAreNeverPositional) {
+      command.parser().addHandler(&handler);
+    }
+  };
+  const char* const argv[] = {"tool", "--run", "--unknown-by-a-long-name", longText};
+  const string events =
+      "option run; unknown --unknown-by-a-long-name;"
+      " option input; value input=a text too long to be kept without memory";
+  failEachAllocation<Watched>(
+      [&](Watched& scene) {
+        Command& command = scene.command;
+        scene.outcome = command.parser().parseArgsVector(4, argv, &command.result());
+      },
+      [&](Watched& scene) {
+        expectSound(scene, "level(3)@+1 run@+3 input=a text too long to be kept without memory@+4");
+        EXPECT_EQ(0U, events.find(scene.handler.events)) << scene.handler.events;
+      });
+}
+
+// Its declarations make the list of options grow while the parse refers to them.
+TEST(MemoryRunsOut, HandlerMayDeclareAndTheNextParseKnowsIt) {
+  struct Declaring : Parsing {
+    Declaring() {
+      command.parser().addHandler(&handler);
+      handler.alsoDo = [this] {
+        for (const char* name : {"one-more", "two-more", "three-more"})
+          command.parser().option(name, longText, vtS32);
+      };
+    }
+  };
+  const Arguments args = {"--run", "--level=17", "--level=18"};
+  failEachParse<Declaring>(args, "level(3)@+1 run@+3 level=17@+4 level=18@+6");
+}
+
+TEST(MemoryRunsOut, ParseWithoutAResultIsDoneInFullOr3Or4ComesBack) {
+  const char* const argv[] = {"tool", "--run", "--level=x"};
+  failEachAllocation<Parsing>(
+      [&](Parsing& scene) {
+        scene.outcome = scene.command.parser().parseArgsVector(3, argv, nullptr);
+      },
+      [](Parsing& scene) {
+        expectSound(scene,
+                    "2: Value validation problem in argument '--level=x': Option 'level' can not "
+                    "parse 'x' value, requires a type 'integer' here.");
+      });
+}
+
+}  // namespace
+
+}  // namespace kivo_3_3
