@@ -3,6 +3,9 @@ add_library(kivo_options INTERFACE)
 target_compile_features(kivo_options INTERFACE cxx_std_17)
 target_compile_options(kivo_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor
+  -Wold-style-cast -Wcast-qual -Wcast-align -Woverloaded-virtual -Wformat=2 -Wundef
+  -Wextra-semi -Wimplicit-fallthrough
+  $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond;-Wduplicated-branches;-Wlogical-op>
   $<$<BOOL:${KIVO_WARNINGS_AS_ERRORS}>:-Werror>
   # No path of the machine that builds ends up in what is built.
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <memory>
+#include <system_error>
 
 #include "messages.h"
 
@@ -17,7 +17,7 @@ namespace {
 struct CloseFile {
   void operator()(std::FILE* file) const {
     if (file != stdin)
-      std::fclose(file);
+      static_cast<void>(std::fclose(file));  // only read, so nothing can be lost
   }
 };
 
@@ -54,7 +54,7 @@ bool InputReader::read(const std::string& name, std::string& text) {
   if (problem != 0) {
     m_hasFailed = true;
     if (m_settings.verbosity != Verbosity::quiet)
-      say("Cannot read '" + shownName(name) + "': " + std::strerror(problem));
+      say("Cannot read '" + shownName(name) + "': " + std::generic_category().message(problem));
     return false;
   }
   if (m_settings.verbosity == Verbosity::verbose)

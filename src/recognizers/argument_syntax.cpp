@@ -10,17 +10,27 @@ namespace kivo_3_3 {
 
 namespace {
 
-using Dashes = std::array<std::string, 6>;
+// A dash in UTF-8. Nothing of it needs destruction, so that a tool may still parse while
+// the static objects of the process end.
+struct Dash {
+  char bytes[4];
+  std::size_t length;
+};
 
-std::string toUtf8(char32_t character) {
+using Dashes = std::array<Dash, 6>;
+
+Dash toUtf8(char32_t character) {
   const std::string text = BEDROCK::utf32_to_utf8(character);
-  return text == "-1" ? "?" : text;
+  Dash dash = {"?", 1};
+  if (text != "-1")
+    dash.length = text.copy(dash.bytes, sizeof(dash.bytes));
+  return dash;
 }
 
 // Hyphen-minus, figure dash, en dash, em dash, horizontal bar, swung dash.
 const Dashes& dashes() {
-  static const Dashes table = {toUtf8(U'\u002D'), toUtf8(U'\u2012'), toUtf8(U'\u2013'),
-                               toUtf8(U'\u2014'), toUtf8(U'\u2015'), toUtf8(U'\u2053')};
+  static const Dashes table = {{toUtf8(U'\u002D'), toUtf8(U'\u2012'), toUtf8(U'\u2013'),
+                                toUtf8(U'\u2014'), toUtf8(U'\u2015'), toUtf8(U'\u2053')}};
   return table;
 }
 
@@ -32,9 +42,9 @@ void assign(std::string* target, const std::string& text, std::size_t begin, std
 }  // namespace
 
 unsigned int getDashLength(const std::string& text, unsigned int pos) {
-  for (const std::string& dash : dashes())
-    if (text.compare(pos, dash.size(), dash) == 0)
-      return static_cast<unsigned int>(dash.size());
+  for (const Dash& dash : dashes())
+    if (text.compare(pos, dash.length, dash.bytes, dash.length) == 0)
+      return static_cast<unsigned int>(dash.length);
   return 0;
 }
 

@@ -4,9 +4,9 @@
 #include <gtest/gtest.h>
 
 #include "allocation/failing_memory.h"
-#include "base/global_locale.h"
 #include "support/command.h"
 #include "support/console_capture.h"
+#include "support/global_locale.h"
 #include "support/recording_handler.h"
 #include "support/temporary_folder.h"
 

@@ -5,7 +5,7 @@
 #include <limits>
 #include <optional>
 
-#include "base/global_locale.h"
+#include "support/global_locale.h"
 
 namespace kivo_3_3::testing {
 namespace {

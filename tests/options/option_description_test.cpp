@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "options/make_option.h"
-#include "platform/assertion_recorder.h"
+#include "support/assertion_recorder.h"
 
 namespace kivo_3_3::testing {
 namespace {

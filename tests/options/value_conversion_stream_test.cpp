@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "base/global_locale.h"
 #include "options/value_conversion.h"
+#include "support/global_locale.h"
 
 namespace kivo_3_3::testing {
 namespace {

@@ -6,8 +6,8 @@
 #include <limits>
 #include <stdexcept>
 
-#include "base/global_locale.h"
-#include "platform/assertion_recorder.h"
+#include "support/assertion_recorder.h"
+#include "support/global_locale.h"
 
 namespace kivo_3_3::testing {
 namespace {

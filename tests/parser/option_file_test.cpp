@@ -6,8 +6,8 @@
 
 #include <filesystem>
 
-#include "base/global_locale.h"
 #include "support/command.h"
+#include "support/global_locale.h"
 #include "support/recording_handler.h"
 #include "support/temporary_folder.h"
 

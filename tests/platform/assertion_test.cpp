@@ -5,7 +5,7 @@
 #include <csignal>
 #include <stdexcept>
 
-#include "platform/assertion_recorder.h"
+#include "support/assertion_recorder.h"
 
 namespace kivo_3_3::testing {
 namespace {

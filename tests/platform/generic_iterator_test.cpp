@@ -19,8 +19,9 @@ std::string walked(Walk walk) {
 }
 
 TEST(GenericIterator, AnEmptyHandleIsAWalkOverNothing) {
-  EXPECT_FALSE(static_cast<bool>(Walk()));
-  EXPECT_EQ("", walked(Walk(Walk())));
+  const Walk none;
+  EXPECT_FALSE(static_cast<bool>(none));
+  EXPECT_EQ("", walked(none));
 }
 
 TEST(GenericIterator, HidesWhatHoldsTheValues) {

@@ -9,7 +9,7 @@
 #include <thread>
 #include <vector>
 
-#include "platform/assertion_recorder.h"
+#include "support/assertion_recorder.h"
 
 namespace kivo_3_3::testing {
 namespace {

@@ -6,7 +6,7 @@
 
 #include <stdexcept>
 
-#include "base/global_locale.h"
+#include "support/global_locale.h"
 
 namespace kivo_3_3 {
 

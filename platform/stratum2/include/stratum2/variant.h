@@ -3,6 +3,7 @@
 #include <atomic>
 #include <cstddef>
 #include <type_traits>
+#include <utility>
 
 namespace stratum2 {
 
@@ -139,12 +140,8 @@ class [[gnu::visibility("default")]] variant_t {
   }
 
   void swap(variant_t & other) noexcept {
-    const value_t value = m_value;
-    const variant_type_t type = m_type;
-    m_value = other.m_value;
-    m_type = other.m_type;
-    other.m_value = value;
-    other.m_type = type;
+    std::swap(m_value, other.m_value);
+    std::swap(m_type, other.m_type);
   }
 
   bool ownsData() const noexcept { return m_type == vtString; }
