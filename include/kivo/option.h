@@ -22,7 +22,8 @@ class KIVO_API IOption {
 
   /// Adds a value to those the option accepts; without any, every value of its type is
   /// accepted. Users may shorten an allowed text as long as it stays unambiguous. An
-  /// option that was not splitting its values splits them at ',' from now on.
+  /// option that was not splitting its values splits them at ',' from now on. The value
+  /// must be of a kind that the option's type can read.
   virtual IOption* allowValue(const variant_t& value) = 0;
 
   /// Accepts `oldValue` too, with a warning that points to `newValue`. Looked at only

@@ -87,8 +87,8 @@ class KIVO_API IParser : public EventHandler {
   /// over. Declared defaults are stored first. A null in `argv` ends it early. With a
   /// null `result` everything is checked and announced, and nothing is kept.
   ///
-  /// Returns a value of `status`. After a failure getErrorDesc() tells the reason, and
-  /// the result holds what was stored until then.
+  /// Returns a value of `status`. After a failure getErrorDesc() tells the reason, except
+  /// for `status::exceptionCaught`, and the result holds what was stored until then.
   virtual int parseArgsVector(int argc, const char* const* argv, IParseResult* result) = 0;
 
   /// Parses a text with one argument a line into `result`. White space ahead of an

@@ -1,0 +1,101 @@
+// Values to text and back. Of a text that converts, the value written and read again is
+// the same value of the same kind, except that a double keeps six digits: there the
+// second text equals the first, and the values differ by no more than those digits.
+//
+// The input is read twice: as the text of a value, and as the bits of one. Infinity and
+// "not a number" have texts that stand for nothing.
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <stdexcept>
+
+#include "fuzz/fuzz.h"
+#include "fuzz/locales.h"
+#include "fuzz/parsing.h"
+#include "fuzz/script.h"
+#include "options/value_conversion.h"
+
+namespace kivo_3_3::fuzzing {
+namespace {
+
+using std::string;
+
+constexpr variant_type_t exactTypes[] = {vtBool, vtS32, vtU32, vtS64, vtU64, vtString};
+constexpr variant_type_t typesWithoutText[] = {vtNull, vtFloat, vtWideString, vtBlock};
+
+// Half a unit in the sixth digit, and what a double itself cannot tell apart.
+bool areClose(double left, double right) {
+  return std::abs(left - right) <=
+         5.01e-6 * std::abs(left) + std::numeric_limits<double>::denorm_min();
+}
+
+void checkDouble(const variant_t& value) {
+  Garbage garbage;
+  const char* text = valueToText(vtDouble, value, garbage);
+  const variant_t again = textToValue(vtDouble, text);
+  if (!std::isfinite(value.get<double>())) {
+    expectEqual("what is no number reads as nothing", exactly({}), exactly(again));
+    return;
+  }
+  expect(again.type() == vtDouble && areClose(value.get<double>(), again.get<double>()),
+         "a double keeps six digits", exactly(value) + " " + text + " " + exactly(again));
+  expectEqual("a double settles after one turn", text, valueToText(vtDouble, again, garbage));
+}
+
+// `value` is of the type or can be read as it.
+void checkExact(variant_type_t type, const variant_t& value) {
+  Garbage garbage;
+  const char* text = valueToText(type, value, garbage);
+  const bool isEmptyNumber = *text == '\0' && type == vtU64;
+  expect(!isEmptyNumber, "a number has a text", exactly(value));
+  expectEqual("a value comes back", exactly(value), exactly(textToValue(type, text)));
+}
+
+void checkText(const string& text) {
+  for (const variant_type_t type : exactTypes) {
+    if (type == vtU64 && text.empty())
+      continue;  // not to be asked
+    const variant_t value = textToValue(type, text.c_str());
+    if (value.type() == vtNull)
+      continue;
+    expect(value.type() == type, "a value has the kind that was asked for", exactly(value));
+    checkExact(type, value);
+  }
+  const variant_t number = textToValue(vtDouble, text.c_str());
+  if (number.type() != vtNull)
+    checkDouble(number);
+  for (const variant_type_t type : typesWithoutText) {
+    Garbage garbage;
+    expectEqual("other types convert nothing", exactly({}),
+                exactly(textToValue(type, text.c_str())));
+    expect(valueToText(type, variant_t(text.c_str()), garbage) == nullptr,
+           "other types have no text", text);
+  }
+}
+
+void checkBits(u64_t bits) {
+  double number = 0;
+  std::memcpy(&number, &bits, sizeof number);
+  checkDouble(number);
+  checkExact(vtBool, (bits & 1) != 0);
+  checkExact(vtS32, static_cast<s32_t>(bits));
+  checkExact(vtU32, static_cast<u32_t>(bits));
+  checkExact(vtS64, static_cast<s64_t>(bits));
+  checkExact(vtU64, bits);
+}
+
+}  // namespace
+}  // namespace kivo_3_3::fuzzing
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace kivo_3_3;
+  const std::string text = fuzzing::textOf(data, size);
+  u64_t bits = 0;
+  std::memcpy(&bits, data, std::min(size, sizeof bits));
+  fuzzing::underEveryLocale([&] {
+    fuzzing::checkText(text);
+    fuzzing::checkBits(bits);
+  });
+  return 0;
+}
