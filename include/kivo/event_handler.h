@@ -19,9 +19,25 @@ namespace kivo_3_3 {
 /// objects to the base class too, ignore that warning around it.
 ///
 /// A name or a text handed over belongs to the parser and lives as long as it does.
-/// A handler may add and remove handlers, itself included, declare options, and parse
-/// with another parser. A standard exception that it throws ends the parse with
-/// `status::unidentifiedProblem`.
+/// From inside an event a handler may ask for anything that parser and results have to
+/// tell, and may
+///
+/// - declare: that counts from the next argument on, and a default from the next parse on;
+/// - add and remove handlers, itself included, and end those that it has removed: one that
+///   is added is told of this event already if it comes after the one being told;
+/// - read the result being filled, which has everything up to the option being announced,
+///   and go on reading at a later event, though each option file moves the cursor;
+/// - parse, with any parser and into any result. It is told of what it parses with this
+///   parser too, and must see to it that this comes to an end. What it parses with this
+///   parser into the result being filled is stored ahead of the option being announced
+///   and counts as part of the outer parse, which reads the option files and looks at the
+///   actions when its own arguments are through.
+///
+/// It must not end a result that is being filled, nor a parser that is parsing or passing
+/// on the event.
+///
+/// A standard exception that it throws ends the parse with `status::unidentifiedProblem`;
+/// any other leaves the parse operation. Parser and result stay usable after either.
 class KIVO_API EventHandler {
  public:
   /// An option was recognized; its values follow. `name` is its first name, whichever

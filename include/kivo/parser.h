@@ -36,11 +36,13 @@ constexpr int noTokenizer = 32;
 ///   createParser (option | action | modifier)* (createResult parseArgsVector get*)* destroy
 ///
 /// One parser is used by one thread at a time, and only one parse may run in a process
-/// at a time. Every text a parser hands out belongs to it and lives until destroy().
+/// at a time, those aside that its handlers start. Every text a parser hands out belongs
+/// to it and lives until destroy().
 /// A null text counts as the empty one. After any failure the parser stays usable.
 ///
 /// A parser is an event handler too, so that it can be registered with another parser:
-/// it passes each event on to its own handlers.
+/// it passes each event on to its own handlers. Where that leads back to a parser that is
+/// passing the event on already, the event goes no further, and counts as accepted there.
 class KIVO_API IParser : public EventHandler {
  public:
   /// Ends the parser and every text it handed out. Results live on; handlers are not

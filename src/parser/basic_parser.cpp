@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "help/help_generator.h"
+#include "parser/running_call.h"
 #include "result/parse_result.h"
 
 namespace kivo_3_3 {
@@ -164,8 +165,12 @@ bool BasicParser::allowSimultaneousActions(const std::set<string>& actionNames) 
 }
 
 // A handler may add and remove handlers: the next one is looked for anew each time.
+// Where parsers are each other's handlers, an event that has come round goes no further.
 template <class Call>
 void BasicParser::forEachHandler(Call call) {
+  const RunningCall passingOn(*this);
+  if (passingOn.hasComeBack())
+    return;
   auto handler = m_handlers.begin();
   while (handler != m_handlers.end()) {
     EventHandler* const called = *handler;

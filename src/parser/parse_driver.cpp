@@ -18,6 +18,7 @@
 #include "parser/argument_window.h"
 #include "parser/basic_parser.h"
 #include "parser/option_file.h"
+#include "parser/running_call.h"
 #include "recognizers/abbreviation_parser.h"
 #include "recognizers/positional_options_parser.h"
 #include "result/parse_result.h"
@@ -107,10 +108,15 @@ int BasicParser::parseStream(const char* text, IParseResult* result) {
   }
 }
 
+// A handler may parse more into the result being filled. That only adds arguments: the
+// option files, and what is to hold for all arguments together, are left to this parse.
 int BasicParser::parseVector(std::vector<string>& args, IParseResult* result) {
   const PinnedDeclarations pinned(m_storage);
+  const RunningCall parsing(*this, result);
   try {
     int outcome = parseArguments(args, result);
+    if (parsing.isPartOfAParse())
+      return outcome;
     if (outcome == status::success && m_optionFileEnabled)
       outcome = readOptionFiles(storeOf(result));
     if (outcome == status::success)

@@ -1,0 +1,348 @@
+// Handlers that start other parses, that are parsers themselves, or that upset what lies
+// around a parse: results, parsers, the locale, the console.
+
+#include <iostream>
+#include <locale>
+
+#include "parser/hostile_scene.h"
+#include "support/console_capture.h"
+#include "support/global_locale.h"
+
+namespace kivo_3_3 {
+
+namespace {
+
+using std::string;
+using testing::Command;
+using testing::HostileHandler;
+using testing::HostileScene;
+using testing::RecordingHandler;
+using testing::Road;
+
+using HostileParse = HostileHandler;
+
+INSTANTIATE_TEST_SUITE_P(Roads, HostileParse,
+                         ::testing::Values(Road::commandLine, Road::stream, Road::optionFile),
+                         testing::roadName);
+
+// Puts `more` among the events that parse() is to answer with, ahead of the one after
+// `event`.
+string withMore(string expected, int event, const string& more) {
+  std::size_t place = expected.find('[');
+  for (int i = 0; i < event && place != string::npos; ++i)
+    place = expected.find_first_of(";]", place + 1);
+  return expected.insert(place, "; " + more);
+}
+
+TEST_P(HostileParse, MayUseAnotherParser) {
+  makesNoDifference([](HostileScene&) {
+    Command other;
+    RecordingHandler listener;
+    other.parser().addHandler(&listener);
+    other.option("depth", vtS32);
+    EXPECT_EQ("depth=9@+1 | x@+3", other.parsed({"--depth=9", "--", "x"}));
+    EXPECT_EQ("option depth; value depth=9", listener.events);
+  });
+}
+
+TEST_P(HostileParse, MayUseAnotherParserWithTheSameHandler) {
+  atEveryEvent([](HostileScene& scene, int event) {
+    Command other;
+    other.parser().addHandler(&scene.handler);
+    other.option("depth", vtS32);
+    scene.at(event, [&] { EXPECT_EQ("depth=9@+1", other.parsed({"--depth=9"})); });
+    const string told = "option depth; value depth=9";
+    EXPECT_EQ(withMore(HostileScene::undisturbed(), event, told), scene.parse());
+    EXPECT_EQ(HostileScene::undisturbed(), scene.parseUndisturbed());
+  });
+}
+
+TEST_P(HostileParse, MayUseTheSameParserForAnotherResult) {
+  atEveryEvent([](HostileScene& scene, int event) {
+    const ResultHandle mine = makeResult(scene.parser());
+    scene.at(event, [&] {
+      EXPECT_EQ(0, scene.parser().parseStream("--level=5\nc", mine.get()));
+      EXPECT_EQ("level=5 files=c", HostileScene::contentsOf(*mine));
+    });
+    const string told = "option level; value level=5; option files; value files=c";
+    EXPECT_EQ(withMore(HostileScene::undisturbed(), event, told), scene.parse());
+    EXPECT_EQ(HostileScene::undisturbed(), scene.parseUndisturbed());
+    EXPECT_EQ("level=5 files=c", HostileScene::contentsOf(*mine));
+  });
+}
+
+TEST_P(HostileParse, MayAddToTheResultBeingFilled) {
+  atEveryEvent([](HostileScene& scene, int event) {
+    scene.at(event,
+             [&] { EXPECT_EQ(0, scene.parser().parseStream("--level=5", &scene.result())); });
+    const string levels = event <= 3 ? "level=5,1,2 x2" : "level=1,2,5 x2";
+    const string expected =
+        HostileScene::expected(0, levels + " files=a,b x2 | b", HostileScene::events);
+    EXPECT_EQ(withMore(expected, event, "option level; value level=5"), scene.parse());
+    EXPECT_EQ(HostileScene::undisturbed(), scene.parseUndisturbed());
+  });
+}
+
+TEST_P(HostileParse, MayFailWithoutTheOuterOne) {
+  const string reason =
+      "Value validation problem in argument '--level=z': Option 'level' can not parse 'z' value, "
+      "requires a type 'integer' here.";
+  atEveryEvent([&](HostileScene& scene, int event) {
+    scene.at(event, [&] {
+      EXPECT_EQ(2, scene.parser().parseStream("--level=z", &scene.result()));
+      EXPECT_EQ(reason, scene.command.error());
+    });
+    EXPECT_EQ(withMore(HostileScene::undisturbed(), event, "option level"), scene.parse());
+    EXPECT_EQ(reason, scene.command.error());  // as success does not clear it
+    EXPECT_EQ(HostileScene::undisturbed(), scene.parseUndisturbed());
+  });
+}
+
+TEST(HostileParses, OuterFailureTellsItsOwnReason) {
+  Command command;
+  RecordingHandler handler;
+  int inner = 0;
+  handler.refusedValues = {"7"};
+  handler.alsoDo = [&] {
+    if (handler.events == "option level; value level=7")
+      inner = command.parser().parseStream("--level=z", nullptr);
+  };
+  command.parser().addHandler(&handler);
+  command.option("level", vtS32);
+  EXPECT_EQ("1: Value '7' is not valid for option 'level' in argument '--level=7'",
+            command.parsed({"--level=7"}));
+  EXPECT_EQ(2, inner);
+}
+
+// A handler that takes "@x" for a reference to further arguments.
+class References : public ::testing::Test {
+ protected:
+  References() : command(parserFlags::unknownArgumentIsError) {
+    command.optionFiles();
+    command.option("level", vtS32);
+    command.option("depth", vtS32);
+    command.parser().addHandler(&handler);
+    handler.acceptsUnknown = false;
+    handler.alsoDo = [this] {
+      const string::size_type last = handler.events.size() - 2;
+      if (handler.events.compare(last, 2, "@x") == 0)
+        statuses += std::to_string(parseReferred());
+    };
+  }
+  int parseReferred() { return command.parser().parseStream(referred.c_str(), &command.result()); }
+  string write(const char* file, const string& text) {
+    return "--option-file=" + folder.write(file, text);
+  }
+  string values(const char* name) {
+    string text;
+    for (const auto& value : command.result().options().at(name).values)
+      text += value.first.first;
+    return text;
+  }
+
+  Command command;
+  RecordingHandler handler;
+  testing::TemporaryFolder folder;
+  string referred = "--depth=2";
+  string statuses;
+};
+
+TEST_F(References, StandForTheirArguments) {
+  EXPECT_EQ("level=1@+1 depth=2@+3 level=3@+5", command.parsed({"--level=1", "@x", "--level=3"}));
+  EXPECT_EQ("0", statuses);
+}
+
+TEST_F(References, LeaveOptionFilesToTheOuterParse) {
+  const string file = write("a", "--level=1\n@x\n--level=2");
+  EXPECT_EQ(0, command.parse({file, "@x"}));
+  EXPECT_EQ("00", statuses);
+  EXPECT_EQ("12", values("level"));
+  EXPECT_EQ("22", values("depth"));
+}
+
+TEST_F(References, MayNameOptionFiles) {
+  referred = write("a", "--level=1");
+  EXPECT_EQ(0, command.parse({"@x", "--level=2"}));
+  EXPECT_EQ("0", statuses);
+  EXPECT_EQ("21", values("level"));
+}
+
+TEST_F(References, ThatLeadAnOptionFileBackToItselfEndTheParse) {
+  referred = write("a", "--level=1\n@x");
+  EXPECT_EQ(6, command.parse({referred}));
+  EXPECT_EQ("Error reading option file '" + folder.path("a") + "'", string(command.error()));
+  EXPECT_EQ("0", statuses);
+  EXPECT_EQ("1", values("level"));
+}
+
+TEST_F(References, LeaveTheRulesForActionsToTheOuterParse) {
+  command.action("run");
+  command.action("walk");
+  EXPECT_EQ("depth=2@+1 run@+3", command.parsed({"@x", "--run"}));
+  referred = "--walk";
+  EXPECT_EQ("2: Action '-walk' and action '-run' were defined, but only one action possible.",
+            command.parsed({"--run", "@x"}));
+  EXPECT_EQ("00", statuses);
+}
+
+TEST_F(References, ArePartOfTheParseHoweverDeepInside) {
+  Command other;
+  RecordingHandler inner;
+  string outcome = "not parsed";
+  inner.alsoDo = [this] { statuses = std::to_string(parseReferred()); };
+  other.parser().addHandler(&inner);
+  handler.alsoDo = [&] {
+    if (handler.events == "unknown @x")
+      outcome = other.parsed({"-y"});
+  };
+  command.action("run");
+  EXPECT_EQ("depth=2@+1 run@+3", command.parsed({"@x", "--run"}));
+  EXPECT_EQ("", outcome);
+  EXPECT_EQ("0", statuses);
+}
+
+TEST_F(References, InAnotherResultAreAParseOfTheirOwn) {
+  const ResultHandle mine = makeResult(command.parser());
+  const string lines = write("a", "--level=1") + "\n--depth=2";
+  handler.alsoDo = [&] {
+    if (handler.events == "unknown @x")
+      statuses = std::to_string(command.parser().parseStream(lines.c_str(), mine.get()));
+  };
+  EXPECT_EQ("level=3@+7", command.parsed({"@x", "--level=3"}));
+  EXPECT_EQ("0", statuses);
+  EXPECT_STREQ("1", mine->get("level").text);
+  command.action("run");
+  handler.events.clear();
+  EXPECT_EQ("run@+9", command.parsed({"@x", "--run"}));  // the file is named twice by now
+  EXPECT_EQ("2", statuses);
+  EXPECT_STREQ("No action defined.", command.error());
+}
+
+TEST_F(References, OfAnotherParserAreAParseOfTheirOwn) {
+  Command other;
+  other.option("width", vtS32);
+  handler.alsoDo = [&] {
+    if (handler.events == "option level; value level=1; unknown @x")
+      statuses = std::to_string(other.parser().parseStream("--width=2", &command.result()));
+  };
+  EXPECT_EQ(1, command.parse({"--level=1", "@x"}));  // neither knows the other's options
+  EXPECT_EQ("1", statuses);
+  EXPECT_STREQ("2", command.result().get("width", 0, lastPosition).text);
+}
+
+TEST_F(References, MayUseDefaults) {
+  command.option("height", vtS32)->defaultValue(4);
+  handler.alsoDo = [this] { EXPECT_EQ(0, command.parseMore({})); };
+  EXPECT_EQ("level=1@+3 height(4)@+5", command.parsed({"--level=1"}));
+}
+
+TEST(HostileParses, DecideOnTheTraceOfWhatFollows) {
+  const testing::ConsoleCapture console;
+  Command command;
+  RecordingHandler handler;
+  handler.alsoDo = [&] { command.parser().parseStream("", nullptr); };
+  command.parser().addHandler(&handler);
+  EXPECT_EQ(0, command.parse({"kivooption=kivologenable=1", "-x", "-y"}));
+  EXPECT_EQ(
+      "PositionalOptionsParser: recognizing argument '-x'\n"
+      "AbbreviationParser: recognizing argument '-x'\n",
+      console.out());
+}
+
+// The files are found by the very cursor that handlers read with.
+TEST(HostileParses, ReadingOptionFilesMovesTheCursor) {
+  const testing::TemporaryFolder folder;
+  const string file = "--option-file=" + folder.write("a", "-x\n-y\n--level=3\n-z");
+  Command command;
+  RecordingHandler handler;
+  string seen;
+  handler.alsoDo = [&] {
+    if (handler.events.find("option-file") == string::npos)
+      return;
+    const Value value = seen.empty() ? command.result().get("level", 0, lastPosition)
+                                     : command.result().next("level");
+    seen += value.isEmpty == 0 ? value.text : "-";
+  };
+  command.option("level", vtS32);
+  command.optionFiles();
+  command.parser().addHandler(&handler);
+  EXPECT_EQ(0, command.parse({"--level=1,2", file}));
+  EXPECT_EQ("12-----", seen);
+}
+
+TEST_P(HostileParse, MayBeAskedForHelp) {
+  makesNoDifference([](HostileScene& scene) {
+    IParser& parser = scene.parser();
+    parser.option("quiet,q", "Say nothing.", vtNull);  // rejected when it is there
+    const string quiet = paragraphString("Say nothing.", "-quiet, -q", 30, 50);
+    EXPECT_EQ(quiet, parser.getDescription("quiet", false));
+    EXPECT_STREQ("", parser.getDescription(true));
+    EXPECT_STREQ("", parser.getActionModifiersDescription("quiet", false));
+    EXPECT_EQ(quiet, parser.getGlobalModifiersDescription(false));
+    EXPECT_EQ("Help for x not available.Please use one of the following topics:\n" + quiet,
+              parser.getDescription("x", false));
+  });
+}
+
+TEST_P(HostileParse, MayEndWhatTakesNoPartInIt) {
+  atEveryEvent([](HostileScene& scene, int event) {
+    ResultHandle idle = makeResult(scene.parser());
+    EXPECT_EQ(0, scene.parser().parseStream("--level=5", idle.get()));
+    ParserHandle other = makeParser();
+    ResultHandle ofAnother = makeResult(*other);
+    ParserHandle listening = makeParser();
+    scene.parser().addHandler(listening.get());
+    scene.at(event, [&] {
+      idle.reset();
+      other.reset();
+      ofAnother.reset();
+      scene.parser().removeHandler(listening.get());
+      listening.reset();
+    });
+    EXPECT_EQ(HostileScene::undisturbed(), scene.parse());
+    EXPECT_EQ(HostileScene::undisturbed(), scene.parseUndisturbed());
+  });
+}
+
+TEST_P(HostileParse, MayChangeTheGlobalLocale) {
+  const testing::GlobalLocale restored{std::locale()};
+  makesNoDifference([](HostileScene&) {
+    std::locale::global(std::locale() == std::locale::classic()
+                            ? testing::localeWithDecimalComma()
+                            : testing::localeWithUnderscoreAsSpace());
+  });
+}
+
+TEST(HostileLocale, CountsFromTheNextValueOn) {
+  const testing::GlobalLocale restored(std::locale::classic());
+  Command command(parserFlags::noTokenizer);
+  RecordingHandler handler;
+  handler.alsoDo = [] { std::locale::global(testing::localeWithDecimalComma()); };
+  command.option("ratio", vtDouble);
+  EXPECT_EQ("ratio=0.5@+1", command.parsed({"--ratio=0.5"}));
+  command.parser().addHandler(&handler);
+  EXPECT_EQ(0, command.parse({"-x", "--ratio=0,25"}));
+  EXPECT_EQ(0.25, command.result().get("ratio", 0, lastPosition).value.get<double>());
+}
+
+TEST(HostileConsole, WarningsToAClosedErrorStreamAreLost) {
+  const testing::ConsoleCapture console;
+  Command command;
+  RecordingHandler handler;
+  handler.alsoDo = [&] {
+    if (handler.events == "option mode; value mode=quick")
+      std::cerr.setstate(std::ios::badbit);
+  };
+  command.parser().addHandler(&handler);
+  command.option("mode", vtString)->allowValue("fast")->allowDeprecatedValue("quick", "fast");
+  EXPECT_EQ("mode=quick@+1 mode=quick@+3", command.parsed({"--mode=quick", "--mode=quick"}));
+  std::cerr.clear();
+  EXPECT_EQ(
+      "Warning: 'quick' argument is deprecated for the option '-mode'. Use the 'fast' argument "
+      "instead.\n",
+      console.err());
+}
+
+}  // namespace
+
+}  // namespace kivo_3_3

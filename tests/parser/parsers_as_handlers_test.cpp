@@ -1,0 +1,165 @@
+// Parsers registered with other parsers: chains, diamonds and rings of them.
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "support/command.h"
+#include "support/recording_handler.h"
+
+namespace kivo_3_3 {
+
+namespace {
+
+using std::string;
+using testing::Command;
+using testing::RecordingHandler;
+
+// Parsers with a handler each.
+class ParsersAsHandlers : public ::testing::Test {
+ protected:
+  ParsersAsHandlers() {
+    for (int i = 0; i < 4; ++i) {
+      commands[i].option("level", vtS32);
+      commands[i].parser().addHandler(&handlers[i]);
+    }
+  }
+
+  // Has the handlers of `listener` told what `teller` meets.
+  void link(int teller, int listener) {
+    commands[teller].parser().addHandler(&commands[listener].parser());
+  }
+
+  // How a parse of everything that is announced goes, then how often each handler was
+  // told all of it.
+  string parse(int parser) {
+    for (RecordingHandler& handler : handlers)
+      handler.events.clear();
+    string outcome = commands[parser].parsed({"--level=1,2", "-x"}) + ":";
+    for (const RecordingHandler& handler : handlers)
+      outcome += " " + howOften(handler.events);
+    return outcome;
+  }
+
+  static string howOften(const string& events) {
+    const string once[] = {"option level", "value level=1", "value level=2", "unknown -x"};
+    for (int times = 0; times < 5; ++times) {
+      string expected;
+      for (const string& event : once)
+        for (int i = 0; i < times; ++i)
+          expected += (expected.empty() ? "" : "; ") + event;
+      if (events == expected)
+        return std::to_string(times);
+    }
+    return events;
+  }
+
+  Command commands[4];
+  RecordingHandler handlers[4];
+};
+
+TEST_F(ParsersAsHandlers, PassEventsOnAlongAChain) {
+  link(0, 1);
+  link(1, 2);
+  EXPECT_EQ("level=1,2@+1: 1 1 1 0", parse(0));
+  EXPECT_EQ("level=1,2@+1: 0 1 1 0", parse(1));
+  EXPECT_EQ("level=1,2@+1: 0 0 1 0", parse(2));
+}
+
+TEST_F(ParsersAsHandlers, AreToldAsOftenAsThereAreWays) {
+  link(0, 1);
+  link(0, 2);
+  link(1, 3);
+  link(2, 3);
+  EXPECT_EQ("level=1,2@+1: 1 1 1 2", parse(0));
+}
+
+TEST_F(ParsersAsHandlers, OfEachOtherAreToldOnce) {
+  link(0, 1);
+  link(1, 0);
+  EXPECT_EQ("level=1,2@+1: 1 1 0 0", parse(0));
+  EXPECT_EQ("level=1,2@+1: 1 1 0 0", parse(1));
+}
+
+TEST_F(ParsersAsHandlers, InARingAreToldOnce) {
+  for (int i = 0; i < 4; ++i) {
+    link(i, i);
+    link(i, (i + 1) % 4);
+  }
+  for (int i = 0; i < 4; ++i)
+    EXPECT_EQ("level=1,2@+1: 1 1 1 1", parse(i));
+}
+
+TEST_F(ParsersAsHandlers, AllOfOneAnotherComeToAnEnd) {
+  for (int i = 0; i < 3; ++i)
+    for (int j = 0; j < 3; ++j)
+      link(i, j);
+  EXPECT_EQ("level=1,2@+1: 1 2 2 0", parse(0));  // straight, and by way of the third
+}
+
+TEST_F(ParsersAsHandlers, RingMayBeClosedAndOpenedFromInside) {
+  handlers[1].alsoDo = [this] { link(1, 0); };
+  link(0, 1);
+  EXPECT_EQ("level=1,2@+1: 1 1 0 0", parse(0));
+  handlers[1].alsoDo = [this] { commands[0].parser().removeHandler(&commands[1].parser()); };
+  parse(0);
+  EXPECT_EQ("option level", handlers[1].events);
+  EXPECT_EQ("level=1,2@+1: 1 0 0 0", parse(0));
+}
+
+TEST_F(ParsersAsHandlers, InARingRefuseAsOthersDo) {
+  link(0, 1);
+  link(1, 0);
+  Command strict(parserFlags::unknownArgumentIsError);
+  strict.option("level", vtS32);
+  strict.parser().addHandler(&commands[0].parser());
+  handlers[1].refusedValues = {"2"};
+  EXPECT_EQ("1: Value '1,2' is not valid for option 'level' in argument '--level=1,2'",
+            strict.parsed({"--level=1,2"}));
+  EXPECT_EQ("2: Unknown option: -x", strict.parsed({"-x", "-y"}));
+  handlers[1].acceptsUnknown = false;
+  EXPECT_EQ("", strict.parsed({"-x", "-y"}));
+}
+
+TEST_F(ParsersAsHandlers, InARingAreToldAllAgainAfterAnException) {
+  link(0, 1);
+  link(1, 0);
+  handlers[1].alsoDo = [] { throw std::runtime_error("from a handler"); };
+  EXPECT_EQ("4: Unidentified problem detected.", commands[0].parsed({"--level=1,2"}));
+  handlers[1].alsoDo = [] { throw 7; };
+  EXPECT_THROW(commands[0].parsed({"--level=1,2"}), int);
+  handlers[1].alsoDo = [] {};
+  EXPECT_EQ("level=1,2@+1: 1 1 0 0", parse(0));
+}
+
+TEST_F(ParsersAsHandlers, InARingMayBeToldOutsideAParse) {
+  link(0, 1);
+  link(1, 0);
+  EXPECT_TRUE(commands[0].parser().onOptionParse("level"));
+  handlers[1].acceptsUnknown = false;
+  EXPECT_FALSE(commands[0].parser().onUknownArgument("x"));
+  EXPECT_EQ("option level; unknown x", handlers[0].events);
+  EXPECT_EQ("option level; unknown x", handlers[1].events);
+}
+
+TEST_F(ParsersAsHandlers, AreToldOfAParseThatTheirHandlerStarts) {
+  link(0, 1);
+  link(1, 0);
+  link(2, 1);  // shares a handler with the first
+  for (const int inner : {0, 1, 2}) {
+    SCOPED_TRACE(inner);
+    int status = -1;
+    handlers[1].alsoDo = [&] {
+      if (handlers[1].events == "option level")
+        status = commands[inner].parser().parseStream("--level=9\n-y", nullptr);
+    };
+    EXPECT_EQ(0, parse(0).compare(0, 9, "level=1,2"));
+    EXPECT_EQ(0, status);
+    const string told = "option level; value level=9; unknown -y; value level=1; value level=2";
+    EXPECT_EQ("option level; " + told + "; unknown -x", handlers[1].events);
+  }
+}
+
+}  // namespace
+
+}  // namespace kivo_3_3
