@@ -36,18 +36,16 @@ DeclarationIndex::Match DeclarationIndex::findBest(const std::string& typed,
     return {Match::unique, *exact, typed};
 
   std::vector<std::string> matches;
-  const auto collect = [&](std::string_view prefix, std::string_view ahead, auto accept) {
-    auto [entry, last] = beginningWith(prefix, options);
+  const auto collect = [&](Names& names, std::string_view ahead, std::string_view prefix) {
+    auto [entry, last] = names.beginningWith(prefix, options);
     for (; entry != last && matches.size() < 2; ++entry)
-      if (accept(*entry))
-        matches.push_back(std::string(ahead) + nameOf(*entry, options));
+      matches.push_back(std::string(ahead) + nameOf(*entry, options));
   };
-  collect(typed, "", [](Entry) { return true; });
-  const auto boolean = [&](Entry entry) { return isBoolean(entry, options); };
+  collect(m_names, "", typed);
   if (beginsWith(typed, negation))
-    collect(std::string_view(typed).substr(negation.size()), negation, boolean);
+    collect(m_booleans, negation, std::string_view(typed).substr(negation.size()));
   else if (beginsWith(negation, typed))
-    collect("", negation, boolean);
+    collect(m_booleans, negation, "");
 
   if (matches.empty())
     return {};
@@ -84,10 +82,13 @@ void DeclarationIndex::settle(std::uint32_t option, const Options& options) {
 
 // Whatever may fail for want of memory comes first.
 void DeclarationIndex::add(Entry entry, const Options& options) {
-  if ((m_entries.size() + 1) * 2 > m_slots.size())
+  if ((m_names.entries.size() + 1) * 2 > m_slots.size())
     grow();
-  m_entries.push_back(entry);
-  m_sorted = false;
+  m_names.makeRoom();
+  m_booleans.makeRoom();
+  m_names.add(entry);
+  if (isBoolean(entry, options))
+    m_booleans.add(entry);
   const std::size_t hash = hashOf(nameOf(entry, options));
   freeSlot(m_slots, hash) = {hash, entry};
 }
@@ -136,23 +137,32 @@ std::optional<unsigned int> DeclarationIndex::firstWith(std::string_view name,
   return first;
 }
 
-// The entries are put in order when a shortened name is first looked for.
-std::pair<DeclarationIndex::Entries, DeclarationIndex::Entries> DeclarationIndex::beginningWith(
-    std::string_view prefix, const Options& options) {
-  if (!m_sorted) {
-    std::sort(m_entries.begin(), m_entries.end(), [&](Entry left, Entry right) {
+void DeclarationIndex::Names::makeRoom() {
+  if (entries.size() == entries.capacity())
+    entries.reserve(entries.size() * 2 + 1);
+}
+
+void DeclarationIndex::Names::add(Entry entry) {
+  entries.push_back(entry);
+  sorted = false;
+}
+
+std::pair<DeclarationIndex::Entries, DeclarationIndex::Entries>
+DeclarationIndex::Names::beginningWith(std::string_view prefix, const Options& options) {
+  if (!sorted) {
+    std::sort(entries.begin(), entries.end(), [&](Entry left, Entry right) {
       return nameOf(left, options) < nameOf(right, options);
     });
-    m_sorted = true;
+    sorted = true;
   }
   const auto cut = [&](Entry entry) {
     return std::string_view(nameOf(entry, options)).substr(0, prefix.size());
   };
   const auto first =
-      std::lower_bound(m_entries.cbegin(), m_entries.cend(), prefix,
+      std::lower_bound(entries.cbegin(), entries.cend(), prefix,
                        [&](Entry entry, std::string_view wanted) { return cut(entry) < wanted; });
   const auto last =
-      std::upper_bound(first, m_entries.cend(), prefix,
+      std::upper_bound(first, entries.cend(), prefix,
                        [&](std::string_view wanted, Entry entry) { return wanted < cut(entry); });
   return {first, last};
 }

@@ -71,12 +71,20 @@ class DeclarationIndex {
   template <class Accept>
   std::optional<unsigned int> firstWith(std::string_view name, const Options& options,
                                         Accept accept) const;
-  std::pair<Entries, Entries> beginningWith(std::string_view prefix, const Options& options);
+  // Names, put in order when they are next looked for by how they begin.
+  struct Names {
+    std::vector<Entry> entries;
+    bool sorted = false;
 
-  std::vector<Slot> m_slots;     // open addressing, a power of two, at most half full
-  std::vector<Entry> m_entries;  // by name once m_sorted
-  bool m_sorted = false;
-  Entry m_next = {0, 0};  // the first name not yet indexed
+    void makeRoom();
+    void add(Entry entry);  // behind makeRoom() it cannot fail
+    std::pair<Entries, Entries> beginningWith(std::string_view prefix, const Options& options);
+  };
+
+  std::vector<Slot> m_slots;  // open addressing, a power of two, at most half full
+  Names m_names;              // all of them
+  Names m_booleans;           // those with a "no-" form
+  Entry m_next = {0, 0};      // the first name not yet indexed
 
   // Of all options but the last:
   std::optional<std::uint32_t> m_positional;  // the first positional one

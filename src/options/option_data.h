@@ -2,7 +2,6 @@
 
 #include <kivo/value.h>
 
-#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,30 +17,16 @@ struct OptionData {
 
   // Puts the occurrences of `more` behind those here or, when memory runs out, leaves all
   // as it is.
-  void append(const OptionData& more) {
-    makeRoom(positions, more.positions.size());
-    makeRoom(values, more.values.size());
-    values.insert(values.end(), more.values.begin(), more.values.end());
-    positions.insert(positions.end(), more.positions.begin(), more.positions.end());
-  }
+  void append(const OptionData& more);
   // Undoes the append() made last.
-  void takeBack(const OptionData& appended) {
-    positions.resize(positions.size() - appended.positions.size());
-    values.resize(values.size() - appended.values.size());
-  }
+  void takeBack(const OptionData& appended);
 
   std::vector<int> positions;  // one for each occurrence
   std::vector<PositionedValue> values;
   PositionedValue defaultValue;  // empty text and vtNull where no default was applied
-
- private:
-  // A vector that must move to grow is not left alone when copying into it fails, so it
-  // grows ahead of that.
-  template <class T>
-  static void makeRoom(std::vector<T>& list, std::size_t more) {
-    if (list.capacity() - list.size() < more)
-      list.reserve(std::max(list.size() * 2, list.size() + more));
-  }
+  // Whether positions and values both ascend. They do unless one parse stored into the
+  // result in the midst of another, or the counter has wrapped.
+  bool isAscending = true;
 };
 
 // Where recognizers hand over what they have bound.

@@ -46,8 +46,8 @@ void parseStreamToArgs(const char* text, std::vector<std::string>& args) {
 
 void OptionFileTrail::named(std::size_t total) {
   std::optional<std::size_t> by;
-  if (!m_namedBy.empty())
-    by = m_namedBy.size() - 1;
+  if (!m_entered.empty())
+    by = m_entered.size() - 1;
   for (; m_named < total; ++m_named)
     m_waiting.push_back(by);
 }
@@ -58,20 +58,17 @@ bool OptionFileTrail::enter(const std::string& identity) {
     namedBy = m_waiting.front();
     m_waiting.pop_front();
   }
-  const auto earlier = m_byIdentity.equal_range(identity);
-  const auto ledHere = [&](const auto& entered) { return ledTo(entered.second, namedBy); };
-  if (std::any_of(earlier.first, earlier.second, ledHere))
+  const auto [kept, isNew] = m_identities.insert(identity);
+  if (!isNew && hasLedTo(&*kept, namedBy))
     return false;
-  m_byIdentity.emplace(identity, m_namedBy.size());
-  m_namedBy.push_back(namedBy);
+  m_entered.push_back({&*kept, namedBy});
   return true;
 }
 
-// A file is always entered after the one that named it.
-bool OptionFileTrail::ledTo(std::size_t ancestor, std::optional<std::size_t> file) const {
-  while (file && *file > ancestor)
-    file = m_namedBy[*file];
-  return file == ancestor;
+bool OptionFileTrail::hasLedTo(const std::string* identity, std::optional<std::size_t> file) const {
+  while (file && m_entered[*file].identity != identity)
+    file = m_entered[*file].namedBy;
+  return file.has_value();
 }
 
 }  // namespace kivo_3_3

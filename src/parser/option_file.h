@@ -4,7 +4,7 @@
 #include <deque>
 #include <optional>
 #include <string>
-#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace kivo_3_3 {
@@ -27,10 +27,16 @@ class OptionFileTrail {
   bool enter(const std::string& identity);
 
  private:
-  bool ledTo(std::size_t ancestor, std::optional<std::size_t> file) const;
+  struct Entered {
+    const std::string* identity;  // one address for each
+    std::optional<std::size_t> namedBy;
+  };
 
-  std::vector<std::optional<std::size_t>> m_namedBy;  // for each file entered
-  std::unordered_multimap<std::string, std::size_t> m_byIdentity;
+  // Whether a file of this identity is `file`, or named it, or named what named it.
+  bool hasLedTo(const std::string* identity, std::optional<std::size_t> file) const;
+
+  std::vector<Entered> m_entered;
+  std::unordered_set<std::string> m_identities;
   std::deque<std::optional<std::size_t>> m_waiting;  // who named each file not entered yet
   std::size_t m_named = 0;
 };

@@ -71,9 +71,12 @@ void ParseResult::store(const OptionDescription& option, const OptionData& data)
 }
 
 void ParseResult::storeFirst(const std::vector<string>& names, const OptionData& data) {
+  OptionData first;
+  first.defaultValue = data.defaultValue;
+  first.append(data);
   OptionMap entries;
   for (const string& name : names)
-    entries[name] = data;
+    entries[name] = first;
   for (auto& [name, entry] : entries) {
     const auto shared = m_options.find(name);  // another option has this name too
     if (shared != m_options.end())

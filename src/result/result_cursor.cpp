@@ -1,5 +1,6 @@
 #include "result/result_cursor.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace kivo_3_3 {
@@ -9,6 +10,34 @@ namespace {
 // Given nowhere, with a default that has a text: the one case in which a default shows.
 bool isDefaultOnly(const OptionData& data) {
   return data.positions.empty() && !data.defaultValue.first.first.empty();
+}
+
+// The first element from `begin` on that `isBefore` is false for. An ordered list is not
+// walked, so that each of many occurrences can be asked for what is its own.
+template <class List, class IsBefore>
+std::size_t skip(const List& list, std::size_t begin, bool isOrdered, IsBefore isBefore) {
+  if (begin >= list.size() || !isBefore(list[begin]))
+    return begin;
+  const auto first = list.begin() + static_cast<std::ptrdiff_t>(begin);
+  const auto found = isOrdered ? std::partition_point(first, list.end(), isBefore)
+                               : std::find_if_not(first, list.end(), isBefore);
+  return static_cast<std::size_t>(found - list.begin());
+}
+
+// The range is exclusive above, unlike that of values.
+std::size_t firstOccurrence(const OptionData& data, int from, int to) {
+  if (!data.isAscending)
+    return skip(data.positions, 0, false,
+                [&](int position) { return position < from || position >= to; });
+  const std::size_t first =
+      skip(data.positions, 0, true, [&](int position) { return position < from; });
+  return first < data.positions.size() && data.positions[first] < to ? first
+                                                                     : data.positions.size();
+}
+
+std::size_t firstValue(const OptionData& data, std::size_t begin, int from) {
+  return skip(data.values, begin, data.isAscending,
+              [&](const auto& value) { return value.second < from; });
 }
 
 }  // namespace
@@ -28,12 +57,8 @@ int ResultCursor::get(const char* name, const char** text, variant_t& value, int
   if (isDefaultOnly(data))
     return deliver(data.defaultValue, text, value, position);
 
-  // Exclusive above, unlike the values in next().
-  const auto isInRange = [&](int occurrence) { return from <= occurrence && occurrence < to; };
-  std::size_t& occurrence = m_place.position;
-  while (occurrence < data.positions.size() && !isInRange(data.positions[occurrence]))
-    ++occurrence;
-  if (occurrence == data.positions.size())
+  m_place.position = firstOccurrence(data, from, to);
+  if (m_place.position == data.positions.size())
     return nothingLeft;
   return text != nullptr ? next(text, value, position) : delivered;
 }
@@ -53,9 +78,7 @@ int ResultCursor::next(const char** text, variant_t& value, int& position) {
     position = nextPosition();
     return position != lastPosition ? delivered : nothingLeft;
   }
-  while (m_place.value < data.values.size() &&
-         data.values[m_place.value].second < m_place.rangeFrom)
-    ++m_place.value;
+  m_place.value = firstValue(data, m_place.value, m_place.rangeFrom);
   // The entry may have become shorter: options can share a name, which one then takes over.
   if (m_place.value >= data.values.size() || data.values[m_place.value].second > m_place.rangeTo)
     return nothingLeft;

@@ -1,0 +1,168 @@
+// Twice the input takes at most a little more than twice the allocations, and twice the
+// memory, taken as well as held. This is counted, so it holds on every machine, however
+// busy it is.
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "size/allocation_count.h"
+#include "support/command.h"
+#include "support/temporary_folder.h"
+
+namespace kivo_3_3::testing {
+
+namespace {
+
+using std::string;
+using Arguments = std::vector<string>;
+
+constexpr double mostForTwice = 2.2;
+
+Arguments repeated(const string& text, int count) {
+  Arguments arguments;
+  for (int i = 0; i < count; ++i)
+    arguments.push_back(text + std::to_string(1000000 + i));
+  return arguments;
+}
+
+string text(const Arguments& lines, char end) {
+  string all;
+  for (const string& line : lines)
+    all += line + end;
+  return all;
+}
+
+// The option of most of the families.
+Command withText() {
+  Command command(parserFlags::unknownArgumentIsError);
+  command.option("text,t", vtString);
+  command.optionFiles();
+  return command;
+}
+
+template <class Work>
+AllocationCount countOf(Work work) {
+  startCounting();
+  work();
+  return countedSoFar();
+}
+
+AllocationCount parsing(Command& command, const Arguments& arguments) {
+  return countOf([&] {
+    EXPECT_EQ(0, command.parse(arguments));
+    EXPECT_FALSE(values(command.result(), "text").empty() && leftovers(command.result()).empty());
+  });
+}
+
+AllocationCount ofNamedArguments(int count) {
+  Command command = withText();
+  return parsing(command, repeated("--text=a value that fits into no short string ", count));
+}
+
+AllocationCount ofLeftovers(int count) {
+  Command command = withText();
+  Arguments arguments = repeated("--a leftover that fits into no short string ", count);
+  arguments.insert(arguments.begin(), "--");
+  return parsing(command, arguments);
+}
+
+AllocationCount ofStreamLines(int count) {
+  Command command = withText();
+  const string stream = text(repeated("--text=", count), '\n');
+  return countOf([&] { EXPECT_EQ(0, command.parseStream(stream.c_str())); });
+}
+
+AllocationCount ofOptionFileLines(int count) {
+  Command command = withText();
+  const TemporaryFolder folder;
+  return parsing(command, {"--option-file=" +
+                           folder.write("options", text(repeated("--text=", count), '\n'))});
+}
+
+AllocationCount ofTokens(int count) {
+  Command command = withText();
+  return parsing(command, {"--text=" + text(repeated("token", count), ',')});
+}
+
+AllocationCount ofBytesInAValue(int count) {
+  Command command = withText();
+  return parsing(command, {"--text=" + string(static_cast<std::size_t>(count) * 100, 'x')});
+}
+
+AllocationCount ofBytesInAMessage(int count) {
+  Command command;
+  command.option("number", vtS32);
+  const Arguments arguments = {"--number=" + string(static_cast<std::size_t>(count) * 100, 'x')};
+  return countOf([&] {
+    EXPECT_EQ(2, command.parse(arguments));
+    EXPECT_LT(arguments[0].size() * 2, string(command.error()).size());
+  });
+}
+
+AllocationCount ofOptions(int count) {
+  const Arguments names = repeated("option", count / 10);
+  return countOf([&] {
+    Command command;
+    for (const string& name : names)
+      command.option(name.c_str(), vtS32)->defaultValue(1);
+    EXPECT_EQ(0, command.parse({"--option1000000=2"}));
+  });
+}
+
+AllocationCount ofHelp(int count) {
+  Command command;
+  for (const string& name : repeated("option", count / 10))
+    command.parser().option(name.c_str(), "A description that is longer than one line of help is.",
+                            vtS32, "key:Introduction.");
+  return countOf([&] { EXPECT_STRNE("", command.parser().getDescription(false)); });
+}
+
+AllocationCount ofOptionFiles(int count) {
+  Command command = withText();
+  const TemporaryFolder folder;
+  const int links = count / 50;
+  for (int i = 0; i < links; ++i)
+    folder.write(std::to_string(i),
+                 "--text=x\n--option-file=" + folder.path(std::to_string(i + 1)));
+  folder.write(std::to_string(links), "");
+  return parsing(command, {"--option-file=" + folder.path("0")});
+}
+
+struct Family {
+  const char* name;
+  AllocationCount (*cost)(int count);
+};
+
+std::ostream& operator<<(std::ostream& out, const Family& family) { return out << family.name; }
+
+class Growth : public ::testing::TestWithParam<Family> {};
+
+TEST_P(Growth, OfAllocationsAndMemoryIsLinear) {
+  constexpr int count = 20000;
+  GetParam().cost(count);  // what is made once per process is made now
+  const AllocationCount once = GetParam().cost(count);
+  const AllocationCount twice = GetParam().cost(2 * count);
+  const auto expectTwice = [](const char* what, auto before, auto after) {
+    EXPECT_LE(static_cast<double>(after), mostForTwice * static_cast<double>(before)) << what;
+  };
+  expectTwice("allocations", once.allocations, twice.allocations);
+  expectTwice("bytes taken", once.bytes, twice.bytes);
+  expectTwice("bytes held", once.peakBytes, twice.peakBytes);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Input, Growth,
+    ::testing::Values(Family{"NamedArguments", ofNamedArguments}, Family{"Leftovers", ofLeftovers},
+                      Family{"StreamLines", ofStreamLines},
+                      Family{"OptionFileLines", ofOptionFileLines}, Family{"Tokens", ofTokens},
+                      Family{"BytesInAValue", ofBytesInAValue},
+                      Family{"BytesInAMessage", ofBytesInAMessage}, Family{"Options", ofOptions},
+                      Family{"Help", ofHelp}, Family{"OptionFiles", ofOptionFiles}),
+    [](const auto& family) { return string(family.param.name); });
+
+}  // namespace
+
+}  // namespace kivo_3_3::testing
