@@ -16,12 +16,15 @@ TEST(Utf32ToUtf8, EveryLengthBeginsAndEndsWhereItShould) {
       {0x2D, "-"},
       {0x7F, "\x7F"},
       {0x80, "\xC2\x80"},
+      {0xAA, "\xC2\xAA"},  // bits that differ from their neighbours
       {0x7FF, "\xDF\xBF"},
       {0x800, "\xE0\xA0\x80"},
       {0xD7FF, "\xED\x9F\xBF"},
       {0xE000, "\xEE\x80\x80"},
       {0xFFFF, "\xEF\xBF\xBF"},
       {0x10000, "\xF0\x90\x80\x80"},
+      {0x8AAAA, "\xF2\x8A\xAA\xAA"},
+      {0x8A56A, "\xF2\x8A\x95\xAA"},
       {0x10FFFF, "\xF4\x8F\xBF\xBF"},
   };
   for (const auto& c : cases)
