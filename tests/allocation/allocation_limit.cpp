@@ -30,17 +30,11 @@ bool fails() {
   return true;
 }
 
-void* allocate(std::size_t bytes) noexcept {
+void* allocate(std::size_t bytes) {
   void* const block = fails() ? nullptr : std::malloc(bytes != 0 ? bytes : 1);
-  if (block != nullptr)
-    ++live;
-  return block;
-}
-
-void* allocateOrThrow(std::size_t bytes) {
-  void* const block = allocate(bytes);
   if (block == nullptr)
     throw std::bad_alloc();
+  ++live;
   return block;
 }
 
@@ -68,17 +62,7 @@ long liveBlocks() { return live; }
 
 }  // namespace kivo_3_3::testing
 
-using kivo_3_3::testing::allocate;
-using kivo_3_3::testing::allocateOrThrow;
-using kivo_3_3::testing::release;
-
-void* operator new(std::size_t bytes) { return allocateOrThrow(bytes); }
-void* operator new[](std::size_t bytes) { return allocateOrThrow(bytes); }
-void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept { return allocate(bytes); }
-void* operator new[](std::size_t bytes, const std::nothrow_t&) noexcept { return allocate(bytes); }
-void operator delete(void* block) noexcept { release(block); }
-void operator delete[](void* block) noexcept { release(block); }
-void operator delete(void* block, std::size_t) noexcept { release(block); }
-void operator delete[](void* block, std::size_t) noexcept { release(block); }
-void operator delete(void* block, const std::nothrow_t&) noexcept { release(block); }
-void operator delete[](void* block, const std::nothrow_t&) noexcept { release(block); }
+// Arrays and the forms that do not throw come down to these.
+void* operator new(std::size_t bytes) { return kivo_3_3::testing::allocate(bytes); }
+void operator delete(void* block) noexcept { kivo_3_3::testing::release(block); }
+void operator delete(void* block, std::size_t) noexcept { kivo_3_3::testing::release(block); }

@@ -237,6 +237,7 @@ TEST(VariantEquality, ComparesNumbersByValueAcrossKinds) {
   for (const variant_t& left : threes)
     for (const variant_t& right : threes)
       EXPECT_TRUE(left == right && !(left != right)) << left.type() << " " << right.type();
+  EXPECT_TRUE(variant_t(0) == variant_t(0U));
   EXPECT_TRUE(variant_t(true) == variant_t(1));
   EXPECT_TRUE(variant_t(-1) == variant_t(-1.0));
   EXPECT_TRUE(variant_t(3) != variant_t(3.5));

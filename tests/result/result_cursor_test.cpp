@@ -418,6 +418,8 @@ TEST(LeftoverArguments, AreWalkedByStringsAndByPointersAlike) {
   EXPECT_STREQ("b", pointer);
   EXPECT_EQ(1, result.getNextArgument(text));
   EXPECT_EQ("a", text);
+  EXPECT_EQ(0, result.getFirstArgument(text));
+  EXPECT_EQ("a", text);
 }
 
 TEST(LeftoverArguments, NullOutputOnlyMovesOn) {
