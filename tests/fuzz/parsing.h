@@ -51,13 +51,13 @@ inline std::string shown(const Value& value, int base) {
 }
 
 // Positions that only grow; the one before them is `base`. Where an option has one name
-// twice, what is stored for it may stand there twice as well.
+// twice, each occurrence is stored there twice as a whole, and its positions come again.
 class Rising {
  public:
   Rising(int base, bool mayRepeat) : m_base(base), m_last(base), m_mayRepeat(mayRepeat) {}
 
   std::string next(int position) {
-    expect(position > m_last || (m_mayRepeat && position == m_last), "positions rise",
+    expect(position > m_last || m_mayRepeat, "positions rise",
            std::to_string(position) + " behind " + std::to_string(m_last));
     m_last = position;
     return "@" + std::to_string(position - m_base) + " ";

@@ -238,6 +238,9 @@ TEST(VariantEquality, ComparesNumbersByValueAcrossKinds) {
     for (const variant_t& right : threes)
       EXPECT_TRUE(left == right && !(left != right)) << left.type() << " " << right.type();
   EXPECT_TRUE(variant_t(0) == variant_t(0U));
+  EXPECT_TRUE(variant_t(0) != variant_t());
+  EXPECT_TRUE(variant_t() != variant_t(0.0));
+  EXPECT_FALSE(variant_t(3U) < variant_t(3ULL));
   EXPECT_TRUE(variant_t(true) == variant_t(1));
   EXPECT_TRUE(variant_t(-1) == variant_t(-1.0));
   EXPECT_TRUE(variant_t(3) != variant_t(3.5));

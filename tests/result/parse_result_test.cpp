@@ -69,6 +69,62 @@ TEST(OptionData, IsEmptyWhenMade) {
   EXPECT_EQ(vtNull, data.defaultValue.first.second.type());
 }
 
+TEST(OptionData, KnowsWhetherItsPositionsAscend) {
+  const struct {
+    const char* why;
+    std::vector<int> positions[2];  // of two occurrences that are appended in turn
+    std::vector<int> values[2];
+    bool ascends;
+  } cases[] = {
+      {"as they are drawn", {{1}, {4}}, {{2, 3}, {5}}, true},
+      {"nothing", {{}, {}}, {{}, {}}, true},
+      {"one of each kind", {{1}, {}}, {{2}, {}}, true},
+      {"occurrences turn back between two", {{4}, {1}}, {{5}, {6}}, false},
+      {"occurrences turn back within one", {{2, 1}, {}}, {{3}, {}}, false},
+      {"occurrences turn back within the second", {{1}, {3, 2}}, {{4}, {5}}, false},
+      {"values turn back between two", {{1}, {4}}, {{5, 6}, {3}}, false},
+      {"values turn back within the first", {{1}, {4}}, {{3, 2}, {5}}, false},
+      {"values turn back within the second", {{1}, {4}}, {{2, 3}, {6, 5}}, false},
+      {"values turn back before the last", {{1}, {9}}, {{3, 2, 4}, {10}}, false},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.why);
+    OptionData entry;
+    for (int i = 0; i < 2; ++i) {
+      OptionData data;
+      data.positions = c.positions[i];
+      for (const int position : c.values[i])
+        data.values.push_back({{"v", "v"}, position});
+      entry.append(data);
+    }
+    EXPECT_EQ(c.ascends, entry.isAscending);
+  }
+}
+
+TEST(OptionData, OnceOutOfOrderStaysOutOfOrder) {
+  OptionData entry;
+  for (const int position : {3, 1, 5})
+    entry.append(occurrence(position, "v"));
+  EXPECT_FALSE(entry.isAscending);
+}
+
+TEST(OptionData, TakesBackWhatWasAppendedLast) {
+  OptionData entry;
+  entry.append(occurrence(1, "a"));
+  entry.append(occurrence(3, "b"));
+  entry.takeBack(occurrence(3, "b"));
+  EXPECT_EQ("@1 a@2 (@0)", render(entry));
+}
+
+TEST(Store, OneNameTwiceHasEachLaterOccurrenceTwice) {
+  ParseResult result;
+  const OptionDescription option = named({"level", "l", "l"});
+  result.store(option, occurrence(1, "a"));
+  result.store(option, occurrence(3, "b"));
+  EXPECT_EQ("@1 @3 a@2 b@4 (@0)", entry(result, "level"));
+  EXPECT_EQ("@1 @3 @3 a@2 b@4 b@4 (@0)", entry(result, "l"));
+}
+
 TEST(Store, EveryNameHasAllOccurrencesInTheOrderTheyCame) {
   ParseResult result;
   const OptionDescription option = named({"level", "depth", "l"});
