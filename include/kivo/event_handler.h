@@ -27,14 +27,16 @@ namespace kivo_3_3 {
 ///   is added is told of this event already if it comes after the one being told;
 /// - read the result being filled, which has everything up to the option being announced,
 ///   and go on reading at a later event, though each option file moves the cursor;
-/// - parse, with any parser and into any result. It is told of what it parses with this
-///   parser too, and must see to it that this comes to an end. What it parses with this
-///   parser into the result being filled is stored ahead of the option being announced
-///   and counts as part of the outer parse, which reads the option files and looks at the
-///   actions when its own arguments are through.
+/// - parse, with any parser and into any result, at most a hundred parses deep: beyond
+///   that all of them end with `status::unidentifiedProblem`. It is told of what it parses
+///   with this parser too. What it parses with this parser into the result being filled is
+///   stored ahead of the option being announced and counts as part of the outer parse,
+///   which reads the option files and looks at the actions when its own arguments are
+///   through. What another parser stores there makes the outer parse end with 1, and no
+///   reason, unless its options have the same names.
 ///
 /// It must not end a result that is being filled, nor a parser that is parsing or passing
-/// on the event.
+/// on the event: that reaches the assertion handler and, should it return, does nothing.
 ///
 /// A standard exception that it throws ends the parse with `status::unidentifiedProblem`;
 /// any other leaves the parse operation. Parser and result stay usable after either.

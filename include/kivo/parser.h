@@ -106,7 +106,8 @@ class KIVO_API IParser : public EventHandler {
 
   /// The help for the whole tool: its actions with their descriptions, or without
   /// actions every option. `hidden` asks for what was declared in the group
-  /// "kivo_hidden", and for that alone.
+  /// "kivo_hidden", and for that alone. Every help operation answers "Unknown error
+  /// handled." when it cannot do better, and the empty text when memory runs out for good.
   virtual const char* getDescription(bool hidden) = 0;
 
   /// The help for one option or action, found by any of its names. A null topic means

@@ -37,7 +37,10 @@ def room_of(file):
     return parts[1] if parts[0] == "src" else parts[0]
 
 
-class Mutant(collections.namedtuple("Mutant", "file original start end replacement")):
+class Mutant(collections.namedtuple("Mutant", "file original start end replacement nth",
+                                    defaults=(1,))):
+    """One change; `nth` counts those of a file that read alike."""
+
     def text(self):
         return self.original[:self.start] + self.replacement + self.original[self.end:]
 
@@ -54,10 +57,13 @@ class Mutant(collections.namedtuple("Mutant", "file original start end replaceme
 
     def entry(self):
         """The mutant as tests/equivalent_mutants.txt names it, wherever its line has moved."""
-        return f"{self.file}: {self.change()}"
+        return f"{self.file}: {self._told()}"
+
+    def _told(self):
+        return self.change() + (f" #{self.nth}" if self.nth > 1 else "")
 
     def __str__(self):
-        return f"{self.file}:{self.line}: {self.change()}"
+        return f"{self.file}:{self.line}: {self._told()}"
 
 
 class Source:
@@ -179,6 +185,10 @@ def mutants_of(tree, file):
     text = (pathlib.Path(tree) / file).read_text()
     source = Source(text)
     places = ("code", "class") if file.endswith(".h") else ("code", "class", "namespace")
-    return sorted({Mutant(file, text, *change) for change in source.changes()
-                   if source.place[change[0]] in places},
-                  key=lambda mutant: (mutant.start, mutant.end, mutant.replacement))
+    found = sorted({Mutant(file, text, *change) for change in source.changes()
+                    if source.place[change[0]] in places},
+                   key=lambda mutant: (mutant.start, mutant.end, mutant.replacement))
+    alike = collections.Counter()
+    for mutant in found:
+        alike[mutant.change()] += 1
+        yield mutant._replace(nth=alike[mutant.change()])

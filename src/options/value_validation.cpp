@@ -49,6 +49,11 @@ string isAmbiguous(const OptionDescription& option) {
   return "Ambiguous value for option " + quoted(option.firstName()) + possibleValues(option);
 }
 
+string isDeprecated(const OptionDescription& option, const string& text, const char* instead) {
+  return "Warning: " + quoted(text) + " argument is deprecated for the option '-" +
+         option.firstName() + "'. Use the " + quoted(instead) + " argument instead.";
+}
+
 // Visits what may be given for the option: the allowed values as declared, then the
 // deprecated ones in their order. Stops when `visit` returns true.
 template <class Visit>
@@ -84,9 +89,7 @@ void warnIfDeprecated(const OptionDescription& option, const string& text) {
       option.m_deprecatedValues.find(option.fromString(text.c_str(), option.m_garbage));
   if (deprecated == option.m_deprecatedValues.end())
     return;
-  BEDROCK::ucerr << "Warning: " << quoted(text) << " argument is deprecated for the option '-"
-                 << option.firstName() << "'. Use the " << quoted(readAsText(deprecated->second))
-                 << " argument instead." << std::endl;
+  BEDROCK::ucerr << isDeprecated(option, text, readAsText(deprecated->second)) << std::endl;
 }
 
 }  // namespace

@@ -2,8 +2,9 @@
 
 #include <algorithm>
 
+#include "base/running_call.h"
+#include "bedrock/assertion.h"
 #include "help/help_generator.h"
-#include "parser/running_call.h"
 #include "result/parse_result.h"
 
 namespace kivo_3_3 {
@@ -41,7 +42,13 @@ BasicParser::BasicParser(int flags) : m_storage(&m_garbage), m_flags(flags) {
     m_storage.setTokenizer('\0');
 }
 
-void BasicParser::destroy() { delete this; }
+// Ended from a handler, it would be missing when the parse goes on.
+void BasicParser::destroy() {
+  if (RunningCall::isInUse(*this))
+    BEDROCK::assertion_failed("!RunningCall::isInUse(*this)", __FILE__, __LINE__);
+  else
+    delete this;
+}
 
 int BasicParser::createResult(IParseResult** result) {
   if (result == nullptr)
@@ -174,7 +181,9 @@ void BasicParser::forEachHandler(Call call) {
   auto handler = m_handlers.begin();
   while (handler != m_handlers.end()) {
     EventHandler* const called = *handler;
-    if (!call(*called))
+    const bool goesOn = call(*called);
+    passingOn.throwIfTooDeep();
+    if (!goesOn)
       return;
     handler = m_handlers.upper_bound(called);
   }

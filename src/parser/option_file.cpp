@@ -12,8 +12,7 @@ namespace {
 using std::string_view;
 
 string_view withoutLineEnd(string_view line) {
-  const std::size_t last = line.find_last_not_of("\r\n");
-  return line.substr(0, last == string_view::npos ? 0 : last + 1);
+  return line.substr(0, line.find_last_not_of("\r\n") + 1);  // where there is none, 0
 }
 
 string_view withoutIndent(string_view line, const WhiteSpace& isSpace) {

@@ -12,13 +12,13 @@
 #include <new>
 
 #include "base/quoted.h"
+#include "base/running_call.h"
 #include "base/trace.h"
 #include "bedrock/file.h"
 #include "parser/action_rules.h"
 #include "parser/argument_window.h"
 #include "parser/basic_parser.h"
 #include "parser/option_file.h"
-#include "parser/running_call.h"
 #include "recognizers/abbreviation_parser.h"
 #include "recognizers/positional_options_parser.h"
 #include "result/parse_result.h"
@@ -114,6 +114,7 @@ int BasicParser::parseVector(std::vector<string>& args, IParseResult* result) {
   const PinnedDeclarations pinned(m_storage);
   const RunningCall parsing(*this, result);
   try {
+    parsing.throwIfTooDeep();
     int outcome = parseArguments(args, result);
     if (parsing.isPartOfAParse())
       return outcome;

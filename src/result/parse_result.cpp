@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "base/running_call.h"
+#include "bedrock/assertion.h"
 #include "recognizers/argument_parser.h"
 
 namespace kivo_3_3 {
@@ -10,7 +12,13 @@ using std::string;
 
 IParseResult::~IParseResult() = default;
 
-void ParseResult::destroy() { delete this; }
+// Ended from a handler, it would be missing when the parse goes on.
+void ParseResult::destroy() {
+  if (RunningCall::isInUse(*this))
+    BEDROCK::assertion_failed("!RunningCall::isInUse(*this)", __FILE__, __LINE__);
+  else
+    delete this;
+}
 
 bool ParseResult::present(const char* name, int from, int to) {
   return m_cursor.present(name, from, to);

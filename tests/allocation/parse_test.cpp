@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <iostream>
+#include <iterator>
+#include <streambuf>
+
 #include "allocation/failing_memory.h"
 #include "support/command.h"
 #include "support/console_capture.h"
@@ -86,6 +90,19 @@ void expectSound(Parsing& scene, const string& answer) {
   }
 }
 
+// The result that a failed parse has left can be read, and filled again.
+void expectUsable(Parsing& scene, const string& answer, const Arguments& args) {
+  IParseResult& result = scene.command.result();
+  for (const char* name : {"level", "list", "input", "run", "option-file"}) {
+    const bool isThere = result.present(name);
+    EXPECT_EQ(isThere, result.get(name).isEmpty == 0);
+    EXPECT_EQ(isThere && values(result, name).empty(), isThere && result.get(name).text == nullptr);
+  }
+  EXPECT_LE(leftovers(result).size(), 2U);
+  const int status = answer.substr(1, 2) == ": " ? answer.front() - '0' : 0;
+  EXPECT_EQ(status, scene.command.parseMore(args));
+}
+
 // Parses with every allocation failing in turn; the parse behind each gives the full
 // answer.
 template <class Scene>
@@ -101,6 +118,7 @@ void failEachParse(const Arguments& args, const string& answer) {
       },
       [&](Scene& scene) {
         expectSound(scene, answer);
+        expectUsable(scene, answer, args);
         EXPECT_EQ(answer, scene.command.parsed(args));
       });
 }
@@ -132,6 +150,7 @@ const struct {
      "2: Action '-walk' and action '-run' were defined, but only one action possible."},
     {{"--walk", "--speed=1"}, "2: Action '-walk' doesn't accept option '-speed'"},
     {{"--run", "--level"}, "2: Option 'level' requires a value in argument: '--level'"},
+    {{"--run", "--level", ""}, "2: Option 'level' requires a value in argument: '--level'"},
     {{"--run", "--level", "--walk"},
      "2: Option 'level' received value from the next argument: '--walk', but it seems to be an "
      "option. Use '-option=value' declaration form or make sure that value is not missed"},
@@ -263,6 +282,51 @@ TEST(MemoryRunsOut, HandlersAreToldWholeTextsOr3Or4ComesBack) {
       [&](Watched& scene) {
         expectSound(scene, "level(3)@+1 run@+3 input=a text too long to be kept without memory@+4");
         EXPECT_EQ(0U, events.find(scene.handler.events)) << scene.handler.events;
+        if (scene.outcome == 0) {
+          EXPECT_EQ(events, scene.handler.events);
+        }
+      });
+}
+
+TEST(MemoryRunsOut, RefusedValueEndsTheParseWith1Or3Or4) {
+  struct Refusing : Parsing {
+    Refusing() {
+      handler.refusedValues = {longText};
+      command.parser().addHandler(&handler);
+    }
+  };
+  failEachParse<Refusing>({"--run", string("--list=") + longText},
+                          "1: Value 'a text too long to be kept without memory' is not valid for"
+                          " option 'list' in argument '--list=a text too long to be kept without"
+                          " memory'");
+}
+
+// A warning is written as a whole or not at all.
+TEST(MemoryRunsOut, WarningIsNotTornApart) {
+  // Takes what is written without memory of its own.
+  struct Paper : std::streambuf {
+    Paper() { setp(std::begin(characters), std::end(characters)); }
+    string text() const { return string(pbase(), pptr()); }
+    char characters[256];
+  };
+  struct Warned : Parsing {
+    Warned() : previous(std::cerr.rdbuf(&paper)) {}
+    ~Warned() { std::cerr.rdbuf(previous); }
+    Paper paper;
+    std::streambuf* previous;
+  };
+  const char* const argv[] = {"tool", "--run", "--older=old"};
+  failEachAllocation<Warned>(
+      [&](Warned& scene) {
+        Command& command = scene.command;
+        scene.outcome = command.parser().parseArgsVector(3, argv, &command.result());
+      },
+      [](Warned& scene) {
+        const string warning =
+            "Warning: 'old' argument is deprecated for the option '-older'. Use the 'new-name'"
+            " argument instead.\n";
+        const string written = scene.paper.text();
+        EXPECT_TRUE(written == warning || (scene.outcome != 0 && written.empty())) << written;
       });
 }
 

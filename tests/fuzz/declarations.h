@@ -105,6 +105,11 @@ class Declarations {
     });
   }
 
+  bool someHasNoName() const {
+    return std::any_of(m_accepted.begin(), m_accepted.end(),
+                       [](const Declared& declared) { return declared.names.empty(); });
+  }
+
   // Those of rejected declarations too: their sections are there.
   const std::set<std::string>& groupKeys() const { return m_groupKeys; }
 

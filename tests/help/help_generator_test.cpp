@@ -294,6 +294,11 @@ TEST_F(HelpTopics, AreTheActionsByNameWithTheirDescriptions) {
       ordinary());
 }
 
+TEST_F(HelpTopics, MayHaveAnEmptyName) {
+  action(",x", "Without a name.");
+  EXPECT_EQ("       Without a name.\n", ordinary());
+}
+
 TEST_F(HelpTopics, AreNotWrapped) {
   const string description = string(100, 'x') + " two\nlines";
   action("run", description.c_str());

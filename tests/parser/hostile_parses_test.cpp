@@ -5,6 +5,7 @@
 #include <locale>
 
 #include "parser/hostile_scene.h"
+#include "support/assertion_recorder.h"
 #include "support/console_capture.h"
 #include "support/global_locale.h"
 
@@ -282,6 +283,60 @@ TEST_P(HostileParse, MayBeAskedForHelp) {
     EXPECT_EQ("Help for x not available.Please use one of the following topics:\n" + quiet,
               parser.getDescription("x", false));
   });
+}
+
+// The assertion handler of the test goes on, and so does everything else.
+TEST_P(HostileParse, MustNotEndWhatTakesPartInIt) {
+  const string inUse = "!RunningCall::isInUse(*this)";
+  atEveryEvent([&](HostileScene& scene, int event) {
+    const testing::AssertionRecorder assertions;
+    ParserHandle listening = makeParser();
+    testing::RecordingHandler ending;
+    ending.alsoDo = [&] { listening->destroy(); };
+    listening->addHandler(&ending);
+    scene.at(event, [&] {
+      scene.result().destroy();
+      scene.parser().destroy();
+      listening->onUknownArgument("passed on");
+    });
+    EXPECT_EQ(HostileScene::undisturbed(), scene.parse());
+    EXPECT_EQ(inUse + "; " + inUse + "; " + inUse, assertions.expressions());
+    EXPECT_EQ(HostileScene::undisturbed(), scene.parseUndisturbed());
+  });
+}
+
+TEST(HostileParses, EndAllOfThemOnceNestedTooDeep) {
+  Command command;
+  command.option("level", vtS32);
+  RecordingHandler handler;
+  int parses = 0;
+  handler.alsoDo = [&] {
+    ++parses;
+    const int inner = command.parser().parseStream("--level=1\n--level=2", nullptr);
+    EXPECT_EQ(4, inner);
+  };
+  command.parser().addHandler(&handler);
+  EXPECT_EQ(4, command.parse({"--level=3"}));
+  EXPECT_STREQ("Unidentified problem detected.", command.error());
+  EXPECT_EQ(100, parses);
+  command.parser().removeHandler(&handler);
+  EXPECT_EQ("level=3@+1", command.parsed({"--level=3"}));
+}
+
+TEST(HostileParses, MayNestToADepthOfAHundred) {
+  Command command;
+  command.option("level", vtS32);
+  RecordingHandler handler;
+  int depth = 1;
+  handler.alsoDo = [&] {
+    if (depth == 100 || handler.events.back() == '1')
+      return;
+    ++depth;
+    EXPECT_EQ(0, command.parser().parseStream("--level=1", nullptr));
+  };
+  command.parser().addHandler(&handler);
+  EXPECT_EQ("level=3@+1", command.parsed({"--level=3"}).substr(0, 10));
+  EXPECT_EQ(100, depth);
 }
 
 TEST_P(HostileParse, MayEndWhatTakesNoPartInIt) {

@@ -201,6 +201,18 @@ TEST_F(OptionFiles, AreParsedIntoTheSameResultAfterTheCommandLine) {
   EXPECT_EQ("912", levels());
 }
 
+TEST_F(OptionFiles, AreNotReadWhereNothingIsKept) {
+  const string file = "--option-file=" + folder.path("none");
+  const char* const argv[] = {"tool", file.c_str()};
+  EXPECT_EQ(0, command.parser().parseArgsVector(2, argv, nullptr));
+}
+
+TEST_F(OptionFiles, EndAtTheirFirstZeroByte) {
+  write("a", string("--level=1\n--level=2\0\n--level=3\n", 31));
+  EXPECT_EQ(0, command.parse({"--option-file", folder.path("a")}));
+  EXPECT_EQ("12", levels());
+}
+
 TEST_F(OptionFiles, AreReadInTheOrderGiven) {
   write("a", "--level=1");
   write("b", "--level=2");

@@ -60,6 +60,9 @@ TEST(ParseArgsVector, NullEndsTheArguments) {
   EXPECT_EQ(0, parseWith(command, 4, argv));
   EXPECT_EQ(1u, command.result().options().at("flag").positions.size());
   EXPECT_EQ(0, parseWith(command, 4, nullptr));
+  const char* nothing[] = {"tool", nullptr, "--flag", "--flag"};
+  EXPECT_EQ(0, parseWith(command, 4, nothing));
+  EXPECT_EQ(1u, command.result().options().at("flag").positions.size());
 }
 
 TEST(ParseArgsVector, NullArgvHoldsNoArguments) {

@@ -24,11 +24,21 @@ class RunningCall {
   // Whether the event was passed on by the same parser before.
   bool hasComeBack() const;
 
+  // Raises a standard exception once parses have been nested too deep, from here inwards:
+  // so all of them end, and not just the innermost.
+  void throwIfTooDeep() const;
+
+  // Whether a call that has not returned yet will go on with the parser or the result.
+  static bool isInUse(const EventHandler& parser);
+  static bool isInUse(const IParseResult& result);
+
  private:
   const EventHandler* m_parser;
   const IParseResult* m_result = nullptr;
   bool m_isParse;
-  const RunningCall* m_outer;
+  RunningCall* m_outer;
+  int m_depth;  // so many parses, this one among them
+  bool m_isTooDeep = false;
 };
 
 }  // namespace kivo_3_3

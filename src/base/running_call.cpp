@@ -1,0 +1,72 @@
+#include "base/running_call.h"
+
+#include <stdexcept>
+
+namespace kivo_3_3 {
+
+namespace {
+
+constexpr int deepestNesting = 100;
+
+// Reached without the dynamic linker's help, which the library otherwise has no need of.
+[[gnu::tls_model("initial-exec")]] thread_local RunningCall* innermost = nullptr;
+
+}  // namespace
+
+RunningCall::RunningCall(const EventHandler& parser, const IParseResult* result)
+    : m_parser(&parser),
+      m_result(result),
+      m_isParse(true),
+      m_outer(innermost),
+      m_depth(innermost != nullptr ? innermost->m_depth + 1 : 1) {
+  innermost = this;
+  if (m_depth > deepestNesting)
+    for (RunningCall* call = this; call != nullptr; call = call->m_outer)
+      call->m_isTooDeep = true;
+}
+
+RunningCall::RunningCall(const EventHandler& parser)
+    : m_parser(&parser),
+      m_isParse(false),
+      m_outer(innermost),
+      m_depth(innermost != nullptr ? innermost->m_depth : 0) {
+  innermost = this;
+}
+
+RunningCall::~RunningCall() { innermost = m_outer; }
+
+bool RunningCall::isPartOfAParse() const {
+  for (const RunningCall* call = m_outer; call != nullptr; call = call->m_outer)
+    if (call->m_isParse && call->m_parser == m_parser && call->m_result == m_result)
+      return true;
+  return false;
+}
+
+// The events of a parse are its own: what led to the parse is another event.
+bool RunningCall::hasComeBack() const {
+  for (const RunningCall* call = m_outer; call != nullptr && !call->m_isParse; call = call->m_outer)
+    if (call->m_parser == m_parser)
+      return true;
+  return false;
+}
+
+void RunningCall::throwIfTooDeep() const {
+  if (m_isTooDeep)
+    throw std::runtime_error("Parses are nested too deep.");
+}
+
+bool RunningCall::isInUse(const EventHandler& parser) {
+  for (const RunningCall* call = innermost; call != nullptr; call = call->m_outer)
+    if (call->m_parser == &parser)
+      return true;
+  return false;
+}
+
+bool RunningCall::isInUse(const IParseResult& result) {
+  for (const RunningCall* call = innermost; call != nullptr; call = call->m_outer)
+    if (call->m_result == &result)
+      return true;
+  return false;
+}
+
+}  // namespace kivo_3_3
