@@ -1,0 +1,92 @@
+"""Measures, prints the tables, and after a full run writes them into docs/performance.md.
+
+    report SOURCE-DIRECTORY BUILD-DIRECTORY [--quick | --instructions]
+
+Ends with 1 where a peer gives wrong answers. A target that is not met is no failure.
+"""
+
+import argparse
+import datetime
+import os
+import re
+from pathlib import Path
+
+import plot
+import tables
+from measure import BASELINES, PEERS, Bench, progress, run
+
+BEGIN = "<!-- written by scripts/bench, from here -->\n"
+END = "<!-- to here -->\n"
+DIAGRAMS = {
+    "growth-over-options.svg":
+        (("W2 declare one", "W2 three arguments", "W2 one more argument"), "options"),
+    "growth-over-arguments.svg": (("W3 one argument", "W4 one line"), "arguments, lines"),
+}
+
+
+def machine():
+    model = re.search(r"model name\s*: (.*)", Path("/proc/cpuinfo").read_text())
+    compiler = run(["g++", "--version"]).stdout.splitlines()[0]
+    packages = run(["bash", "-c", "dpkg-query --show --showformat='${Package} ${Version}, ' "
+                    "libc6 libpopt-dev libboost-program-options1.74-dev libcli11-dev "
+                    "libcxxopts-dev libargs-dev libgflags-dev libbenchmark-dev valgrind "
+                    "2>/dev/null || true"]).stdout.rstrip(", ")
+    return (f"{datetime.date.today()}, {model.group(1) if model else 'unknown processor'}, "
+            f"{os.cpu_count()} cores, load {os.getloadavg()[0]:.1f} at the beginning; "
+            f"{compiler}; {packages}.\n")
+
+
+def measured(bench):
+    about = machine()
+    figures = tables.Figures(bench.times())
+    progress("heap use")
+    cycle, parse = bench.heap("W1/cycle/1"), bench.heap("W1/parse/1")
+    line = bench.heap(f"W3/{bench.largest}")
+    tools = bench.tools()
+    rows = tables.targets(figures, line, tools, bench.library_bytes())
+    text = "\n".join([
+        about,
+        "### Targets\n", tables.target_table(rows),
+        "### Every workload\n", tables.work_table(figures, bench.peers),
+        "### Memory\n", tables.heap_table(cycle, parse, line, bench.largest),
+        "### A ten-option tool\n",
+        tables.tool_table(tools, {**BASELINES, **PEERS}),
+        "### What is missing\n", tables.left_out_table(bench.left_out),
+    ])
+    return figures, text
+
+
+def write(source, figures, text, peers):
+    folder = source / "docs" / "performance"
+    folder.mkdir(exist_ok=True)
+    pictures = ""
+    for name, (works, unit) in DIAGRAMS.items():
+        (folder / name).write_text(plot.diagram(figures, works, unit, peers))
+        pictures += f"![{', '.join(works)}](performance/{name})\n\n"
+    document = source / "docs" / "performance.md"
+    before, rest = document.read_text().split(BEGIN)
+    document.write_text(before + BEGIN + text + "\n### Growth\n\n" + pictures + END +
+                        rest.split(END)[1])
+
+
+def main():
+    arguments = argparse.ArgumentParser()
+    arguments.add_argument("source", type=Path)
+    arguments.add_argument("build", type=Path)
+    mode = arguments.add_mutually_exclusive_group()
+    mode.add_argument("--quick", action="store_true")
+    mode.add_argument("--instructions", action="store_true")
+    given = arguments.parse_args()
+    bench = Bench(given.source, given.build, given.quick or given.instructions)
+    if given.instructions:
+        for name in bench.names():
+            print(f"{name:20} {bench.instructions(name):14,.0f}", flush=True)
+        print(f"{'B2':20} {bench.instructions_above_empty():14,}")
+        return
+    figures, text = measured(bench)
+    print(text)
+    if not given.quick:
+        write(given.source, figures, text, bench.peers)
+
+
+main()

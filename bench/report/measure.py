@@ -1,0 +1,175 @@
+"""Runs the benchmark programs and the ten-option tools, and collects what they show.
+
+Every benchmark of every peer is a process of its own. The peers take turns at each of them,
+in an order drawn anew, and that several times over, so that whatever else the machine does
+meets all of them alike. What counts is the median of the CPU times.
+"""
+
+import json
+import os
+import random
+import re
+import resource
+import statistics
+import subprocess
+import sys
+from pathlib import Path
+
+PEERS = {
+    "kivo": "kivo",
+    "getopt_long": "getopt_long",
+    "popt": "popt",
+    "boost": "Boost",
+    "cli11": "CLI11",
+    "cxxopts": "cxxopts",
+    "args": "taywee/args",
+    "gflags": "gflags",
+}
+CPP_PEERS = ("boost", "cli11", "cxxopts", "args", "gflags")
+BASELINES = {"empty": "an empty program", "headers": "empty, with the three headers"}
+
+LEFT_OUT = "left out: "
+TOOL_ARGUMENTS = ["--verbose", "--jobs=8", "--level=5", "--ratio=0.75", "--output=result.txt",
+                  "--mode=fast"]
+TOOL_STATUS = 31
+TOOL_LIBRARIES = {"popt": ["-lpopt"], "boost": ["-lboost_program_options"],
+                  "gflags": ["-lgflags"]}
+
+
+class Bench:
+    def __init__(self, source, build, quick):
+        self.source = Path(source).resolve()
+        self.build = Path(build).resolve()
+        self.rounds, self.seconds = (1, 0.005) if quick else (5, 0.05)
+        self.largest = 10000 if quick else 1000000
+        self.peers = [peer for peer in PEERS if self.program(peer).exists()]
+        self.left_out = {}  # (peer, benchmark) -> why
+
+    def program(self, peer):
+        return self.build / "bench" / f"bench_{peer}"
+
+    def names(self):
+        text = run([self.program("kivo"), "--benchmark_list_tests"]).stdout
+        return [name for name in text.split() if int(name.split("/")[-1]) <= self.largest]
+
+    def once(self, peer, name, *options, preload=None):
+        """What Google Benchmark tells of one benchmark, or None when the peer refuses it."""
+        environment = dict(os.environ, LD_PRELOAD=str(preload)) if preload else None
+        output = run([self.program(peer), f"--benchmark_filter=^{name}(/iterations:1)?$",
+                      "--benchmark_format=json", *options], env=environment).stdout
+        result = json.loads(output)["benchmarks"][0]
+        message = result.get("error_message", "")
+        if message.startswith(LEFT_OUT):
+            self.left_out[peer, name] = message[len(LEFT_OUT):]
+            return None
+        if message:
+            sys.exit(f"{PEERS[peer]}, {name}: {message}")
+        return result
+
+    def times(self):
+        """(peer, benchmark) -> nanoseconds."""
+        samples = {}
+        for turn in range(self.rounds):
+            for name in self.names():
+                progress(f"round {turn + 1} of {self.rounds}: {name}")
+                for peer in random.sample(self.peers, len(self.peers)):
+                    if (peer, name) in self.left_out:
+                        continue
+                    result = self.once(peer, name, f"--benchmark_min_time={self.seconds}")
+                    if result:
+                        samples.setdefault((peer, name), []).append(result["cpu_time"])
+        return {key: statistics.median(values) for key, values in samples.items()}
+
+    def heap(self, name):
+        """peer -> what one run takes from the heap."""
+        preload = self.build / "bench" / "libheap_use.so"
+        results = {peer: self.once(peer, name, "--iterations=1", preload=preload)
+                   for peer in self.peers if (peer, name) not in self.left_out}
+        return {peer: result for peer, result in results.items() if result}
+
+    def tools(self):
+        """tool -> compile seconds, bytes and instructions of the ten-option tool."""
+        self.install()
+        seconds = {}
+        tools = [*BASELINES, *self.peers]
+        for turn in range(self.rounds):
+            progress(f"round {turn + 1} of {self.rounds}: ten-option tools")
+            for tool in random.sample(tools, len(tools)):
+                seconds.setdefault(tool, []).append(self.compile(tool))
+        return {tool: {"seconds": statistics.median(seconds[tool]), **self.link(tool)}
+                for tool in tools}
+
+    def instructions_above_empty(self):
+        """Those of the ten-option tool."""
+        self.install()
+        for tool in ("kivo", "empty"):
+            self.compile(tool)
+        return self.link("kivo")["instructions"] - self.link("empty")["instructions"]
+
+    def install(self):
+        """Puts the library where pkg-config finds it, as a user would."""
+        prefix = self.build / "bench" / "prefix"
+        run(["cmake", "--install", self.build, "--prefix", prefix])
+        package = next(prefix.rglob("kivo.pc")).parent
+        environment = dict(os.environ, PKG_CONFIG_PATH=str(package))
+        self.library = package.parent / "libkivo.so"
+        self.compile_flags, self.link_flags = (
+            run(["pkg-config", what, "kivo"], env=environment).stdout.split()
+            for what in ("--cflags", "--libs"))
+
+    def tool_path(self, tool):
+        folder = self.build / "bench" / "tools"
+        folder.mkdir(exist_ok=True)
+        return folder / tool
+
+    def compile(self, tool):
+        flags = self.compile_flags if tool == "kivo" else []
+        before = resource.getrusage(resource.RUSAGE_CHILDREN)
+        run(["g++", "-std=c++17", "-O2", "-c", *flags,
+             self.source / "bench" / "tools" / f"{tool}.cpp", "-o", f"{self.tool_path(tool)}.o"])
+        after = resource.getrusage(resource.RUSAGE_CHILDREN)
+        return after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
+
+    def link(self, tool):
+        """All look for libraries in the same places, and the empty programs load those of the
+        language as well: what is above them comes of the peer alone."""
+        path = self.tool_path(tool)
+        libraries = self.link_flags if tool == "kivo" else TOOL_LIBRARIES.get(tool, [])
+        run(["g++", f"{path}.o", "-s", "-o", path, f"-Wl,-rpath,{self.library.parent}",
+             "-Wl,--no-as-needed" if tool in BASELINES else "-Wl,--as-needed", *libraries])
+        status = subprocess.run([path, *TOOL_ARGUMENTS], check=False).returncode
+        if status != (0 if tool in BASELINES else TOOL_STATUS):
+            sys.exit(f"the ten-option tool of {tool} gives wrong answers: {status}")
+        return {"bytes": path.stat().st_size,
+                "instructions": executed([path, *TOOL_ARGUMENTS])}
+
+    def instructions(self, name):
+        """The instructions of one time, from two runs that differ in how often."""
+        few, many = 2, 12
+        command = [self.program("kivo"), f"--benchmark_filter=^{name}/iterations:"]
+        return (executed([*command, f"--iterations={many}"]) -
+                executed([*command, f"--iterations={few}"])) / (many - few)
+
+    def library_bytes(self):
+        stripped = self.tool_path("libkivo.so")
+        run(["strip", "-o", stripped, self.library])
+        return stripped.stat().st_size
+
+
+def run(command, **options):
+    done = subprocess.run([str(word) for word in command], capture_output=True, text=True,
+                          check=False, **options)
+    if done.returncode != 0:
+        sys.exit(f"{command[0]} failed:\n{done.stdout}{done.stderr}")
+    return done
+
+
+def executed(command):
+    """The instructions of a whole process, whatever it ends with."""
+    output = subprocess.run(["valgrind", "--tool=callgrind", "--callgrind-out-file=/dev/null",
+                             *command], capture_output=True, text=True, check=False).stderr
+    return int(re.search(r"Collected : (\d+)", output).group(1))
+
+
+def progress(text):
+    print(text, file=sys.stderr, flush=True)

@@ -1,0 +1,169 @@
+"""Makes tables of what was measured, and holds it against the targets."""
+
+from measure import CPP_PEERS, PEERS
+
+MORE = 50   # arguments of the longer command line of W2 and W6
+FEW = 3     # and of the shorter one
+
+
+class Figures:
+    """Each line of work as nanoseconds for each peer."""
+
+    def __init__(self, times):
+        self.times = times
+        self.lines = {}  # (work, size) -> {peer: nanoseconds}
+        for (peer, name), time in times.items():
+            family, size = name.rsplit("/", 1)
+            self.add(peer, family, int(size), time)
+
+    def add(self, peer, family, size, time):
+        whole = {"W1/cycle": "W1 whole cycle", "W1/parse": "W1 parse + read",
+                 "W2/parse3": "W2 three arguments", "W7/unknown": "W7 unknown option",
+                 "W7/ambiguous": "W7 ambiguous option", "W7/value": "W7 bad value"}
+        each = {"W2/declare": "W2 declare one", "W3": "W3 one argument", "W4": "W4 one line",
+                "W5": "W5 help, one option"}
+        if family in whole:
+            self.put(whole[family], size, peer, time)
+        elif family in each:
+            self.put(each[family], size, peer, time / size)
+        elif family.endswith("/parse50"):
+            work = "W2 one more argument" if family.startswith("W2") else \
+                "W6 one abbreviated argument"
+            few = self.times[peer, f"{family[:2]}/parse3/{size}"]
+            self.put(work, size, peer, (time - few) / (min(MORE, size) - FEW))
+
+    def put(self, work, size, peer, time):
+        self.lines.setdefault((work, size), {})[peer] = time
+
+    def sizes(self, work):
+        return sorted(size for line, size in self.lines if line == work)
+
+    def get(self, work, size, peer="kivo"):
+        """None for a peer that does not do the work."""
+        return self.lines[work, size].get(peer)
+
+    def best(self, work, size):
+        """The best C++ peer, None where there is none."""
+        line = self.lines[work, size]
+        return min((peer for peer in CPP_PEERS if peer in line), key=line.get, default=None)
+
+
+def table(header, rows):
+    lines = [header, ["---"] + ["--:"] * (len(header) - 1), *rows]
+    return "\n".join("| " + " | ".join(map(str, line)) + " |" for line in lines) + "\n"
+
+
+def ratio(time, other):
+    return time / other if other else None
+
+
+def number(value):
+    if value is None:
+        return ""
+    if value >= 100:
+        return f"{value:,.0f}"
+    return f"{value:.1f}" if value >= 10 else f"{value:.2f}"
+
+
+def work_table(figures, peers):
+    rows = []
+    for work, size in sorted(figures.lines):
+        line = figures.lines[work, size]
+        best = figures.best(work, size)
+        rows.append([work + (f", {size:,}" if size > 1 else ""),
+                     *(number(line.get(peer)) for peer in peers),
+                     number(ratio(line["kivo"], line.get("getopt_long"))),
+                     number(ratio(line["kivo"], line.get(best))),
+                     PEERS.get(best, "")])
+    return table(["nanoseconds", *(PEERS[peer] for peer in peers), "kivo / getopt_long",
+                  "kivo / best C++ peer", "which is"], rows)
+
+
+def heap_table(cycle, parse, line, values):
+    rows = [[PEERS[peer], number(cycle[peer]["allocations"]) if peer in cycle else "",
+             number(parse[peer]["allocations"]),
+             number(line[peer]["peak"] / values) if peer in line else ""] for peer in parse]
+    return table(["", "W1 whole cycle, allocations", "W1 parse + read, allocations",
+                  f"W3 at {values:,}, peak bytes a value"], rows)
+
+
+def tool_table(tools, names):
+    empty, headers = tools["empty"], tools["headers"]
+    rows = [[names[tool], f"{of['seconds']:.2f}", f"{of['seconds'] / headers['seconds']:.1f}",
+             f"{of['bytes']:,}", f"{of['instructions'] - empty['instructions']:,}"]
+            for tool, of in tools.items()]
+    return table(["", "B1 compile, CPU seconds", "ratio to that with three headers",
+                  "B1 stripped bytes", "B2 instructions above empty"], rows)
+
+
+def left_out_table(left_out):
+    works = {}
+    for (peer, name), reason in left_out.items():
+        family, size = name.rsplit("/", 1)
+        works.setdefault((PEERS[peer], reason), []).append(
+            family if int(size) == 1 else f"{family} at {int(size):,}")
+    return table(["left out", "where", "why"],
+                 [[peer, ", ".join(names), reason] for (peer, reason), names in
+                  sorted(works.items())])
+
+
+def targets(figures, heap, tools, library_bytes):
+    """Rows of target, most, measured."""
+    rows = []
+
+    def against_best(work, size, most):
+        rows.append((f"{work}{f', {size:,}' if size > 1 else ''}, of the best C++ library's",
+                     most, ratio(figures.get(work, size),
+                                 figures.get(work, size, figures.best(work, size)))))
+
+    def growth(work, small, large, most):
+        rows.append((f"{work} at {large:,}, of its own at {small:,}", most,
+                     figures.get(work, large) / figures.get(work, small)))
+
+    def against(work, size, peer, most):
+        rows.append((f"{work}, {size:,}, of {PEERS[peer]}'s", most,
+                     ratio(figures.get(work, size), figures.get(work, size, peer))))
+
+    options = figures.sizes("W2 declare one")
+    arguments = figures.sizes("W3 one argument")
+    against_best("W1 whole cycle", 1, 0.45)
+    against_best("W1 parse + read", 1, 0.55)
+    against_best("W2 declare one", options[-1], 0.6)
+    growth("W2 declare one", options[1], options[-1], 1.3)
+    against_best("W2 three arguments", options[-1], 0.1)
+    against_best("W2 one more argument", options[-1], 0.5)
+    growth("W2 one more argument", options[0], options[-1], 1.5)
+    against_best("W3 one argument", arguments[-1], 0.5)
+    against_best("W4 one line", arguments[-1], 0.3)
+    growth("W3 one argument", arguments[0], arguments[-1], 1.5)
+    rows.append((f"W3 peak bytes a stored value at {arguments[-1]:,}", 140,
+                 heap["kivo"]["peak"] / arguments[-1]))
+    for size in figures.sizes("W5 help, one option"):
+        against_best("W5 help, one option", size, 0.5)
+    against("W6 one abbreviated argument", 24, "boost", 0.2)
+    against("W6 one abbreviated argument", 1000, "getopt_long", 0.1)
+    for work in ("W7 unknown option", "W7 ambiguous option", "W7 bad value"):
+        against_best(work, 1, 0.15)
+    kivo, headers, empty = tools["kivo"], tools["headers"], tools["empty"]
+    rows.append(("B1 compile, of the empty program's with three headers", 1.6,
+                 kivo["seconds"] / headers["seconds"]))
+    rows.append(("B1 stripped bytes above that program's", 10000,
+                 kivo["bytes"] - headers["bytes"]))
+    rows.append(("B2 instructions above an empty program's", 230000,
+                 kivo["instructions"] - empty["instructions"]))
+    rows.append(("B2 stripped bytes of `libkivo.so`", 200000, library_bytes))
+    return rows
+
+
+def target_table(rows):
+    return table(["target", "at most", "measured", "met"],
+                 [[text, number(most), number(measured), verdict(most, measured)]
+                  for text, most, measured in rows])
+
+
+def verdict(most, measured):
+    if measured is None:
+        return "the peer is missing"
+    if measured < 0:
+        return "lost in noise"
+    return "yes" if measured <= most else "**no**"

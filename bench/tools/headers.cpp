@@ -1,0 +1,5 @@
+#include <set>
+#include <string>
+#include <vector>
+
+int main() {}
