@@ -1,7 +1,10 @@
 #include "allocation/allocation_limit.h"
 
+#include <malloc.h>
+
 #include <atomic>
 #include <cstdlib>
+#include <cstring>
 #include <new>
 
 namespace kivo_3_3::testing {
@@ -38,9 +41,12 @@ void* allocate(std::size_t bytes) {
   return block;
 }
 
+// What is freed is overwritten, so that whoever still reads it is found out.
 void release(void* block) noexcept {
-  if (block != nullptr)
-    --live;
+  if (block == nullptr)
+    return;
+  --live;
+  std::memset(block, 0xDD, malloc_usable_size(block));
   std::free(block);
 }
 

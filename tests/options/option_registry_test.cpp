@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "allocation/allocation_limit.h"
 #include "base/trace.h"
 #include "options/make_option.h"
 #include "support/console_capture.h"
@@ -285,6 +286,30 @@ TEST_F(Registry, PinnedDescriptionsStayWhereTheyAre) {
   }
   EXPECT_EQ("a name too long for the string itself", storage.options().front().firstName());
   EXPECT_EQ(101u, storage.options().size());
+}
+
+void declareFrom(int first, int count, RegisteredOptionStorage& storage) {
+  for (int i = first; i < first + count; ++i)
+    storage.option(("option-" + std::to_string(i)).c_str(), nullptr, "", false, vtS32, nullptr);
+}
+
+TEST(PinnedRegistry, KeepsNothingTwiceOnceNothingIsPinned) {
+  Garbage garbage;
+  const long before = liveBlocks();
+  RegisteredOptionStorage plain(&garbage);
+  declareFrom(0, 300, plain);
+  const long needed = liveBlocks() - before;
+  RegisteredOptionStorage pinned(&garbage);
+  {
+    const PinnedDeclarations outer(pinned);
+    {
+      const PinnedDeclarations inner(pinned);
+      declareFrom(0, 100, pinned);
+    }
+    declareFrom(100, 200, pinned);
+  }
+  EXPECT_EQ(300U, pinned.options().size());
+  EXPECT_LE(liveBlocks() - before, 2 * needed + 1);  // one for the empty list of those retired
 }
 
 }  // namespace

@@ -221,6 +221,14 @@ TEST_F(Reading, DefaultHasNoOccurrence) {
   EXPECT_EQ(2147483647, result.nextPosition());
 }
 
+TEST_F(Reading, OccurrenceStoredBehindAQueryForTheDefaultIsTheFirst) {
+  storeDefault("level", "high", 3);
+  EXPECT_EQ("high@3", get("level"));
+  store("level", {4}, {{"a", 5}});
+  EXPECT_EQ(4, result.nextPosition());
+  EXPECT_EQ(2147483647, result.nextPosition());
+}
+
 TEST_F(Reading, DefaultWithAnEmptyTextIsNotSeen) {
   storeDefault("level", "", 3);
   EXPECT_FALSE(result.present("level", 0, lastPosition));
