@@ -135,6 +135,7 @@ const struct {
      "level(3)@+1 run@+3 size=12@+4 size=0x1F@+6 size=1Fh@+8"},
     {{"--run", "--quiet", "--no-quiet", "--fl"},
      "level(3)@+1 run@+3 quiet=1@+4 quiet=0@+6 flag@+8"},
+    {{"--run", "--qui", "--no-q"}, "level(3)@+1 run@+3 quiet=1@+4 quiet=0@+6"},
     {{"--run", "--list=a,b,,a text too long to be kept without memory"},
      "level(3)@+1 run@+3 list=a,b,a text too long to be kept without memory@+4"},
     {{"--run", "--choice=re", "--choice=green"},
@@ -257,10 +258,14 @@ TEST(MemoryRunsOut, TracedParseIsDoneInFullOr3Or4ComesBack) {
                          "level(3)@+1 run@+3 list=a,b@+4 | c@+7");
 }
 
-TEST(MemoryRunsOut, NumbersOfAnotherLocaleAreReadInFullOr3Or4ComesBack) {
+TEST(MemoryRunsOut, NumbersOfAnotherLocaleAreReadAndWrittenInFullOr3Or4ComesBack) {
+  struct Limited : Parsing {
+    Limited() { command.option("limit", vtU64)->defaultValue(18'446'744'073'709'551'615ULL); }
+  };
   const testing::GlobalLocale commas(testing::localeWithDecimalComma());
-  failEachParse<Parsing>({"--run", "--ratio=17,25", "--level=17", "--size=1Fh"},
-                         "level(3)@+1 run@+3 ratio=17,25@+4 level=17@+6 size=1Fh@+8");
+  failEachParse<Limited>({"--run", "--ratio=17,25", "--level=17", "--size=1Fh"},
+                         "level(3)@+1 limit(18.446.744.073.709.551.615)@+3 run@+4 ratio=17,25@+5"
+                         " level=17@+7 size=1Fh@+9");
 }
 
 // What handlers are told is right as far as it goes: no name or text is lost on the way.

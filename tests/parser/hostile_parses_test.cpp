@@ -323,11 +323,12 @@ TEST(HostileParses, EndAllOfThemOnceNestedTooDeep) {
   EXPECT_EQ("level=3@+1", command.parsed({"--level=3"}));
 }
 
+// An event that the tool itself passes on is no parse.
 TEST(HostileParses, MayNestToADepthOfAHundred) {
   Command command;
   command.option("level", vtS32);
   RecordingHandler handler;
-  int depth = 1;
+  int depth = 0;
   handler.alsoDo = [&] {
     if (depth == 100 || handler.events.back() == '1')
       return;
@@ -335,7 +336,7 @@ TEST(HostileParses, MayNestToADepthOfAHundred) {
     EXPECT_EQ(0, command.parser().parseStream("--level=1", nullptr));
   };
   command.parser().addHandler(&handler);
-  EXPECT_EQ("level=3@+1", command.parsed({"--level=3"}).substr(0, 10));
+  EXPECT_TRUE(command.parser().onOptionParse("level"));
   EXPECT_EQ(100, depth);
 }
 
