@@ -341,8 +341,8 @@ TEST(MemoryRunsOut, HandlerMayDeclareAndTheNextParseKnowsIt) {
     Declaring() {
       command.parser().addHandler(&handler);
       handler.alsoDo = [this] {
-        for (const char* name : {"one-more", "two-more", "three-more"})
-          command.parser().option(name, longText, vtS32);
+        for (int i = 0; i < 10; ++i)
+          command.parser().option(("more-" + std::to_string(i)).c_str(), longText, vtS32);
       };
     }
   };
