@@ -2,7 +2,12 @@
 
 #include "result/result_cursor.h"
 
+#include <kivo/handles.h>
+
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
 
 #include "result/parse_result.h"
 
@@ -476,6 +481,46 @@ TEST_F(Reading, LeftoverArgumentsAreWalkedApartFromOptions) {
   EXPECT_EQ(0, result.getNextArgument(&text));
   EXPECT_STREQ("y", text);
   EXPECT_EQ("b@3", next());
+}
+
+// What get() and next() find, by looking at every occurrence and every value in turn.
+string walked(const OptionData& data, int from, int to) {
+  const bool occurs = std::any_of(data.positions.begin(), data.positions.end(),
+                                  [&](int at) { return from <= at && at < to; });
+  string texts;
+  for (const auto& value : data.values) {
+    if (!occurs || value.second > to)
+      break;
+    if (value.second >= from)
+      texts += value.first.first + ' ';
+  }
+  return texts;
+}
+
+// A parse that stores into the result in the midst of another leaves such lists.
+TEST(Occurrences, InAnyOrderAreReadAsIfWalked) {
+  constexpr int largest = 8;
+  std::mt19937 random(1);
+  for (int round = 0; round < 200; ++round) {
+    ParseResult result;
+    OptionDescription option;
+    option.m_names = {"name"};
+    for (int stored = 0; stored < 4; ++stored) {
+      OptionData data;
+      data.positions = {static_cast<int>(random() % largest)};
+      const int at = static_cast<int>(random() % largest);
+      data.values = {{{std::to_string(at), vtNull}, at}};
+      result.store(option, data);
+    }
+    const OptionData& all = result.options().at("name");
+    for (int from = 0; from < largest; ++from)
+      for (int to = from; to <= largest; ++to) {
+        string texts;
+        for (const Value& value : values(result, "name", from, to))
+          texts += value.text + string(" ");
+        ASSERT_EQ(walked(all, from, to), texts) << ::testing::PrintToString(all.positions);
+      }
+  }
 }
 
 }  // namespace

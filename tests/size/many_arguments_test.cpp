@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -161,46 +160,6 @@ TEST_F(ManyArguments, CanBeReadOccurrenceByOccurrence) {
   for (const int place : places)
     first.push_back(command.result().get("text", place, lastPosition));
   EXPECT_EQ("", difference(first, "", million, [](const Value& value) { return value.text; }));
-}
-
-// What get() and next() find, by looking at every occurrence and every value in turn.
-string walked(const OptionData& data, int from, int to) {
-  const bool occurs = std::any_of(data.positions.begin(), data.positions.end(),
-                                  [&](int at) { return from <= at && at < to; });
-  string texts;
-  for (const auto& value : data.values) {
-    if (!occurs || value.second > to)
-      break;
-    if (value.second >= from)
-      texts += value.first.first + ' ';
-  }
-  return texts;
-}
-
-// A parse that stores into the result in the midst of another leaves such lists.
-TEST(ManyOccurrences, InAnyOrderAreReadAsIfWalked) {
-  constexpr int largest = 8;
-  std::mt19937 random(1);
-  for (int round = 0; round < 200; ++round) {
-    ParseResult result;
-    OptionDescription option;
-    option.m_names = {"name"};
-    for (int stored = 0; stored < 4; ++stored) {
-      OptionData data;
-      data.positions = {static_cast<int>(random() % largest)};
-      const int at = static_cast<int>(random() % largest);
-      data.values = {{{std::to_string(at), vtNull}, at}};
-      result.store(option, data);
-    }
-    const OptionData& all = result.options().at("name");
-    for (int from = 0; from < largest; ++from)
-      for (int to = from; to <= largest; ++to) {
-        string texts;
-        for (const Value& value : values(result, "name", from, to))
-          texts += value.text + string(" ");
-        ASSERT_EQ(walked(all, from, to), texts) << ::testing::PrintToString(all.positions);
-      }
-  }
 }
 
 TEST(ManyOptions, AreAllFoundAndAllHaveTheirHelp) {
