@@ -72,6 +72,7 @@ struct Declaring {
   Declaring() {
     command.action("run", vtNull);
     command.option("first,f", vtS32)->defaultValue(7);
+    command.option("quiet", vtBool);
   }
 
   Command command;
@@ -124,7 +125,8 @@ TEST(MemoryRunsOut, DeclarationIsCompleteOrNotThere) {
             d.declare(parser);
             EXPECT_EQ(helpWith, helpFor(parser, d.name));
           }
-          EXPECT_EQ("first=8@+4", scene.command.parsed({"--run", "--first=8"}).substr(19));
+          EXPECT_EQ("first=8@+4 quiet=1@+6",
+                    scene.command.parsed({"--run", "--first=8", "--qui"}).substr(19));
         });
   }
 }
