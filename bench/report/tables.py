@@ -4,6 +4,7 @@ from measure import CPP_PEERS, PEERS
 
 MORE = 50   # arguments of the longer command line of W2 and W6
 FEW = 3     # and of the shorter one
+LOST = "lost in noise"
 
 
 class Figures:
@@ -43,9 +44,10 @@ class Figures:
         return self.lines[work, size].get(peer)
 
     def best(self, work, size):
-        """The best C++ peer, None where there is none."""
+        """The best C++ peer, None where there is none: one lost in the noise is not chosen."""
         line = self.lines[work, size]
-        return min((peer for peer in CPP_PEERS if peer in line), key=line.get, default=None)
+        return min((peer for peer in CPP_PEERS if line.get(peer, 0) > 0), key=line.get,
+                   default=None)
 
 
 def table(header, rows):
@@ -54,7 +56,8 @@ def table(header, rows):
 
 
 def ratio(time, other):
-    return time / other if other else None
+    """None where the other has no time, or one that is lost in the noise."""
+    return time / other if other and other > 0 else None
 
 
 def number(value):
@@ -65,15 +68,20 @@ def number(value):
     return f"{value:.1f}" if value >= 10 else f"{value:.2f}"
 
 
+def number_above_zero(value):
+    """Of times that are differences: these may come out as less than nothing."""
+    return LOST if value is not None and value <= 0 else number(value)
+
+
 def work_table(figures, peers):
     rows = []
     for work, size in sorted(figures.lines):
         line = figures.lines[work, size]
         best = figures.best(work, size)
         rows.append([work + (f", {size:,}" if size > 1 else ""),
-                     *(number(line.get(peer)) for peer in peers),
-                     number(ratio(line["kivo"], line.get("getopt_long"))),
-                     number(ratio(line["kivo"], line.get(best))),
+                     *(number_above_zero(line.get(peer)) for peer in peers),
+                     number_above_zero(ratio(line["kivo"], line.get("getopt_long"))),
+                     number_above_zero(ratio(line["kivo"], line.get(best))),
                      PEERS.get(best, "")])
     return table(["nanoseconds", *(PEERS[peer] for peer in peers), "kivo / getopt_long",
                   "kivo / best C++ peer", "which is"], rows)
@@ -118,7 +126,7 @@ def targets(figures, heap, tools, library_bytes):
 
     def growth(work, small, large, most):
         rows.append((f"{work} at {large:,}, of its own at {small:,}", most,
-                     figures.get(work, large) / figures.get(work, small)))
+                     ratio(figures.get(work, large), figures.get(work, small))))
 
     def against(work, size, peer, most):
         rows.append((f"{work}, {size:,}, of {PEERS[peer]}'s", most,
@@ -163,7 +171,7 @@ def target_table(rows):
 
 def verdict(most, measured):
     if measured is None:
-        return "the peer is missing"
-    if measured < 0:
-        return "lost in noise"
+        return "nothing to hold it against"
+    if measured <= 0:
+        return LOST
     return "yes" if measured <= most else "**no**"
