@@ -1,7 +1,5 @@
 #include "base/garbage.h"
 
-#include <string_view>
-
 namespace kivo_3_3 {
 
 const char* Garbage::init(const char* text) {
@@ -15,11 +13,12 @@ const char* Garbage::init(const char* text) {
 const char* Garbage::keep(const char* text) {
   if (text == nullptr)
     return "";
-  const std::string_view wanted(text);
-  const auto place = m_texts.lower_bound(wanted);
-  if (place != m_texts.end() && *place == wanted)
-    return place->c_str();
-  return m_texts.emplace_hint(place, wanted)->c_str();
+  HashedName wanted(text);
+  if (const auto known = m_texts.find(wanted))
+    return m_texts[*known].name.text.data();
+  wanted.text = m_memory.copy(wanted.text);
+  m_texts.add({wanted});
+  return wanted.text.data();
 }
 
 }  // namespace kivo_3_3

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <functional>
-#include <set>
-#include <string>
+#include "base/name_table.h"
+#include "base/owned_memory.h"
 
 namespace kivo_3_3 {
 
-// Owns every text that the library hands out as a `const char*`. Equal texts are kept
-// once; a kept text stays where it is until the Garbage ends.
+// Owns every text that a parser hands out as a `const char*`. A kept text stays where it
+// is until the Garbage ends, and equal texts are kept once.
 class Garbage final {
  public:
   // The kept copy of `text`. Null, and a text that cannot be kept because memory ran
@@ -18,8 +17,16 @@ class Garbage final {
   // memory runs out.
   const char* keep(const char* text);
 
+  // For what else is to live as long.
+  OwnedMemory& memory() { return m_memory; }
+
  private:
-  std::set<std::string, std::less<>> m_texts;
+  struct Text {
+    HashedName name;
+  };
+
+  OwnedMemoryOf<2560> m_memory;
+  NameTable<Text> m_texts{&m_memory};
 };
 
 }  // namespace kivo_3_3

@@ -1,10 +1,20 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace kivo_3_3 {
 
+// The parts of a message, one behind the other.
+template <class... Parts>
+std::string joined(const Parts&... parts) {
+  std::string all;
+  all.reserve((std::string_view(parts).size() + ...));
+  (all.append(parts), ...);
+  return all;
+}
+
 // A name or a value as messages show it.
-inline std::string quoted(const std::string& text) { return "'" + text + "'"; }
+inline std::string quoted(std::string_view text) { return joined("'", text, "'"); }
 
 }  // namespace kivo_3_3

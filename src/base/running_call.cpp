@@ -8,8 +8,7 @@ namespace {
 
 constexpr int deepestNesting = 100;
 
-// Reached without the dynamic linker's help, which the library otherwise has no need of.
-[[gnu::tls_model("initial-exec")]] thread_local RunningCall* innermost = nullptr;
+thread_local RunningCall* innermost = nullptr;
 
 }  // namespace
 

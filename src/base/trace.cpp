@@ -23,4 +23,11 @@ std::ostream& kivoLog() {
   return kivoLogEnabled ? BEDROCK::ucout : log.silentStream();
 }
 
+void writeTraceLine(std::initializer_list<std::string_view> parts) {
+  std::ostream& log = kivoLog();
+  for (const std::string_view part : parts)
+    log << part;
+  log << std::endl;
+}
+
 }  // namespace kivo_3_3::internal

@@ -4,9 +4,11 @@
 //
 // Writers go through traceLine(), so that a silent trace costs the test of a flag.
 
+#include <initializer_list>
 #include <memory>
 #include <ostream>
 #include <streambuf>
+#include <string_view>
 
 namespace kivo_3_3::internal {
 
@@ -38,13 +40,14 @@ class KivoLog {
 // The console while the trace is on, the same silent stream whenever it is off.
 std::ostream& kivoLog();
 
-// Lets `write` compose one line on a stream, if anybody is listening.
-template <class Writer>
-void traceLine(Writer&& write) {
-  if (!kivoLogEnabled)
-    return;
-  write(kivoLog());
-  kivoLog() << std::endl;
+// Writes these parts as one line.
+[[gnu::cold]] void writeTraceLine(std::initializer_list<std::string_view> parts);
+
+// The same, if anybody is listening.
+template <class... Parts>
+void traceLine(const Parts&... parts) {
+  if (kivoLogEnabled)
+    writeTraceLine({std::string_view(parts)...});
 }
 
 }  // namespace kivo_3_3::internal

@@ -1,8 +1,14 @@
 #pragma once
 
 #include <locale>
+#include <optional>
 
 namespace kivo_3_3 {
+
+// White space in the classic locale.
+constexpr bool isClassicSpace(char character) {
+  return character == ' ' || (character >= '\t' && character <= '\r');
+}
 
 // Tells white space as the global locale of the moment classifies it. Asking the
 // locale has its price, so the classic one, nearly everybody's, is known by heart.
@@ -13,11 +19,11 @@ class WhiteSpace {
   bool operator()(char character) const {
     if (m_classes != nullptr)
       return m_classes->is(std::ctype_base::space, character);
-    return character == ' ' || (character >= '\t' && character <= '\r');
+    return isClassicSpace(character);
   }
 
  private:
-  std::locale m_locale;  // keeps m_classes alive
+  std::optional<std::locale> m_locale;  // keeps m_classes alive
   const std::ctype<char>* m_classes = nullptr;
 };
 

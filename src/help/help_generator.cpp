@@ -1,118 +1,149 @@
 #include "help/help_generator.h"
 
-#include <kivo/text_layout.h>
-
 #include <algorithm>
 #include <map>
-#include <unordered_map>
+#include <string_view>
 
+#include "help/paragraph.h"
 #include "options/name_list.h"
+#include "options/value_conversion.h"
 
 namespace kivo_3_3 {
 
 namespace {
 
 using std::string;
+using std::string_view;
 using Selection = HelpGenerator::Selection;
 
-constexpr const char* hiddenKey = "kivo_hidden";
+constexpr string_view hiddenKey = "kivo_hidden";
 constexpr unsigned int bodyColumn = 30;
 constexpr unsigned int bodyWidth = 50;
 constexpr unsigned int introductionColumn = 1;
 constexpr unsigned int introductionWidth = 80;
+constexpr std::size_t usualEntry = 80;  // characters
 constexpr std::size_t topicIndent = 4;
 constexpr std::size_t topicGap = 3;
 
-string textOf(const OptionDescription& option, const variant_t& value) {
-  const char* text = option.toString(option.m_garbage, value);
-  return text != nullptr ? text : "";
-}
-
 // "-level, -l"
-string namesOf(const OptionDescription& option) {
-  string names = "-" + option.firstName();
+void appendNames(string& help, const OptionDescription& option) {
+  help.append("-").append(option.firstName());
   for (std::size_t i = 1; i < option.m_names.size(); ++i)
-    names += ", -" + option.m_names[i];
-  return names;
+    help.append(", -").append(option.m_names[i]);
 }
 
 // " | -no-color", with " (default)" behind the form that is the default.
-string booleanSyntax(const OptionDescription& option) {
-  string positive;
-  string negative;
-  if (option.m_hasDefault)
-    (option.getDefaultValue().get<bool>() ? positive : negative) = " (default)";
-  return positive + " | -no-" + option.firstName() + negative;
+void appendBooleanSyntax(string& help, const OptionDescription& option) {
+  constexpr string_view mark = " (default)";
+  const bool isOn = option.m_hasDefault && option.getDefaultValue().get<bool>();
+  if (isOn)
+    help += mark;
+  help.append(" | -no-").append(option.firstName());
+  if (option.m_hasDefault && !isOn)
+    help += mark;
+}
+
+// " (3)", or nothing for a default without a text.
+void appendDefault(string& help, const OptionDescription& option) {
+  const std::size_t end = help.size();
+  help += " (";
+  const std::size_t text = help.size();
+  appendValue(option.m_type, option.getDefaultValue(), help);
+  if (help.size() == text)
+    help.resize(end);
+  else
+    help += ')';
 }
 
 // "=fast | slow (fast)" or "=<integer> (3)"
-string valueSyntax(const OptionDescription& option) {
-  string syntax;
-  for (const variant_t& value : option.m_allowedValues)
-    syntax += (syntax.empty() ? "=" : " | ") + textOf(option, value);
-  if (syntax.empty())
-    syntax = "=<" + option.getTypeName() + ">";
-  const string defaultText = option.m_hasDefault ? option.getDefaultValueAsText() : "";
-  return defaultText.empty() ? syntax : syntax + " (" + defaultText + ")";
-}
-
-string headOf(const OptionDescription& option) {
-  if (option.m_type == vtBool)
-    return namesOf(option) + booleanSyntax(option);
-  return option.m_type == vtNull ? namesOf(option) : namesOf(option) + valueSyntax(option);
+void appendValueSyntax(string& help, const OptionDescription& option) {
+  string_view separator = "=";
+  for (const variant_t& value : option.m_allowedValues) {
+    help += separator;
+    appendValue(option.m_type, value, help);
+    separator = " | ";
+  }
+  if (option.m_allowedValues.empty())
+    help.append("=<").append(typeName(option.m_type)) += '>';
+  if (option.m_hasDefault)
+    appendDefault(help, option);
 }
 
 // A head that would run into the column of the descriptions has a line of its own.
-string entryOf(const OptionDescription& option) {
-  const string head = headOf(option);
-  if (head.size() < bodyColumn)
-    return paragraphString(option.m_description, head, bodyColumn, bodyWidth);
-  return head + '\n' + paragraphString(option.m_description, "", bodyColumn, bodyWidth);
+void appendEntry(string& help, const OptionDescription& option) {
+  std::size_t head = help.size();
+  appendNames(help, option);
+  if (option.m_type == vtBool)
+    appendBooleanSyntax(help, option);
+  else if (option.m_type != vtNull)
+    appendValueSyntax(help, option);
+  if (help.size() - head >= bodyColumn) {
+    help += '\n';
+    head = help.size();
+  }
+  wrapBehindHead(help, head, option.m_description, bodyColumn, bodyWidth);
 }
 
+struct Entry {
+  string_view name;  // what it is sorted by; empty for an option without names
+  const OptionDescription* option;
+
+  bool operator<(const Entry& other) const { return name < other.name; }
+};
+
+using Entries = std::vector<Entry>;
+
 // The options of each section, by name within it. Positional ones are not listed.
-std::unordered_map<string, Selection> bySection(Selection options) {
-  std::sort(options.begin(), options.end(),
-            [](const auto* left, const auto* right) { return *left < *right; });
-  std::unordered_map<string, Selection> sections;
+std::map<string_view, Entries> bySection(const Selection& options) {
+  std::map<string_view, Entries> sections;
   for (const OptionDescription* option : options)
     if (!option->m_positional)
-      sections[option->m_groupKey].push_back(option);
+      sections[option->m_groupKey].push_back(
+          {option->m_names.empty() ? string_view() : option->firstName(), option});
+  for (auto& [key, entries] : sections)
+    if (!std::is_sorted(entries.begin(), entries.end()))
+      std::sort(entries.begin(), entries.end());
   return sections;
 }
 
 }  // namespace
 
-string HelpGenerator::describe(Selection selection, bool hidden) const {
-  std::unordered_map<string, Selection> optionsOf = bySection(std::move(selection));
+string HelpGenerator::describe(const Selection& selection, bool hidden) const {
+  std::map<string_view, Entries> entriesOf = bySection(selection);
   string help;
-  for (const auto& [key, introduction] : m_sections) {
+  help.reserve(selection.size() * usualEntry);
+  for (const auto& [name, introduction] : m_sections) {
+    const string_view key = name;
     if ((key == hiddenKey) != hidden)
       continue;
     if (!key.empty())
-      help += key + '\n';
-    if (!introduction.empty())
-      help += paragraphString(introduction, "", introductionColumn, introductionWidth) + '\n';
-    for (const OptionDescription* option : optionsOf[key])
-      help += entryOf(*option);
+      help.append(key) += '\n';
+    if (!introduction.empty()) {
+      wrapBehindHead(help, help.size(), introduction, introductionColumn, introductionWidth);
+      help += '\n';
+    }
+    for (const Entry& entry : entriesOf[key])
+      appendEntry(help, *entry.option);
   }
   return help;
 }
 
 string HelpGenerator::describeTool(bool hidden) const {
-  std::map<string, string> topics;
+  std::map<string_view, string_view> topics;
   std::size_t longest = 0;
   for (const OptionDescription* action : getGlobalActions()) {
     if ((action->m_groupKey == hiddenKey) != hidden)
       continue;
-    topics[action->firstName()] = action->m_description;
-    longest = std::max(longest, action->firstName().size());
+    const string_view name = action->firstName();
+    topics[name] = action->m_description;
+    longest = std::max(longest, name.size());
   }
   if (topics.empty()) {
     Selection all;
+    all.reserve(m_options.size());
     for (const OptionDescription& option : m_options)
       all.push_back(&option);
-    return describe(std::move(all), hidden);
+    return describe(all, hidden);
   }
   string help;
   for (const auto& [name, description] : topics) {
@@ -129,7 +160,7 @@ string HelpGenerator::describeOption(unsigned int index, bool hidden) const {
 string HelpGenerator::describeActionModifiers(unsigned int index, bool hidden) const {
   Selection modifiers;
   findActionModifiers(index, modifiers);
-  return describe(std::move(modifiers), hidden);
+  return describe(modifiers, hidden);
 }
 
 string HelpGenerator::describeGlobalModifiers(bool hidden) const {

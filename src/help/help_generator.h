@@ -6,19 +6,17 @@
 // way, raises std::out_of_range.
 
 #include <string>
-#include <utility>
 #include <vector>
 
-#include "options/option_description.h"
+#include "options/option_registry.h"
 
 namespace kivo_3_3 {
 
 class HelpGenerator {
  public:
-  using Options = std::vector<OptionDescription>;
+  using Options = OptionList;
   using Selection = std::vector<const OptionDescription*>;
-  // Key and introduction.
-  using Sections = std::vector<std::pair<std::string, std::string>>;
+  using Sections = RegisteredOptionStorage::Groups;
 
   // Both must outlive the generator.
   HelpGenerator(const Options& options, const Sections& sections)
@@ -39,7 +37,7 @@ class HelpGenerator {
   void findActionModifiers(unsigned int index, Selection& modifiers) const;
 
  private:
-  std::string describe(Selection selection, bool hidden) const;
+  std::string describe(const Selection& selection, bool hidden) const;
 
   const Options& m_options;
   const Sections& m_sections;

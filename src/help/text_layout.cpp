@@ -5,8 +5,10 @@
 
 #include <kivo/text_layout.h>
 
-#include <algorithm>
 #include <string_view>
+#include <utility>
+
+#include "help/paragraph.h"
 
 namespace kivo_3_3 {
 
@@ -21,11 +23,12 @@ constexpr unsigned int narrowest = 2;
 bool isBreak(char character) { return character == ' ' || character == '\n'; }
 
 void dropLeadingBreaks(string_view& text) {
-  text.remove_prefix(std::min(text.find_first_not_of(" \n"), text.size()));
+  while (!text.empty() && isBreak(text.front()))
+    text.remove_prefix(1);
 }
 
 // Out of range for a chunk without characters, which there is no room for.
-char lastOf(string_view chunk) { return string(chunk).at(chunk.size() - 1); }
+char lastOf(string_view chunk) { return chunk.empty() ? string().at(string::npos) : chunk.back(); }
 
 // The part of `text` for a line with this much room: up to a newline or the end of a
 // whole word, or as much of a word as there is room for.
@@ -39,32 +42,34 @@ string_view takeChunk(string_view text, unsigned int room) {
 
 }  // namespace
 
+void wrapBehindHead(string& output, std::size_t head, string_view text, unsigned int indent,
+                    unsigned int width) {
+  if (text.empty())
+    output.resize(head);
+  std::size_t line = head;
+  while (!text.empty()) {
+    dropLeadingBreaks(text);
+    if (indent == 0 && width <= narrowest && !text.empty())
+      lastOf("");  // the space that such lines begin with fills them
+    const auto length = static_cast<unsigned int>(output.size() - line);
+    string_view chunk;
+    if (length < indent) {
+      output.append(indent - length, ' ');
+      chunk = takeChunk(text, width - 1);
+    } else if (length - indent + 1 < width - 1) {
+      output += ' ';
+      chunk = takeChunk(text, indent + width - 1 - length - 1);
+    }
+    output.append(chunk) += '\n';
+    text.remove_prefix(chunk.size());
+    line = output.size();
+  }
+}
+
 // NOLINTNEXTLINE(performance-unnecessary-value-param): tools have been built with it
 string paragraphString(string text, string head, unsigned int indent, unsigned int width) {
-  string paragraph;
-  string line = std::move(head);
-  string_view rest(text);
-  while (!rest.empty()) {
-    dropLeadingBreaks(rest);
-    if (indent == 0 && width <= narrowest && !rest.empty())
-      lastOf("");  // the space that such lines begin with fills them
-    const auto length = static_cast<unsigned int>(line.size());
-    unsigned int room = width - 1;
-    if (length < indent) {
-      line.append(indent - length, ' ');
-    } else if (length - indent + 1 >= width - 1) {
-      paragraph += line + '\n';
-      line.clear();
-      continue;
-    } else {
-      line += ' ';
-      room = indent + width - 1 - length - 1;
-    }
-    const string_view chunk = takeChunk(rest, room);
-    rest.remove_prefix(chunk.size());
-    paragraph.append(line).append(chunk) += '\n';
-    line.clear();
-  }
+  string paragraph = std::move(head);
+  wrapBehindHead(paragraph, 0, text, indent, width);
   return paragraph;
 }
 

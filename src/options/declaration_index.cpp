@@ -1,170 +1,146 @@
 #include "options/declaration_index.h"
 
 #include <algorithm>
-#include <functional>
 
 namespace kivo_3_3 {
 
 namespace {
 
-constexpr std::string_view negation = "no-";
-constexpr std::size_t fewestSlots = 16;
+constexpr const char* negation = "no-";
 
 bool beginsWith(std::string_view text, std::string_view prefix) {
   return text.substr(0, prefix.size()) == prefix;
 }
 
-std::size_t hashOf(std::string_view name) { return std::hash<std::string_view>()(name); }
+std::string_view withoutNegation(std::string_view name) {
+  return name.substr(std::string_view(negation).size());
+}
 
 }  // namespace
 
-std::optional<unsigned int> DeclarationIndex::find(std::string_view name, const Options& options) {
+struct DeclarationIndex::Matches {
+  int count = 0;
+  std::uint32_t first = 0;
+  const char* ahead = "";
+};
+
+std::optional<unsigned int> DeclarationIndex::find(const HashedName& name,
+                                                   const OptionList& options) {
   catchUp(options);
-  const auto named = firstWith(name, options, [](Entry) { return true; });
-  if (!beginsWith(name, negation))
-    return named;
-  const auto negated = firstWith(name.substr(negation.size()), options,
-                                 [&](Entry entry) { return isBoolean(entry, options); });
-  if (named && negated)
-    return std::min(*named, *negated);
-  return named ? named : negated;
+  std::optional<unsigned int> option;
+  if (const auto named = m_names.find(name))
+    option = m_names[*named].option;
+  if (name.text.empty() || name.text.front() != *negation || !beginsWith(name.text, negation))
+    return option;
+  const auto negated =
+      m_names.find(withoutNegation(name.text), [](const Name& found) { return found.isBoolean; });
+  if (negated && (!option || m_names[*negated].option < *option))
+    option = m_names[*negated].option;
+  return option;
 }
 
-DeclarationIndex::Match DeclarationIndex::findBest(const std::string& typed,
-                                                   const Options& options) {
+DeclarationIndex::Match DeclarationIndex::findBest(std::string_view typed,
+                                                   const OptionList& options) {
   if (const auto exact = find(typed, options))
-    return {Match::unique, *exact, typed};
-
-  std::vector<std::string> matches;
-  const auto collect = [&](Names& names, std::string_view ahead, std::string_view prefix) {
-    auto [entry, last] = names.beginningWith(prefix, options);
-    for (; entry != last && matches.size() < 2; ++entry)
-      matches.push_back(std::string(ahead) + nameOf(*entry, options));
-  };
-  collect(m_names, "", typed);
+    return {Match::unique, *exact, "", typed};
+  sortNames();
+  Matches matches;
+  collect(m_sorted, typed, "", matches);
   if (beginsWith(typed, negation))
-    collect(m_booleans, negation, std::string_view(typed).substr(negation.size()));
+    collect(m_sortedBooleans, withoutNegation(typed), negation, matches);
   else if (beginsWith(negation, typed))
-    collect(m_booleans, negation, "");
-
-  if (matches.empty())
-    return {};
-  if (matches.size() > 1)
-    return {Match::ambiguous, 0, {}};
-  return {Match::unique, *find(matches.front(), options), matches.front()};
+    collect(m_sortedBooleans, "", negation, matches);
+  if (matches.count != 1)
+    return {matches.count == 0 ? Match::none : Match::ambiguous};
+  const Name& match = m_names[matches.first];
+  return {Match::unique, match.option, matches.ahead, match.name.text};
 }
 
-std::optional<unsigned int> DeclarationIndex::findPositional(const Options& options) {
+std::optional<unsigned int> DeclarationIndex::findPositional(const OptionList& options) {
   catchUp(options);
   if (!m_positional && !options.empty() && options.back().m_positional)
     return static_cast<unsigned int>(options.size() - 1);
   return m_positional;
 }
 
-void DeclarationIndex::catchUp(const Options& options) {
-  while (m_next.option < options.size()) {
-    const std::size_t names = options[m_next.option].m_names.size();
-    for (; m_next.name < names; ++m_next.name)
-      add(m_next, options);
-    if (m_next.option + 1 == options.size())
+bool DeclarationIndex::hasActions(const OptionList& options) {
+  catchUp(options);
+  return m_hasActions || (!options.empty() && options.back().isAction());
+}
+
+std::shared_ptr<const DeclaredDefaults> DeclarationIndex::defaults(const OptionList& options) {
+  catchUp(options);
+  if (options.empty())
+    return nullptr;
+  const OptionDescription& last = options.back();
+  if (m_defaultsOf == options.size() && m_defaultsOfChanges == last.m_changes)
+    return m_defaults;
+
+  std::shared_ptr<DeclaredDefaults> defaults;
+  if (!m_withDefault.empty() || last.m_hasDefault) {
+    defaults = std::make_shared<DeclaredDefaults>();
+    for (const std::uint32_t option : m_withDefault)
+      defaults->add(options[option]);
+    defaults->add(last);
+  }
+  m_defaults = std::move(defaults);
+  m_defaultsOf = options.size();
+  m_defaultsOfChanges = last.m_changes;
+  return m_defaults;
+}
+
+void DeclarationIndex::learn(const OptionList& options) {
+  while (m_nextOption < options.size()) {
+    const OptionDescription& option = options[m_nextOption];
+    for (; m_nextName < option.m_names.size(); ++m_nextName)
+      m_names.add({option.m_names[m_nextName], m_nextOption, option.m_type == vtBool});
+    if (m_nextOption + 1 == options.size())
       return;  // its builder may still change it
-    settle(m_next.option, options);
-    m_next = {m_next.option + 1, 0};
+    settle(m_nextOption, options);
+    ++m_nextOption;
+    m_nextName = 0;
   }
 }
 
-void DeclarationIndex::settle(std::uint32_t option, const Options& options) {
-  if (options[option].m_hasDefault)
+// What may fail for want of memory comes first.
+void DeclarationIndex::settle(std::uint32_t option, const OptionList& options) {
+  const OptionDescription& settled = options[option];
+  if (settled.m_hasDefault)
     m_withDefault.push_back(option);
-  if (!m_positional && options[option].m_positional)
+  if (!m_positional && settled.m_positional)
     m_positional = option;
+  m_hasActions = m_hasActions || settled.isAction();
 }
 
-// Whatever may fail for want of memory comes first.
-void DeclarationIndex::add(Entry entry, const Options& options) {
-  if ((m_names.entries.size() + 1) * 2 > m_slots.size())
-    grow();
-  m_names.makeRoom();
-  m_booleans.makeRoom();
-  m_names.add(entry);
-  if (isBoolean(entry, options))
-    m_booleans.add(entry);
-  const std::size_t hash = hashOf(nameOf(entry, options));
-  freeSlot(m_slots, hash) = {hash, entry};
+void DeclarationIndex::sortNames() {
+  const auto& names = m_names.entries();
+  if (m_sorted.size() == names.size())
+    return;
+  Sorted sorted(m_sorted.get_allocator());
+  Sorted booleans(m_sorted.get_allocator());
+  for (std::uint32_t number = 0; number < names.size(); ++number)
+    sorted.push_back(number);
+  std::sort(sorted.begin(), sorted.end(), [&](std::uint32_t left, std::uint32_t right) {
+    return names[left].name.text < names[right].name.text;
+  });
+  std::copy_if(sorted.begin(), sorted.end(), std::back_inserter(booleans),
+               [&](std::uint32_t number) { return names[number].isBoolean; });
+  m_sortedBooleans.swap(booleans);
+  m_sorted.swap(sorted);
 }
 
-void DeclarationIndex::grow() {
-  std::vector<Slot> wider(std::max(fewestSlots, m_slots.size() * 2));
-  for (const Slot& slot : m_slots)
-    if (slot.entry)
-      freeSlot(wider, slot.hash) = slot;
-  m_slots = std::move(wider);
-}
-
-DeclarationIndex::Slot& DeclarationIndex::freeSlot(std::vector<Slot>& slots,
-                                                   std::size_t hash) const {
-  std::size_t place = hash & (slots.size() - 1);
-  while (slots[place].entry)
-    place = (place + 1) & (slots.size() - 1);
-  return slots[place];
-}
-
-const std::string& DeclarationIndex::nameOf(Entry entry, const Options& options) {
-  return options[entry.option].m_names[entry.name];
-}
-
-bool DeclarationIndex::isBoolean(Entry entry, const Options& options) {
-  return options[entry.option].m_type == vtBool;
-}
-
-// Two options may have one name, when a builder added it to the second: all that have
-// it are looked at, and the first declared one counts.
-template <class Accept>
-std::optional<unsigned int> DeclarationIndex::firstWith(std::string_view name,
-                                                        const Options& options,
-                                                        Accept accept) const {
-  std::optional<unsigned int> first;
-  if (m_slots.empty())
-    return first;
-  const std::size_t hash = hashOf(name);
-  for (std::size_t place = hash & (m_slots.size() - 1); m_slots[place].entry;
-       place = (place + 1) & (m_slots.size() - 1)) {
-    const Slot& slot = m_slots[place];
-    const bool earlier = !first || slot.entry->option < *first;
-    if (slot.hash == hash && earlier && accept(*slot.entry) && nameOf(*slot.entry, options) == name)
-      first = slot.entry->option;
+void DeclarationIndex::collect(const Sorted& sorted, std::string_view prefix, const char* ahead,
+                               Matches& matches) const {
+  auto match = std::lower_bound(sorted.begin(), sorted.end(), prefix,
+                                [&](std::uint32_t number, std::string_view wanted) {
+                                  return m_names[number].name.text < wanted;
+                                });
+  for (; match != sorted.end() && beginsWith(m_names[*match].name.text, prefix); ++match) {
+    if (++matches.count > 1)
+      return;
+    matches.first = *match;
+    matches.ahead = ahead;
   }
-  return first;
-}
-
-void DeclarationIndex::Names::makeRoom() {
-  if (entries.size() == entries.capacity())
-    entries.reserve(entries.size() * 2 + 1);
-}
-
-void DeclarationIndex::Names::add(Entry entry) {
-  entries.push_back(entry);
-  sorted = false;
-}
-
-std::pair<DeclarationIndex::Entries, DeclarationIndex::Entries>
-DeclarationIndex::Names::beginningWith(std::string_view prefix, const Options& options) {
-  if (!sorted) {
-    std::sort(entries.begin(), entries.end(), [&](Entry left, Entry right) {
-      return nameOf(left, options) < nameOf(right, options);
-    });
-    sorted = true;
-  }
-  const auto cut = [&](Entry entry) {
-    return std::string_view(nameOf(entry, options)).substr(0, prefix.size());
-  };
-  const auto first =
-      std::lower_bound(entries.cbegin(), entries.cend(), prefix,
-                       [&](Entry entry, std::string_view wanted) { return cut(entry) < wanted; });
-  const auto last =
-      std::upper_bound(first, entries.cend(), prefix,
-                       [&](std::string_view wanted, Entry entry) { return wanted < cut(entry); });
-  return {first, last};
 }
 
 }  // namespace kivo_3_3

@@ -1,11 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "base/name_table.h"
+#include "options/declared_defaults.h"
 #include "options/option_description.h"
 
 namespace kivo_3_3 {
@@ -13,82 +16,74 @@ namespace kivo_3_3 {
 // Answers what a parse asks about the declarations without walking them. Names are found
 // as findOption() and find_best_match() find them among all.
 //
-// The index refers to descriptions and names by number, so the descriptions may move.
 // It learns at each look-up what was declared since the one before. Only the last
 // description can still change, through its builder, and is always looked at itself.
 // All look-ups of one index must be made over the same, growing list of descriptions.
 class DeclarationIndex {
  public:
-  using Options = std::vector<OptionDescription>;
-
   // What a typed name stands for.
   struct Match {
     enum Kind { none, unique, ambiguous };
     Kind kind = none;
-    unsigned int option = 0;  // of a unique match
-    std::string name;         // of a unique match: in full, a "no-" form included
+    unsigned int option = 0;     // of a unique match
+    const char* ahead = "";      // of a unique match: "no-" where the name is meant with it
+    std::string_view name = {};  // of a unique match: in full
   };
+
+  explicit DeclarationIndex(OwnedMemory* memory)
+      : m_names(memory), m_sorted(memory), m_sortedBooleans(memory), m_withDefault(memory) {}
 
   // The first option that has this name, the "no-" forms of booleans included.
-  std::optional<unsigned int> find(std::string_view name, const Options& options);
+  std::optional<unsigned int> find(const HashedName& name, const OptionList& options);
 
   // The option whose name was typed, in full or shortened.
-  Match findBest(const std::string& typed, const Options& options);
+  Match findBest(std::string_view typed, const OptionList& options);
 
   // The first positional option.
-  std::optional<unsigned int> findPositional(const Options& options);
+  std::optional<unsigned int> findPositional(const OptionList& options);
 
-  // Visits the options that have a default, in declaration order.
-  template <class Visit>
-  void forEachDefault(const Options& options, Visit visit) {
-    catchUp(options);
-    for (const std::uint32_t option : m_withDefault)
-      visit(options[option]);
-    if (!options.empty() && options.back().m_hasDefault)
-      visit(options.back());
-  }
+  // Whether there is an action.
+  bool hasActions(const OptionList& options);
+
+  // The defaults of all options as they stand; null where there are none.
+  std::shared_ptr<const DeclaredDefaults> defaults(const OptionList& options);
 
  private:
-  struct Entry {
+  struct Name {
+    HashedName name;
     std::uint32_t option;
-    std::uint32_t name;
+    bool isBoolean;
   };
-  struct Slot {
-    std::size_t hash = 0;
-    std::optional<Entry> entry;
-  };
-  using Entries = std::vector<Entry>::const_iterator;
+  // Numbers of names, put in order when they are next looked for by how they begin.
+  using Sorted = std::vector<std::uint32_t, OwnedAllocator<std::uint32_t>>;
+  // The first two names that begin alike.
+  struct Matches;
 
-  void catchUp(const Options& options);
-  void settle(std::uint32_t option, const Options& options);
-  void add(Entry entry, const Options& options);
-  void grow();
-  Slot& freeSlot(std::vector<Slot>& slots, std::size_t hash) const;
+  void catchUp(const OptionList& options) {
+    if (m_nextOption + 1 != options.size() || m_nextName != options.back().m_names.size())
+      learn(options);
+  }
+  void learn(const OptionList& options);
+  void settle(std::uint32_t option, const OptionList& options);
+  void sortNames();
+  void collect(const Sorted& sorted, std::string_view prefix, const char* ahead,
+               Matches& matches) const;
 
-  static const std::string& nameOf(Entry entry, const Options& options);
-  static bool isBoolean(Entry entry, const Options& options);
-
-  template <class Accept>
-  std::optional<unsigned int> firstWith(std::string_view name, const Options& options,
-                                        Accept accept) const;
-  // Names, put in order when they are next looked for by how they begin.
-  struct Names {
-    std::vector<Entry> entries;
-    bool sorted = false;
-
-    void makeRoom();
-    void add(Entry entry);  // behind makeRoom() it cannot fail
-    std::pair<Entries, Entries> beginningWith(std::string_view prefix, const Options& options);
-  };
-
-  std::vector<Slot> m_slots;  // open addressing, a power of two, at most half full
-  Names m_names;              // all of them
-  Names m_booleans;           // those with a "no-" form
-  Entry m_next = {0, 0};      // the first name not yet indexed
+  NameTable<Name> m_names;
+  Sorted m_sorted;                 // all of them
+  Sorted m_sortedBooleans;         // those with a "no-" form
+  std::uint32_t m_nextOption = 0;  // the name not yet indexed: that of this option
+  std::uint32_t m_nextName = 0;    // and of this number
 
   // Of all options but the last:
   std::optional<std::uint32_t> m_positional;  // the first positional one
-  std::vector<std::uint32_t> m_withDefault;
+  bool m_hasActions = false;
+  std::vector<std::uint32_t, OwnedAllocator<std::uint32_t>> m_withDefault;
+
+  // What the defaults were made from.
+  std::shared_ptr<const DeclaredDefaults> m_defaults;
+  std::size_t m_defaultsOf = 0;           // so many options
+  std::uint32_t m_defaultsOfChanges = 0;  // the last one changed so many times
 };
 
 }  // namespace kivo_3_3

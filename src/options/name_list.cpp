@@ -1,5 +1,7 @@
 #include "options/name_list.h"
 
+#include <algorithm>
+
 namespace kivo_3_3 {
 
 namespace {
@@ -7,27 +9,33 @@ namespace {
 constexpr std::size_t mostNames = 3;
 constexpr std::size_t longestThirdName = 2;
 
-}  // namespace
-
-result_t split(const std::string& text, std::vector<std::string>& words) {
-  std::size_t begin = 0;
-  for (std::size_t comma = text.find(','); comma != std::string::npos;
-       comma = text.find(',', begin)) {
-    words.push_back(text.substr(begin, comma - begin));
-    begin = comma + 1;
+template <class Words>
+result_t splitInto(Words& words, std::string_view text) {
+  const auto commas = std::count(text.begin(), text.end(), ',');
+  words.reserve(words.size() + static_cast<std::size_t>(commas) + 1);
+  for (std::size_t comma = text.find(','); comma != std::string_view::npos;
+       comma = text.find(',')) {
+    words.push_back(text.substr(0, comma));
+    text.remove_prefix(comma + 1);
   }
-  if (begin < text.size())
-    words.push_back(text.substr(begin));
+  if (!text.empty())
+    words.push_back(text);
   return found;
 }
 
-int validateName(const std::vector<std::string>& names) {
+}  // namespace
+
+result_t split(std::string_view text, Texts& words) { return splitInto(words, text); }
+
+result_t split(std::string_view text, Names& names) { return splitInto(names, text); }
+
+int validateName(const Names& names) {
   if (names.size() > mostNames)
     return 1;
-  return names.size() == mostNames && names.back().size() > longestThirdName ? 1 : 0;
+  return names.size() == mostNames && names.back().text.size() > longestThirdName ? 1 : 0;
 }
 
-bool isIntersected(const std::set<std::string>& first, const std::set<std::string>& second) {
+bool isIntersected(const Texts& first, const Texts& second) {
   auto left = first.begin();
   auto right = second.begin();
   while (left != first.end() && right != second.end()) {

@@ -1,17 +1,16 @@
 #include "options/option_description.h"
 
+#include <algorithm>
 #include <exception>
 
-#include "options/name_list.h"
 #include "options/value_conversion.h"
 
 namespace kivo_3_3 {
 
 namespace {
 
-const std::string& sortingName(const OptionDescription& option) {
-  static const std::string none;
-  return option.m_names.empty() ? none : option.m_names.front();
+std::string_view sortingName(const OptionDescription& option) {
+  return option.m_names.empty() ? std::string_view() : option.m_names.front().text;
 }
 
 // Runs a change that is made as a whole or, when memory runs out, not at all.
@@ -29,8 +28,10 @@ void amend(Change change) {
 IOption::~IOption() = default;
 
 IOption* OptionDescription::synonym(const char* name) {
-  if (name != nullptr)
-    amend([&] { m_names.emplace_back(name); });
+  if (name != nullptr) {
+    amend([&] { m_names.emplace_back(m_garbage->memory().copy(name)); });
+    ++m_changes;
+  }
   return this;
 }
 
@@ -52,6 +53,7 @@ IOption* OptionDescription::allowDeprecatedValue(const variant_t& oldValue,
 IOption* OptionDescription::defaultValue(const variant_t& value) {
   m_defaultValue = value;
   m_hasDefault = true;
+  ++m_changes;
   return this;
 }
 
@@ -70,13 +72,21 @@ IOption* OptionDescription::tag(const char* tags) {
   return this;
 }
 
+// Texts are kept for tags that are new. Whatever may fail for want of memory comes first.
 void OptionDescription::addTags(const char* tags) {
   if (tags == nullptr)
     return;
-  std::vector<std::string> words;
-  split(tags, words);
-  std::set<std::string> added(words.begin(), words.end());
-  m_tags.merge(added);
+  Texts added;
+  split(tags, added);
+  const auto isKnown = [&](std::string_view tag) {
+    return std::binary_search(m_tags.begin(), m_tags.end(), tag);
+  };
+  added.erase(std::remove_if(added.begin(), added.end(), isKnown), added.end());
+  for (std::string_view& tag : added)
+    tag = m_garbage->memory().copy(tag);
+  m_tags.insert(m_tags.end(), added.begin(), added.end());
+  std::sort(m_tags.begin(), m_tags.end());
+  m_tags.erase(std::unique(m_tags.begin(), m_tags.end()), m_tags.end());
 }
 
 std::string OptionDescription::getDefaultValueAsText() const {

@@ -3,12 +3,14 @@
 #include <kivo/option.h>
 
 #include <cstdint>
+#include <deque>
 #include <map>
-#include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/garbage.h"
+#include "options/name_list.h"
 
 namespace kivo_3_3 {
 
@@ -32,6 +34,9 @@ class OptionDescription final : public IOption {
   IOption* tag(const char* tags) override;
 
   OptionDescription() = default;
+  // Keeps its lists in `memory`, which must outlive it.
+  explicit OptionDescription(OwnedMemory* memory)
+      : m_names(memory), m_tags(memory), m_allowedValues(memory) {}
   OptionDescription(const OptionDescription&) = default;
   OptionDescription(OptionDescription&&) noexcept = default;
   OptionDescription& operator=(const OptionDescription&) = default;
@@ -40,7 +45,7 @@ class OptionDescription final : public IOption {
 
   // The name that stands for the option in messages and events; out of range for an
   // option without names.
-  const std::string& firstName() const { return m_names.at(0); }
+  std::string_view firstName() const { return m_names.at(0).text; }
   bool isAction() const { return m_notAnAction == 0; }
 
   // What tag() does, for those who must know that it is done: raises std::bad_alloc.
@@ -67,21 +72,27 @@ class OptionDescription final : public IOption {
   // By first name, byte by byte; an option without names stands first.
   bool operator<(const OptionDescription& other) const;
 
+  // All texts are kept in the Garbage, with a zero behind them.
   std::uint32_t m_status = stored;
-  std::vector<std::string> m_names;
-  std::set<std::string> m_tags;
-  std::string m_groupKey;
-  std::string m_groupTitle;
-  std::string m_description;
+  Names m_names;
+  Texts m_tags;  // in order, each once
+  std::string_view m_groupKey;
+  std::string_view m_groupTitle;
+  std::string_view m_description;
   bool m_positional = false;
   bool m_hasDefault = false;
   std::uint32_t m_notAnAction = 2;  // 0 for an action, 1 for what is none, 2 while undeclared
   char m_tokenizer = ',';           // '\0': values are not split
   variant_type_t m_type = stratum2::vtNull;
   variant_t m_defaultValue;
-  std::vector<variant_t> m_allowedValues;
+  std::vector<variant_t, OwnedAllocator<variant_t>> m_allowedValues;
   std::map<variant_t, variant_t> m_deprecatedValues;  // what is still accepted, and for what
   Garbage* m_garbage = nullptr;
+  std::uint64_t m_identity = 0;  // in this process; 0 for one that no registry has made
+  std::uint32_t m_changes = 0;   // counts what concerns names and the default
 };
+
+// Everything that one parser has declared, in that order. Descriptions stay where they are.
+using OptionList = std::deque<OptionDescription, OwnedAllocator<OptionDescription>>;
 
 }  // namespace kivo_3_3

@@ -1,6 +1,7 @@
 #include "options/option_registry.h"
 
 #include <algorithm>
+#include <atomic>
 #include <exception>
 
 #include "base/trace.h"
@@ -10,54 +11,77 @@ namespace kivo_3_3 {
 
 namespace {
 
+// What follows an identity up to the next one is for the options.
+constexpr std::uint64_t identityStep = std::uint64_t(1) << 32;
+std::atomic<std::uint64_t> lastIdentity = 0;
+
 const char* orEmpty(const char* text) { return text != nullptr ? text : ""; }
 
 }  // namespace
 
+RegisteredOptionStorage::RegisteredOptionStorage(Garbage* garbage)
+    : m_garbage(garbage),
+      m_options(&garbage->memory()),
+      m_groups(&garbage->memory()),
+      m_index(&garbage->memory()),
+      m_identity(lastIdentity += identityStep) {
+  m_fallback.m_garbage = garbage;
+}
+
 IOption* RegisteredOptionStorage::option(const char* names, const char* tags,
                                          const char* description, bool isAction,
                                          variant_type_t type, const char* group) {
-  const std::size_t groupsBefore = m_groups.size();
   try {
     return declare(names, tags, description, isAction, type, group);
   } catch (const std::exception&) {
-    forgetGroupsFrom(groupsBefore);
     return reject();
   }
 }
 
+// A group is there with its first declaration, a rejected one included, but not with one
+// that fails: so it comes last.
 IOption* RegisteredOptionStorage::declare(const char* names, const char* tags,
                                           const char* description, bool isAction,
                                           variant_type_t type, const char* group) {
-  const Group& section = groupFor(orEmpty(group));
   m_fallback.m_status = OptionDescription::underDeclaration;
-
-  OptionDescription declared;
-  split(orEmpty(names), declared.m_names);
-  if (validateName(declared.m_names) != 0)
-    return reject();
-  if (isTaken(declared.m_names)) {
-    internal::traceLine([&](std::ostream& out) {
-      out << "Tried to register an option with a name, which is alread registered: "
-          << orEmpty(names);
-    });
+  Names wanted(&m_garbage->memory());
+  split(orEmpty(names), wanted);
+  const bool isValid = validateName(wanted) == 0;
+  if (!isValid || isTaken(wanted)) {
+    if (isValid)
+      internal::traceLine("Tried to register an option with a name, which is alread registered: ",
+                          orEmpty(names));
+    groupFor(orEmpty(group));
     return reject();
   }
+  OptionDescription& declared = m_options.emplace_back(&m_garbage->memory());
+  try {
+    declared.m_names = std::move(wanted);
+    declared.m_notAnAction = isAction ? 0 : 1;
+    declared.m_type = type;
+    declared.m_tokenizer = m_tokenizer;
+    declared.m_garbage = m_garbage;
+    declared.m_identity = m_identity + m_options.size();
+    fill(declared, isAction ? names : nullptr, tags, description, group);
+  } catch (...) {
+    m_options.pop_back();
+    throw;
+  }
+  return &declared;
+}
 
-  declared.m_type = type;
-  declared.m_description = orEmpty(description);
-  declared.m_groupKey = section.first;
-  declared.m_groupTitle = section.second;
-  declared.m_notAnAction = isAction ? 0 : 1;
-  declared.m_garbage = m_garbage;
+// Puts the kept texts in the place of the caller's.
+void RegisteredOptionStorage::fill(OptionDescription& declared, const char* actionNames,
+                                   const char* tags, const char* description, const char* group) {
+  OwnedMemory& memory = m_garbage->memory();
+  for (HashedName& name : declared.m_names)
+    name.text = memory.copy(name.text);
+  declared.m_description = memory.copy(orEmpty(description));
   declared.addTags(tags);
-  if (isAction)
-    declared.addTags(names);
-  declared.tokenize(m_tokenizer);
-
-  OptionDescription& kept = append(std::move(declared));
-  kept.m_status = OptionDescription::stored;
-  return &kept;
+  declared.addTags(actionNames);
+  const Group& section = groupFor(orEmpty(group));
+  declared.m_groupKey = section.name.text;
+  declared.m_groupTitle = section.title;
 }
 
 IOption* RegisteredOptionStorage::action(const char* names, const char* description,
@@ -72,24 +96,19 @@ IOption* RegisteredOptionStorage::modifier(const char* names, const char* action
 }
 
 // "key:title", split at the first colon. The first title given for a key stays.
-const RegisteredOptionStorage::Group& RegisteredOptionStorage::groupFor(const std::string& text) {
-  const std::size_t colon = text.find(':');
-  const std::string key = text.substr(0, colon);
-  const auto known = m_groupOf.find(key);
-  if (known != m_groupOf.end())
-    return m_groups[known->second];
-  m_groups.emplace_back(key, colon != std::string::npos ? text.substr(colon + 1) : "");
-  m_groupOf.emplace(key, m_groups.size() - 1);
-  return m_groups.back();
+const RegisteredOptionStorage::Group& RegisteredOptionStorage::groupFor(std::string_view text) {
+  const std::size_t colon = std::min(text.find(':'), text.size());
+  HashedName key = text.substr(0, colon);
+  if (const auto known = m_groups.find(key))
+    return m_groups[*known];
+  OwnedMemory& memory = m_garbage->memory();
+  const std::string_view title = text.substr(std::min(colon + 1, text.size()));
+  key.text = memory.copy(key.text);
+  return m_groups[m_groups.add({key, memory.copy(title)})];
 }
 
-void RegisteredOptionStorage::forgetGroupsFrom(std::size_t first) {
-  for (; m_groups.size() > first; m_groups.pop_back())
-    m_groupOf.erase(m_groups.back().first);
-}
-
-bool RegisteredOptionStorage::isTaken(const std::vector<std::string>& names) {
-  return std::any_of(names.begin(), names.end(), [&](const std::string& name) {
+bool RegisteredOptionStorage::isTaken(const Names& names) {
+  return std::any_of(names.begin(), names.end(), [&](const HashedName& name) {
     return m_index.find(name, m_options).has_value();
   });
 }
@@ -97,28 +116,6 @@ bool RegisteredOptionStorage::isTaken(const std::vector<std::string>& names) {
 IOption* RegisteredOptionStorage::reject() {
   m_fallback.m_status = OptionDescription::rejected;
   return &m_fallback;
-}
-
-OptionDescription& RegisteredOptionStorage::append(OptionDescription description) {
-  if (m_pins != 0 && m_options.size() == m_options.capacity()) {
-    std::vector<OptionDescription> wider;
-    wider.reserve(m_options.size() * 2 + 1);
-    wider.insert(wider.end(), m_options.begin(), m_options.end());
-    m_retired.reserve(m_retired.size() + 1);
-    m_options.swap(wider);
-    m_retired.push_back(std::move(wider));
-  }
-  m_options.push_back(std::move(description));
-  return m_options.back();
-}
-
-PinnedDeclarations::PinnedDeclarations(RegisteredOptionStorage& storage) : m_storage(storage) {
-  ++m_storage.m_pins;
-}
-
-PinnedDeclarations::~PinnedDeclarations() {
-  if (--m_storage.m_pins == 0)
-    m_storage.m_retired.clear();
 }
 
 }  // namespace kivo_3_3

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <string>
-#include <unordered_map>
-#include <utility>
-#include <vector>
+#include <cstdint>
+#include <string_view>
 
 #include "base/garbage.h"
+#include "base/name_table.h"
 #include "options/declaration_index.h"
 #include "options/option_description.h"
 
@@ -18,10 +17,14 @@ namespace kivo_3_3 {
 // somewhere harmless.
 class RegisteredOptionStorage final {
  public:
-  // A group as the help shows it: key, then title.
-  using Group = std::pair<std::string, std::string>;
+  // A group as the help shows it: its key is its name.
+  struct Group {
+    HashedName name;
+    std::string_view title;
+  };
+  using Groups = NameTable<Group>::Entries;
 
-  explicit RegisteredOptionStorage(Garbage* garbage) : m_garbage(garbage) {}
+  explicit RegisteredOptionStorage(Garbage* garbage);
 
   // Null texts count as empty, null `tags` as none.
   virtual IOption* option(const char* names, const char* tags, const char* description,
@@ -34,46 +37,33 @@ class RegisteredOptionStorage final {
   // The character at which options declared from now on split their values.
   void setTokenizer(char tokenizer) { m_tokenizer = tokenizer; }
 
-  std::vector<OptionDescription>& options() { return m_options; }
-  const std::vector<OptionDescription>& options() const { return m_options; }
+  OptionList& options() { return m_options; }
+  const OptionList& options() const { return m_options; }
   // One for each distinct key, in order of first use.
-  const std::vector<Group>& groups() const { return m_groups; }
+  const Groups& groups() const { return m_groups.entries(); }
   DeclarationIndex& index() { return m_index; }
   const OptionDescription& fallback() const { return m_fallback; }
 
- private:
-  friend class PinnedDeclarations;
+  // Tells these declarations from all others that the process has made. Each option has an
+  // identity too.
+  std::uint64_t identity() const { return m_identity; }
 
+ private:
   IOption* declare(const char* names, const char* tags, const char* description, bool isAction,
                    variant_type_t type, const char* group);
-  const Group& groupFor(const std::string& text);
-  void forgetGroupsFrom(std::size_t first);
-  bool isTaken(const std::vector<std::string>& names);
+  void fill(OptionDescription& declared, const char* actionNames, const char* tags,
+            const char* description, const char* group);
+  const Group& groupFor(std::string_view text);
+  bool isTaken(const Names& names);
   IOption* reject();
-  OptionDescription& append(OptionDescription description);
 
   char m_tokenizer = ',';
-  std::vector<OptionDescription> m_options;
-  std::vector<Group> m_groups;
-  std::unordered_map<std::string, std::size_t> m_groupOf;  // by key, into m_groups
   Garbage* m_garbage;
+  OptionList m_options;
+  NameTable<Group> m_groups;
   OptionDescription m_fallback;
   DeclarationIndex m_index;
-  int m_pins = 0;
-  std::vector<std::vector<OptionDescription>> m_retired;  // outgrown while pinned
-};
-
-// While one lives, no description moves or ends, though new ones may be declared: what
-// a parse refers to survives a handler that declares.
-class PinnedDeclarations {
- public:
-  explicit PinnedDeclarations(RegisteredOptionStorage& storage);
-  PinnedDeclarations(const PinnedDeclarations&) = delete;
-  PinnedDeclarations& operator=(const PinnedDeclarations&) = delete;
-  ~PinnedDeclarations();
-
- private:
-  RegisteredOptionStorage& m_storage;
+  const std::uint64_t m_identity;
 };
 
 }  // namespace kivo_3_3

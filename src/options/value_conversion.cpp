@@ -69,7 +69,7 @@ class ClassicReader {
       return false;
     const char* last =
         point != m_end && *point == '.' ? std::find_if_not(point + 1, m_end, isDigit) : point;
-    if (last - first > longestPlainDouble || (last != m_end && !m_isSpace(*last)))
+    if (last - first > longestPlainDouble || (last != m_end && !isClassicSpace(*last)))
       return false;
     std::from_chars(m_next, last, value, std::chars_format::fixed);
     m_next = last;
@@ -90,9 +90,8 @@ class ClassicReader {
     return negative && std::is_signed<T>::value ? largest + 1 : largest;
   }
 
-  void skipSpace() { m_next = std::find_if_not(m_next, m_end, m_isSpace); }
+  void skipSpace() { m_next = std::find_if_not(m_next, m_end, isClassicSpace); }
 
-  WhiteSpace m_isSpace;
   const char* m_next;
   const char* m_end;
 };
@@ -101,7 +100,7 @@ class ClassicReader {
 void letMemoryFailureOut(std::ios& stream) { stream.exceptions(std::ios::badbit); }
 
 template <class T>
-bool readThroughStream(const char* text, T& value) {
+[[gnu::cold]] bool readThroughStream(const char* text, T& value) {
   std::istringstream stream(text);
   letMemoryFailureOut(stream);
   stream >> value;
@@ -142,7 +141,7 @@ bool read(const char* text, double& value) {
 }
 
 template <class T>
-std::string writeThroughStream(T value) {
+[[gnu::cold]] std::string writeThroughStream(T value) {
   std::ostringstream stream;
   letMemoryFailureOut(stream);
   stream << value;
@@ -172,26 +171,24 @@ std::string write(double value) {
 
 class OperationToString {
  public:
-  OperationToString(Garbage& garbage, const variant_t& input)
-      : m_garbage(garbage), m_input(input) {}
+  OperationToString(const variant_t& input, std::string& output)
+      : m_input(input), m_output(output) {}
 
   template <class T>
   bool execute() {
-    m_output = m_garbage.keep(write(m_input.get<T>()).c_str());
+    m_output += write(m_input.get<T>());
     return true;
   }
 
-  const char* output() const { return m_output; }
-
  private:
-  Garbage& m_garbage;
   const variant_t& m_input;
-  const char* m_output = nullptr;
+  std::string& m_output;
 };
 
 template <>
 bool OperationToString::execute<const char*>() {
-  m_output = m_garbage.keep(m_input.get<const char*>());
+  const char* const text = m_input.get<const char*>();
+  m_output += text != nullptr ? text : "";
   return true;
 }
 
@@ -283,10 +280,14 @@ bool executeFor(variant_type_t type, Operation& operation) {
 
 }  // namespace
 
+bool appendValue(variant_type_t type, const variant_t& value, std::string& text) {
+  OperationToString operation(value, text);
+  return executeFor(type, operation);
+}
+
 const char* valueToText(variant_type_t type, const variant_t& value, Garbage& garbage) {
-  OperationToString operation(garbage, value);
-  executeFor(type, operation);
-  return operation.output();
+  std::string text;
+  return appendValue(type, value, text) ? garbage.keep(text.c_str()) : nullptr;
 }
 
 variant_t textToValue(variant_type_t type, const char* text) {

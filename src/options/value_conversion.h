@@ -13,9 +13,12 @@
 
 namespace kivo_3_3 {
 
-// The text of `value`, which must be able to give what `type` asks for, kept in
-// `garbage`; null under a type that options do not have. Raises std::bad_alloc when it
-// cannot be kept.
+// Appends the text of `value`, which must be able to give what `type` asks for. False, and
+// nothing appended, under a type that options do not have.
+bool appendValue(variant_type_t type, const variant_t& value, std::string& text);
+
+// The same text, kept in `garbage`; null under a type that options do not have. Raises
+// std::bad_alloc when it cannot be kept.
 const char* valueToText(variant_type_t type, const variant_t& value, Garbage& garbage);
 
 // What `text` stands for under `type`; `vtNull` where it stands for nothing and under a

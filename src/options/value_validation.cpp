@@ -11,6 +11,7 @@
 #include "base/quoted.h"
 #include "bedrock/console.h"
 #include "options/option_description.h"
+#include "options/value_conversion.h"
 
 namespace kivo_3_3 {
 
@@ -24,34 +25,36 @@ const char* readAsText(const variant_t& value) {
 }
 
 // The values that the option allows; deprecated ones are not advertised.
-string possibleValues(const OptionDescription& option) {
-  string list;
+[[gnu::cold]] string possibleValues(const OptionDescription& option) {
+  string list = ". Possible values follows: ";
+  const char* ahead = "'";
   for (const variant_t& value : option.m_allowedValues) {
-    if (!list.empty())
-      list += ", ";
-    const char* text = option.toString(option.m_garbage, value);
-    list += quoted(text != nullptr ? text : "");
+    list += ahead;
+    appendValue(option.m_type, value, list);
+    list += '\'';
+    ahead = ", '";
   }
-  return ". Possible values follows: " + list;
+  return list;
 }
 
-string doesNotConvert(const OptionDescription& option, const string& text) {
-  return "Option " + quoted(option.firstName()) + " can not parse " + quoted(text) +
-         " value, requires a type " + quoted(option.getTypeName()) + " here.";
+[[gnu::cold]] string doesNotConvert(const OptionDescription& option, const string& text) {
+  return joined("Option '", option.firstName(), "' can not parse '", text,
+                "' value, requires a type '", option.getTypeName(), "' here.");
 }
 
-string doesNotAllow(const OptionDescription& option, const string& text) {
-  return "Option " + quoted(option.firstName()) + " does not allow value " + quoted(text) +
-         possibleValues(option);
+[[gnu::cold]] string doesNotAllow(const OptionDescription& option, const string& text) {
+  return joined("Option '", option.firstName(), "' does not allow value '", text, "'",
+                possibleValues(option));
 }
 
-string isAmbiguous(const OptionDescription& option) {
-  return "Ambiguous value for option " + quoted(option.firstName()) + possibleValues(option);
+[[gnu::cold]] string isAmbiguous(const OptionDescription& option) {
+  return joined("Ambiguous value for option '", option.firstName(), "'", possibleValues(option));
 }
 
-string isDeprecated(const OptionDescription& option, const string& text, const char* instead) {
-  return "Warning: " + quoted(text) + " argument is deprecated for the option '-" +
-         option.firstName() + "'. Use the " + quoted(instead) + " argument instead.";
+[[gnu::cold]] string isDeprecated(const OptionDescription& option, const string& text,
+                                  const char* instead) {
+  return joined("Warning: '", text, "' argument is deprecated for the option '-",
+                option.firstName(), "'. Use the '", instead, "' argument instead.");
 }
 
 // Visits what may be given for the option: the allowed values as declared, then the
@@ -85,6 +88,8 @@ int complete(const OptionDescription& option, const string& text, variant_t& val
 }
 
 void warnIfDeprecated(const OptionDescription& option, const string& text) {
+  if (option.m_deprecatedValues.empty())
+    return;
   const auto deprecated =
       option.m_deprecatedValues.find(option.fromString(text.c_str(), option.m_garbage));
   if (deprecated == option.m_deprecatedValues.end())
@@ -103,16 +108,16 @@ bool OptionDescription::validate(string& text, variant_t& value, string& error) 
   if (m_allowedValues.empty())
     return true;
 
-  string accepted = text;
   if (!anyCandidate(*this, [&](const variant_t& candidate) { return candidate == value; })) {
-    const int passed = m_type == vtString ? complete(*this, text, value, accepted) : 0;
+    string completed;
+    const int passed = m_type == vtString ? complete(*this, text, value, completed) : 0;
     if (passed != 1) {
       error = passed == 0 ? doesNotAllow(*this, text) : isAmbiguous(*this);
       return false;
     }
+    text = std::move(completed);
   }
-  warnIfDeprecated(*this, accepted);
-  text = accepted;
+  warnIfDeprecated(*this, text);
   return true;
 }
 

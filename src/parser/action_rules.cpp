@@ -5,11 +5,18 @@
 
 #include <algorithm>
 
+#include "base/quoted.h"
 #include "options/name_list.h"
 
 namespace kivo_3_3 {
 
 using std::string;
+
+// A name that a result knows.
+struct ActionRules::Stored {
+  const OptionDescription* option;  // null for a name that is not declared here
+  bool isGiven;                     // more than a default
+};
 
 // What was met among the stored options.
 struct ActionRules::Used {
@@ -20,45 +27,55 @@ struct ActionRules::Used {
 
 namespace {
 
-string onlyOneActionPossible(const OptionDescription& current, const OptionDescription& first) {
-  return "Action '-" + current.firstName() + "' and action '-" + first.firstName() +
-         "' were defined, but only one action possible.";
+[[gnu::cold]] string onlyOneActionPossible(const OptionDescription& current,
+                                           const OptionDescription& first) {
+  return joined("Action '-", current.firstName(), "' and action '-", first.firstName(),
+                "' were defined, but only one action possible.");
 }
 
-string doesNotAccept(const OptionDescription& action, const OptionDescription& modifier) {
-  return "Action '-" + action.firstName() + "' doesn't accept option '-" + modifier.firstName() +
-         "'";
+[[gnu::cold]] string doesNotAccept(const OptionDescription& action,
+                                   const OptionDescription& modifier) {
+  return joined("Action '-", action.firstName(), "' doesn't accept option '-", modifier.firstName(),
+                "'");
 }
 
 }  // namespace
 
-int ActionRules::check(const OptionMap& stored, string& error) const {
+int ActionRules::check(const StoredOptions& options, string& error) const {
+  const std::vector<Stored> stored = lookUp(options);
   Used used;
   const int collected = collect(stored, used, error);
   if (collected != status::success)
     return collected;
   if (used.firstAction != nullptr)
     return checkModifiers(stored, *used.firstAction, error);
-
-  const std::vector<OptionDescription>& declared = m_declarations.options();
-  const auto isAction = [](const OptionDescription& option) { return option.isAction(); };
-  if (used.otherOptions && std::any_of(declared.begin(), declared.end(), isAction)) {
+  if (used.otherOptions && m_declarations.index().hasActions(m_declarations.options())) {
     error = "No action defined.";
     return status::usageError;
   }
   return status::success;
 }
 
-int ActionRules::collect(const OptionMap& stored, Used& used, string& error) const {
-  for (const auto& entry : stored) {
-    const OptionDescription* option = find(entry.first);
+// In the order of the names.
+std::vector<ActionRules::Stored> ActionRules::lookUp(const StoredOptions& options) const {
+  std::vector<Stored> stored;
+  for (const std::string_view name : options.names()) {
+    const auto index = m_declarations.index().find(name, m_declarations.options());
+    stored.push_back(
+        {index ? &m_declarations.options()[*index] : nullptr, options.find(name).has_value()});
+  }
+  return stored;
+}
+
+int ActionRules::collect(const std::vector<Stored>& stored, Used& used, string& error) const {
+  for (const auto& [option, isGiven] : stored) {
     if (option == nullptr)
       return notFound;
     if (!option->isAction()) {
       used.otherOptions = true;
       continue;
     }
-    used.actions.insert(option->firstName());
+    used.actions.insert(string(option->firstName()));
     if (used.firstAction == nullptr)
       used.firstAction = option;
     if (option == used.firstAction || assertActionsCanBeUsedSimultaneously(used.actions))
@@ -70,14 +87,10 @@ int ActionRules::collect(const OptionMap& stored, Used& used, string& error) con
 }
 
 // A modifier that is there only through its default goes with every action.
-int ActionRules::checkModifiers(const OptionMap& stored, const OptionDescription& action,
-                                string& error) const {
-  for (const auto& entry : stored) {
-    const OptionDescription* option = find(entry.first);
-    if (option == nullptr)
-      return notFound;
-    const bool isGivenModifier =
-        !option->isAction() && !option->m_tags.empty() && !entry.second.positions.empty();
+int ActionRules::checkModifiers(const std::vector<Stored>& stored, const OptionDescription& action,
+                                string& error) {
+  for (const auto& [option, isGiven] : stored) {
+    const bool isGivenModifier = !option->isAction() && !option->m_tags.empty() && isGiven;
     if (isGivenModifier && !isIntersected(action.m_tags, option->m_tags)) {
       error = doesNotAccept(action, *option);
       return status::usageError;
@@ -90,11 +103,6 @@ bool ActionRules::assertActionsCanBeUsedSimultaneously(const Group& usedActions)
   return std::any_of(m_groups.begin(), m_groups.end(), [&](const Group& group) {
     return std::includes(group.begin(), group.end(), usedActions.begin(), usedActions.end());
   });
-}
-
-const OptionDescription* ActionRules::find(const string& name) const {
-  const auto index = m_declarations.index().find(name, m_declarations.options());
-  return index ? &m_declarations.options()[*index] : nullptr;
 }
 
 }  // namespace kivo_3_3

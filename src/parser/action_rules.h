@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "options/option_registry.h"
-#include "result/result_cursor.h"
+#include "result/stored_options.h"
 
 namespace kivo_3_3 {
 
@@ -19,18 +19,19 @@ class ActionRules {
       : m_declarations(declarations), m_groups(groups) {}
 
   // Holds what a result has stored, defaults included, against the rules.
-  int check(const OptionMap& stored, std::string& error) const;
+  int check(const StoredOptions& options, std::string& error) const;
 
   // Whether one group has all of these actions.
   bool assertActionsCanBeUsedSimultaneously(const Group& usedActions) const;
 
  private:
+  struct Stored;
   struct Used;
 
-  int collect(const OptionMap& stored, Used& used, std::string& error) const;
-  int checkModifiers(const OptionMap& stored, const OptionDescription& action,
-                     std::string& error) const;
-  const OptionDescription* find(const std::string& name) const;
+  std::vector<Stored> lookUp(const StoredOptions& options) const;
+  int collect(const std::vector<Stored>& stored, Used& used, std::string& error) const;
+  static int checkModifiers(const std::vector<Stored>& stored, const OptionDescription& action,
+                            std::string& error);
 
   RegisteredOptionStorage& m_declarations;
   const std::vector<Group>& m_groups;

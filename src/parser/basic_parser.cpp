@@ -37,7 +37,7 @@ int createParser(IParser** parser, int flags) {
   }
 }
 
-BasicParser::BasicParser(int flags) : m_storage(&m_garbage), m_flags(flags) {
+BasicParser::BasicParser(int flags) : m_flags(flags) {
   if ((flags & parserFlags::noTokenizer) != 0)
     m_storage.setTokenizer('\0');
 }
@@ -79,13 +79,14 @@ IOption* BasicParser::modifier(const char* names, const char* actions, const cha
 bool BasicParser::isOptionDeclared(const char* name, bool amongActions, const char* group) {
   if (name == nullptr)
     return false;
+  const HashedName wanted(name);
   const auto isMeant = [&](const OptionDescription& option) {
-    const std::vector<string>& names = option.m_names;
+    const Names& names = option.m_names;
     return option.isAction() == amongActions &&
-           std::find(names.begin(), names.end(), name) != names.end() &&
+           std::find(names.begin(), names.end(), wanted) != names.end() &&
            (group == nullptr || option.m_groupKey == group);
   };
-  const std::vector<OptionDescription>& options = m_storage.options();
+  const OptionList& options = m_storage.options();
   return std::any_of(options.begin(), options.end(), isMeant);
 }
 
@@ -190,7 +191,9 @@ void BasicParser::forEachHandler(Call call) {
 }
 
 bool BasicParser::onOptionParse(const char* name) {
-  const char* kept = m_handlers.empty() ? nullptr : m_garbage.keep(name);
+  if (m_handlers.empty())
+    return true;
+  const char* kept = m_garbage.keep(name);
   forEachHandler([&](EventHandler& handler) {
     handler.onOptionParse(kept);
     return true;
@@ -213,7 +216,9 @@ bool BasicParser::onValueParse(const char* name, const Value& value) {
 }
 
 bool BasicParser::onUknownArgument(const char* argument) {
-  const char* kept = m_handlers.empty() ? nullptr : m_garbage.keep(argument);
+  if (m_handlers.empty())
+    return true;
+  const char* kept = m_garbage.keep(argument);
   bool accepted = true;
   forEachHandler([&](EventHandler& handler) {
     accepted = handler.onUknownArgument(kept) && accepted;

@@ -4,10 +4,12 @@
 
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/garbage.h"
 #include "options/option_registry.h"
+#include "recognizers/argument_window.h"
 
 namespace kivo_3_3 {
 
@@ -51,18 +53,18 @@ class BasicParser : public IParser {
 
   // Parses arguments from end to end. What was used is taken from `args`; the rest,
   // "--" and what follows it aside, stays there.
-  virtual int parseVector(std::vector<std::string>& args, IParseResult* result);
+  virtual int parseVector(ArgumentWindow& args, IParseResult* result);
 
   // Recognizes and stores options, argument by argument, up to `separator`.
-  virtual int parse_phase_one(const std::string& separator, std::vector<std::string>& args,
+  virtual int parse_phase_one(std::string_view separator, ArgumentWindow& args,
                               IParseResult* result, std::string& error);
 
   // Holds what the result has stored against the rules for actions and modifiers.
-  virtual int parse_phase_two(const std::string& separator, std::vector<std::string>& args,
+  virtual int parse_phase_two(std::string_view separator, ArgumentWindow& args,
                               IParseResult* result, std::string& error);
 
   // Stores the arguments behind `separator` and takes it and them from `args`.
-  int collectNonparsingArguments(const std::string& separator, std::vector<std::string>& args,
+  int collectNonparsingArguments(std::string_view separator, ArgumentWindow& args,
                                  ParseResult* result, std::string& error);
 
   void setLastError(const std::string& error) { m_lastError = error; }
@@ -76,14 +78,15 @@ class BasicParser : public IParser {
   template <class Write>
   const char* composeTopic(const char* topic, bool hidden, Write write);
 
-  int parseArguments(std::vector<std::string>& args, IParseResult* result);
+  ArgumentWindow windowOf(Texts args, OwnedMemory& memory) const;
+  int parseArguments(ArgumentWindow& args, IParseResult* result);
   int readOptionFiles(ParseResult* result);
   int readOptionFile(const char* name, ParseResult* result);
-  int bindLeftover(const std::string& argument, PositionalOptionsParser& recognizer,
+  int bindLeftover(std::string_view argument, PositionalOptionsParser& recognizer,
                    ParseResult* result, std::string& error);
 
-  RegisteredOptionStorage m_storage;
-  Garbage m_garbage;  // owns every text handed out
+  Garbage m_garbage;  // owns every text handed out, and what the declarations need
+  RegisteredOptionStorage m_storage{&m_garbage};
   std::string m_lastError;
   int m_flags;
   std::set<EventHandler*> m_handlers;

@@ -12,7 +12,9 @@ namespace {
 using std::string_view;
 
 string_view withoutLineEnd(string_view line) {
-  return line.substr(0, line.find_last_not_of("\r\n") + 1);  // where there is none, 0
+  while (!line.empty() && (line.back() == '\r' || line.back() == '\n'))
+    line.remove_suffix(1);
+  return line;
 }
 
 string_view withoutIndent(string_view line, const WhiteSpace& isSpace) {
@@ -26,7 +28,7 @@ bool isComment(string_view line) {
 
 }  // namespace
 
-void parseStreamToArgs(const char* text, std::vector<std::string>& args) {
+void parseStreamToArgs(const char* text, Texts& args) {
   string_view rest(text != nullptr ? text : "");
   if (rest == "-1")
     rest = "?";  // what a file that failed to load used to look like
@@ -39,7 +41,7 @@ void parseStreamToArgs(const char* text, std::vector<std::string>& args) {
       continue;
     const string_view argument = withoutLineEnd(line);
     if (!argument.empty())
-      args.emplace_back(argument);
+      args.push_back(argument);
   }
 }
 

@@ -7,12 +7,14 @@
 #include <unordered_set>
 #include <vector>
 
+#include "options/name_list.h"
+
 namespace kivo_3_3 {
 
-// Appends the arguments in `text`, one a line, to `args`. White space ahead of an
-// argument goes, and so do empty lines and those that begin with ';' or '#'; the rest
-// of a line stays as it is. A null text counts as the empty one.
-void parseStreamToArgs(const char* text, std::vector<std::string>& args);
+// Appends the arguments in `text`, one a line, to `args`, which refers to the text. White
+// space ahead of an argument goes, and so do empty lines and those that begin with ';' or
+// '#'; the rest of a line stays as it is. A null text counts as the empty one.
+void parseStreamToArgs(const char* text, Texts& args);
 
 // Remembers which option file named which, to tell a ring from a file that is merely
 // read twice. Files are read in the order in which they were named.

@@ -9,17 +9,17 @@
 #include <algorithm>
 #include <array>
 #include <exception>
-#include <new>
+#include <typeinfo>
 
 #include "base/quoted.h"
 #include "base/running_call.h"
 #include "base/trace.h"
 #include "bedrock/file.h"
 #include "parser/action_rules.h"
-#include "parser/argument_window.h"
 #include "parser/basic_parser.h"
 #include "parser/option_file.h"
 #include "recognizers/abbreviation_parser.h"
+#include "recognizers/argument_window.h"
 #include "recognizers/positional_options_parser.h"
 #include "result/parse_result.h"
 
@@ -35,40 +35,42 @@ constexpr const char* traceSwitch = "kivooption=kivologenable=1";
 constexpr int lowestPriority = -99999999;
 
 // The result behind the interface; null for none, and for one that is not our own.
-ParseResult* storeOf(IParseResult* result) { return dynamic_cast<ParseResult*>(result); }
-
-std::vector<string> argumentsOf(int argc, const char* const* argv) {
-  if (argv == nullptr)
-    return {};
-  return {argv + 1, std::find(argv + 1, argv + argc, nullptr)};
+ParseResult* storeOf(IParseResult* result) {
+  const bool isOurs = result != nullptr && typeid(*result) == typeid(ParseResult);
+  return isOurs ? static_cast<ParseResult*>(result) : nullptr;
 }
 
-string unreadable(const string& file) { return "Error reading option file " + quoted(file); }
+Texts argumentsOf(int argc, const char* const* argv, OwnedMemory& memory) {
+  Texts args(&memory);
+  if (argv != nullptr)
+    args.assign(argv + 1, std::find(argv + 1, argv + argc, nullptr));
+  return args;
+}
+
+[[gnu::cold]] string unreadable(const char* file) {
+  return joined("Error reading option file '", file, "'");
+}
 
 // So many option files have been named on the command line and in option files.
 std::size_t countOptionFiles(const ParseResult& result) {
-  return result.options().find(optionFile)->second.values.size();
+  const auto option = result.options().find(optionFile);
+  return option ? result.options().given(*option).values.size() : 0;
 }
 
-void traceStored(const string& argument) {
-  internal::traceLine([&](std::ostream& out) {
-    out << "collectNonparsingArguments: stored argument: '" << argument << "'";
-  });
+void traceStored(std::string_view argument) {
+  internal::traceLine("collectNonparsingArguments: stored argument: '", argument, "'");
 }
 
 void traceOutcome(const char* step, int outcome, const string& error) {
-  internal::traceLine([&](std::ostream& out) {
-    out << "collectNonparsingArguments: " << step << " result: " << outcome
-        << ", message: " << error;
-  });
+  internal::traceLine("collectNonparsingArguments: ", step, " result: ", std::to_string(outcome),
+                      ", message: ", error);
 }
 
 // Every recognizer is asked, for each gives its own account of the argument. Of those
 // that claim it the one of the highest priority is chosen, on a tie the first; null
 // where nobody claims it.
 IArgumentParser* chooseRecognizer(const std::array<IArgumentParser*, 2>& recognizers,
-                                  std::vector<string>& args,
-                                  std::vector<OptionDescription>& options) {
+                                  ArgumentWindow& args, OptionList& options) {
   IArgumentParser* best = nullptr;
   int bestPriority = lowestPriority;
   for (IArgumentParser* recognizer : recognizers) {
@@ -86,12 +88,14 @@ IArgumentParser* chooseRecognizer(const std::array<IArgumentParser*, 2>& recogni
 
 int BasicParser::parseArgsVector(int argc, const char* const* argv, IParseResult* result) {
   try {
-    if (ParseResult* store = storeOf(result))
-      m_storage.index().forEachDefault(m_storage.options(),
-                                       [&](const auto& option) { store->applyDefault(option); });
+    if (ParseResult* store = storeOf(result)) {
+      store->noteDeclarations(m_storage.identity());
+      store->applyDefaults(m_storage.index().defaults(m_storage.options()));
+    }
     if (argc <= 1)
       return status::success;
-    std::vector<string> args = argumentsOf(argc, argv);
+    OwnedMemoryOf<512> memory;
+    ArgumentWindow args = windowOf(argumentsOf(argc, argv, memory), memory);
     return parseVector(args, result);
   } catch (const std::exception&) {
     return status::exceptionCaught;
@@ -100,18 +104,28 @@ int BasicParser::parseArgsVector(int argc, const char* const* argv, IParseResult
 
 int BasicParser::parseStream(const char* text, IParseResult* result) {
   try {
-    std::vector<string> args;
-    parseStreamToArgs(text, args);
+    OwnedMemoryOf<512> memory;
+    Texts lines(&memory);
+    parseStreamToArgs(text, lines);
+    ArgumentWindow args = windowOf(std::move(lines), memory);
     return parseVector(args, result);
   } catch (const std::exception&) {
     return status::exceptionCaught;
   }
 }
 
+// The arguments are the caller's, and so may change or end in a handler: where there are
+// handlers, they are copied.
+ArgumentWindow BasicParser::windowOf(Texts args, OwnedMemory& memory) const {
+  if (!m_handlers.empty())
+    for (std::string_view& argument : args)
+      argument = memory.copy(argument);
+  return ArgumentWindow(std::move(args));
+}
+
 // A handler may parse more into the result being filled. That only adds arguments: the
 // option files, and what is to hold for all arguments together, are left to this parse.
-int BasicParser::parseVector(std::vector<string>& args, IParseResult* result) {
-  const PinnedDeclarations pinned(m_storage);
+int BasicParser::parseVector(ArgumentWindow& args, IParseResult* result) {
   const RunningCall parsing(*this, result);
   try {
     parsing.throwIfTooDeep();
@@ -129,72 +143,74 @@ int BasicParser::parseVector(std::vector<string>& args, IParseResult* result) {
   }
 }
 
-int BasicParser::parseArguments(std::vector<string>& args, IParseResult* result) {
+int BasicParser::parseArguments(ArgumentWindow& args, IParseResult* result) {
   const int outcome = parse_phase_one(argumentSeparator, args, result, m_lastError);
   return outcome != status::success
              ? outcome
              : collectNonparsingArguments(argumentSeparator, args, storeOf(result), m_lastError);
 }
 
-int BasicParser::parse_phase_one(const string& separator, std::vector<string>& args,
+int BasicParser::parse_phase_one(std::string_view separator, ArgumentWindow& args,
                                  IParseResult* result, string& error) {
-  ArgumentWindow window(args);
-  internal::kivoLogEnabled = !window.view().empty() && window.front() == traceSwitch;
+  internal::kivoLogEnabled = !args.empty() && args.front() == traceSwitch;
   if (internal::kivoLogEnabled)
-    window.dropFront();
+    args.drop(1);
 
   ParseResult* store = storeOf(result);
-  std::vector<OptionDescription>& options = m_storage.options();
+  if (store != nullptr)
+    store->noteDeclarations(m_storage.identity());
+  OptionList& options = m_storage.options();
   PositionalOptionsParser positional(*this, m_garbage, m_flags, m_storage.index());
   AbbreviationParser named(*this, m_garbage, m_flags, m_storage.index());
   const std::array<IArgumentParser*, 2> recognizers = {&positional, &named};
-  while (window.advance() && window.front() != separator) {
-    IArgumentParser* recognizer = chooseRecognizer(recognizers, window.view(), options);
+  while (!args.empty() && args.front() != separator) {
+    IArgumentParser* recognizer = chooseRecognizer(recognizers, args, options);
     if (recognizer == nullptr) {
-      const bool accepted = onUknownArgument(window.front().c_str());
+      const bool accepted = onUknownArgument(string(args.front()).c_str());
       if (accepted && (m_flags & parserFlags::unknownArgumentIsError) != 0) {
-        error = "Unknown option: " + window.front();
+        error = joined("Unknown option: ", args.front());
         return status::usageError;
       }
-      internal::traceLine([&](std::ostream& out) { out << "ignoring " << window.front(); });
-      window.dropFront();
+      internal::traceLine("ignoring ", args.front());
+      args.drop(1);
       continue;
     }
     unsigned int optionIndex = 0;
-    const int parsed = recognizer->parse(window.view(), store, options, optionIndex, error);
+    const int parsed = recognizer->parse(args, store, options, optionIndex, error);
     if (parsed != status::success)
       return parsed;
   }
   return status::success;
 }
 
-int BasicParser::collectNonparsingArguments(const string& separator, std::vector<string>& args,
+// Phase one has stopped at the separator, or at the end where there is none.
+int BasicParser::collectNonparsingArguments(std::string_view separator, ArgumentWindow& args,
                                             ParseResult* result, string& error) {
-  const auto end = std::find(args.begin(), args.end(), separator);
-  if (end == args.end())
+  if (args.empty() || args.front() != separator)
     return status::success;
   PositionalOptionsParser positional(
       *this, m_garbage, m_flags & ~parserFlags::dashArgumentsAreNeverPositional, m_storage.index());
-  for (auto argument = end + 1; argument != args.end(); ++argument) {
+  for (std::size_t place = 1; place < args.size(); ++place) {
+    const std::string_view argument = args[place];
     const int position = IArgumentParser::getNewPositionIndex();
     if (result != nullptr)
-      result->addArgument(*argument, position);
-    traceStored(*argument);
+      result->addArgument(argument, position);
+    traceStored(argument);
     if ((m_flags & parserFlags::leftoverArgumentsArePositional) == 0)
       continue;
-    const int bound = bindLeftover(*argument, positional, result, error);
+    const int bound = bindLeftover(argument, positional, result, error);
     if (bound != status::success)
       return bound;
   }
-  args.erase(end, args.end());
+  args.drop(args.size());
   return status::success;
 }
 
 // A leftover argument that the positional option does not claim is merely kept.
-int BasicParser::bindLeftover(const string& argument, PositionalOptionsParser& recognizer,
+int BasicParser::bindLeftover(std::string_view argument, PositionalOptionsParser& recognizer,
                               ParseResult* result, string& error) {
-  std::vector<string> args = {argument};
-  std::vector<OptionDescription>& options = m_storage.options();
+  ArgumentWindow args(Texts{argument});
+  OptionList& options = m_storage.options();
   const int recognized = recognizer.recognize(args, options, error);
   traceOutcome("recognize", recognized, error);
   if (recognized != 0)
@@ -205,11 +221,14 @@ int BasicParser::bindLeftover(const string& argument, PositionalOptionsParser& r
   return parsed;
 }
 
-int BasicParser::parse_phase_two(const string&, std::vector<string>&, IParseResult* result,
+int BasicParser::parse_phase_two(std::string_view, ArgumentWindow&, IParseResult* result,
                                  string& error) {
   const ParseResult* store = storeOf(result);
   if (store == nullptr)
     return status::success;
+  const bool hasActions = m_storage.index().hasActions(m_storage.options());
+  if (!hasActions && !store->isFilledByOthers())
+    return status::success;  // there is nothing to hold the options against
   return ActionRules(m_storage, m_simultaneousActions).check(store->options(), error);
 }
 
@@ -221,8 +240,6 @@ int BasicParser::readOptionFiles(ParseResult* result) {
   OptionFileTrail trail;
   Value file = result->get(optionFile, firstPosition, lastPosition);
   while (const char* name = file.as<const char*>()) {
-    if (*name == '\0')
-      throw std::bad_alloc();  // no name is empty, but a text for which memory ran out
     trail.named(countOptionFiles(*result));
     if (!trail.enter(BEDROCK::file_identity(name))) {
       m_lastError = unreadable(name);
@@ -244,8 +261,9 @@ int BasicParser::readOptionFile(const char* name, ParseResult* result) {
     m_lastError = unreadable(name);
     return status::optionFileUnreadable;
   }
-  std::vector<string> args;
-  parseStreamToArgs(text.c_str(), args);
+  Texts lines;
+  parseStreamToArgs(text.c_str(), lines);
+  ArgumentWindow args(std::move(lines));
   return parseArguments(args, result);
 }
 

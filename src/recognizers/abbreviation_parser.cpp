@@ -1,6 +1,5 @@
 #include "recognizers/abbreviation_parser.h"
 
-#include <kivo/argument_syntax.h>
 #include <kivo/status.h>
 
 #include "base/quoted.h"
@@ -15,29 +14,31 @@ using std::string;
 constexpr std::size_t shortestArgument = 2;
 
 // Only the ASCII hyphen counts here: a value may begin with a typographic dash.
-bool startsWithHyphen(const string& text) { return !text.empty() && text.front() == '-'; }
+bool startsWithHyphen(std::string_view text) { return !text.empty() && text.front() == '-'; }
 
-bool isNegated(const string& name) { return name.compare(0, 3, "no-") == 0; }
+bool isNegated(const DeclarationIndex::Match& match) {
+  return *match.ahead != '\0' || match.name.substr(0, 3) == "no-";
+}
 
 // The words run together, as they always have.
-string takesNoValue(const OptionDescription& option, const string& inArgument) {
-  return "Option " + quoted(option.firstName()) + "does not requires a value" + inArgument;
+[[gnu::cold]] string takesNoValue(const OptionDescription& option, const string& inArgument) {
+  return joined("Option '", option.firstName(), "'does not requires a value", inArgument);
 }
 
-string isBoolean(const OptionDescription& option, const string& inArgument) {
-  return "Option " + quoted(option.firstName()) +
-         " is boolean and should be declared in form '--option' or '--no-option'" + inArgument;
+[[gnu::cold]] string isBoolean(const OptionDescription& option, const string& inArgument) {
+  return joined("Option '", option.firstName(),
+                "' is boolean and should be declared in form '--option' or '--no-option'",
+                inArgument);
 }
 
-string requiresValue(const OptionDescription& option, const string& inArgument) {
-  return "Option " + quoted(option.firstName()) + " requires a value" + inArgument;
+[[gnu::cold]] string requiresValue(const OptionDescription& option, const string& inArgument) {
+  return joined("Option '", option.firstName(), "' requires a value", inArgument);
 }
 
-string seemsToBeOption(const OptionDescription& option, const string& value) {
-  return "Option " + quoted(option.firstName()) +
-         " received value from the next argument: " + quoted(value) +
-         ", but it seems to be an option. Use '-option=value' declaration form"
-         " or make sure that value is not missed";
+[[gnu::cold]] string seemsToBeOption(const OptionDescription& option, std::string_view value) {
+  return joined("Option '", option.firstName(), "' received value from the next argument: '", value,
+                "', but it seems to be an option. Use '-option=value' declaration form"
+                " or make sure that value is not missed");
 }
 
 }  // namespace
@@ -48,106 +49,101 @@ AbbreviationParser::AbbreviationParser(EventHandler& handler, Garbage& garbage, 
   m_name = "AbbreviationParser";
 }
 
-int AbbreviationParser::recognize(std::vector<string>& args,
-                                  std::vector<OptionDescription>& options, string&) {
-  const string& argument = args.at(0);
+int AbbreviationParser::recognize(ArgumentWindow& args, OptionList& options, string&) {
+  const std::string_view argument = args.front();
   m_candidates.clear();
   trace(": recognizing argument '", argument, "'");
   m_optionIndex = -1;
-  if (argument.size() < shortestArgument || getDashLength(argument, 0) == 0)
+  if (argument.size() < shortestArgument || dashLength(argument) == 0)
     return 1;
 
-  string name;
-  splitOptionValue(argument, &name, nullptr);
-  const DeclarationIndex::Match best = m_index.findBest(name, options);
-  if (best.kind == DeclarationIndex::Match::none)
+  m_parts = splitArgument(argument);
+  m_match = m_index.findBest(m_parts.name, options);
+  if (m_match.kind == DeclarationIndex::Match::none)
     return 1;
-  if (best.kind == DeclarationIndex::Match::ambiguous) {
-    listCandidates(name, options);
-    trace(": failed to get best match for '", name, "' in argument '", argument,
+  if (m_match.kind == DeclarationIndex::Match::ambiguous) {
+    listCandidates(m_parts.name, options);
+    trace(": failed to get best match for '", m_parts.name, "' in argument '", argument,
           "':Ambiguous option, possible options are: ", m_candidates);
     return 0;
   }
-  trace(": best match option for '", name, "' in argument '", argument, "' is '", best.name, "'");
-  m_matchedName = best.name;
-  m_optionIndex = static_cast<int>(best.option);
+  trace(": best match option for '", m_parts.name, "' in argument '", argument, "' is '",
+        m_match.ahead, m_match.name, "'");
+  m_optionIndex = static_cast<int>(m_match.option);
   return 0;
 }
 
-int AbbreviationParser::parse(std::vector<string>& args, IResultCollector* collector,
-                              std::vector<OptionDescription>& options, unsigned int& optionIndex,
-                              string& error) {
+int AbbreviationParser::parse(ArgumentWindow& args, IResultCollector* collector,
+                              OptionList& options, unsigned int& optionIndex, string& error) {
   optionIndex = static_cast<unsigned int>(m_optionIndex);
-  trace(": parsing argument '", args.at(0), "'");
-  Argument argument;
-  argument.valueInside = splitOptionValue(args[0], &argument.name, &argument.value);
-  if (argument.name.empty() || startsWithHyphen(argument.name)) {
-    error = "Unknown option " + quoted(args[0]);
+  trace(": parsing argument '", args.front(), "'");
+  if (m_parts.name.empty() || startsWithHyphen(m_parts.name)) {
+    error = joined("Unknown option '", args.front(), "'");
     return status::usageError;
   }
   if (!m_candidates.empty()) {
-    error = "Ambiguous option " + quoted(argument.name) + formatTokenMessage(args[0]) +
-            ", could be: " + m_candidates;
+    error = joined("Ambiguous option '", m_parts.name, "'", formatTokenMessage(args.front()),
+                   ", could be: ", m_candidates);
     return status::usageError;
   }
 
   const OptionDescription& option = options.at(optionIndex);
   trace(": detected option: '", option.firstName(), "'");
-  const int decided = decideValue(option, args, argument, error);
+  std::string_view value = m_parts.value;
+  const int decided = decideValue(option, args, value, error);
   if (decided != status::success)
     return decided;
-  m_handler->onOptionParse(option.firstName().c_str());
+  const bool isValueNext = m_parts.value.empty() && option.m_type != vtBool && !value.empty();
+  m_handler->onOptionParse(option.firstName().data());
   trace(": sent event on option parsed");
-  const int bound = parseValueAndAddOption(argument.value, error, option, args, collector);
+  const int bound = parseValueAndAddOption(value, error, option, args, collector);
   if (bound != status::success)
     return bound;
 
-  for (; argument.count != 0; --argument.count) {
-    trace(": removing argument: '", args.at(0), "'");
-    args.erase(args.begin());
+  for (int count = isValueNext ? 2 : 1; count != 0; --count) {
+    trace(": removing argument: '", args.front(), "'");
+    args.drop(1);
   }
   return status::success;
 }
 
-int AbbreviationParser::decideValue(const OptionDescription& option, std::vector<string>& args,
-                                    Argument& argument, string& error) {
-  if (argument.valueInside)
-    trace(": value from the same argument taken: '", argument.value, "'");
+// `value` is that of the argument itself, which may be empty.
+int AbbreviationParser::decideValue(const OptionDescription& option, const ArgumentWindow& args,
+                                    std::string_view& value, string& error) const {
+  if (m_parts.hasValue)
+    trace(": value from the same argument taken: '", value, "'");
   if (option.m_type == vtNull)
-    return argument.value.empty() ? status::success
-                                  : fail(error, takesNoValue(option, formatTokenMessage(args[0])));
+    return value.empty() ? status::success
+                         : fail(error, takesNoValue(option, formatTokenMessage(args.front())));
   if (option.m_type == vtBool) {
-    if (!argument.value.empty())
-      return fail(error, isBoolean(option, formatTokenMessage(args[0])));
-    argument.value = isNegated(m_matchedName) ? "0" : "1";
+    if (!value.empty())
+      return fail(error, isBoolean(option, formatTokenMessage(args.front())));
+    value = isNegated(m_match) ? "0" : "1";
     return status::success;
   }
-  return argument.value.empty() ? takeValueFromNext(option, args, argument, error)
-                                : status::success;
+  return value.empty() ? takeValueFromNext(option, args, value, error) : status::success;
 }
 
 int AbbreviationParser::takeValueFromNext(const OptionDescription& option,
-                                          std::vector<string>& args, Argument& argument,
-                                          string& error) {
+                                          const ArgumentWindow& args, std::string_view& value,
+                                          string& error) const {
   trace(": no value in the same argument, looking next");
   if (args.size() < 2)
-    return fail(error, requiresValue(option, formatTokenMessage(args[0])));
+    return fail(error, requiresValue(option, formatTokenMessage(args.front())));
   if (startsWithHyphen(args[1]))
     return fail(error, seemsToBeOption(option, args[1]));
   trace(": got value from the next argument: '", args[1], "'");
   if (args[1].empty())
-    return fail(error, requiresValue(option, formatTokenMessage(args[0])));
-  argument.value = args[1];
-  argument.count = 2;
+    return fail(error, requiresValue(option, formatTokenMessage(args.front())));
+  value = args[1];
   return status::success;
 }
 
-void AbbreviationParser::listCandidates(const string& name,
-                                        const std::vector<OptionDescription>& options) {
+void AbbreviationParser::listCandidates(std::string_view name, const OptionList& options) {
   std::vector<string> names;
   makeOptionNamesList(options, names);
   stratum2::generic_iterator_t<string> best;
-  stratum2::find_best_match({names.begin(), names.end()}, name, best);
+  stratum2::find_best_match({names.begin(), names.end()}, string(name), best);
   for (; best; ++best) {
     if (!m_candidates.empty())
       m_candidates += ", ";
@@ -155,13 +151,13 @@ void AbbreviationParser::listCandidates(const string& name,
   }
 }
 
-void AbbreviationParser::makeOptionNamesList(const std::vector<OptionDescription>& options,
+void AbbreviationParser::makeOptionNamesList(const OptionList& options,
                                              std::vector<string>& names) {
   for (const OptionDescription& option : options) {
-    for (const string& name : option.m_names) {
-      names.push_back(name);
+    for (const std::string_view name : option.m_names) {
+      names.emplace_back(name);
       if (option.m_type == vtBool)
-        names.push_back("no-" + name);
+        names.push_back(joined("no-", name));
     }
   }
 }

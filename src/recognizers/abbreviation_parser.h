@@ -1,7 +1,11 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "options/declaration_index.h"
 #include "recognizers/argument_parser.h"
+#include "recognizers/split_argument.h"
 
 namespace kivo_3_3 {
 
@@ -15,36 +19,26 @@ class AbbreviationParser final : public IArgumentParser {
   // `index` is that of the options that recognize() and parse() are called with.
   AbbreviationParser(EventHandler& handler, Garbage& garbage, int flags, DeclarationIndex& index);
 
-  int recognize(std::vector<std::string>& args, std::vector<OptionDescription>& options,
-                std::string& error) override;
-  int parse(std::vector<std::string>& args, IResultCollector* collector,
-            std::vector<OptionDescription>& options, unsigned int& optionIndex,
-            std::string& error) override;
+  int recognize(ArgumentWindow& args, OptionList& options, std::string& error) override;
+  int parse(ArgumentWindow& args, IResultCollector* collector, OptionList& options,
+            unsigned int& optionIndex, std::string& error) override;
   int getPriority() override { return -10; }
 
   // Appends every name an argument may be matched with, in declaration order, the "no-"
   // form of a boolean's name right behind it.
-  static void makeOptionNamesList(const std::vector<OptionDescription>& options,
-                                  std::vector<std::string>& names);
+  static void makeOptionNamesList(const OptionList& options, std::vector<std::string>& names);
 
  private:
-  // The argument being parsed, split, and how many arguments its value comes from.
-  struct Argument {
-    std::string name;
-    std::string value;
-    bool valueInside = false;
-    std::size_t count = 1;
-  };
+  int decideValue(const OptionDescription& option, const ArgumentWindow& args,
+                  std::string_view& value, std::string& error) const;
+  int takeValueFromNext(const OptionDescription& option, const ArgumentWindow& args,
+                        std::string_view& value, std::string& error) const;
+  void listCandidates(std::string_view name, const OptionList& options);
 
-  int decideValue(const OptionDescription& option, std::vector<std::string>& args,
-                  Argument& argument, std::string& error);
-  int takeValueFromNext(const OptionDescription& option, std::vector<std::string>& args,
-                        Argument& argument, std::string& error);
-  void listCandidates(const std::string& name, const std::vector<OptionDescription>& options);
-
-  int m_optionIndex = -1;     // the option that recognize() matched, -1 for none
-  std::string m_candidates;   // the names an ambiguous argument may stand for, quoted
-  std::string m_matchedName;  // the name that recognize() matched, a "no-" form included
+  int m_optionIndex = -1;           // the option that recognize() matched, -1 for none
+  std::string m_candidates;         // the names an ambiguous argument may stand for, quoted
+  DeclarationIndex::Match m_match;  // what recognize() matched
+  ArgumentParts m_parts;            // of the argument that was recognized
   DeclarationIndex& m_index;
 };
 

@@ -3,12 +3,13 @@
 #include <kivo/event_handler.h>
 
 #include <string>
-#include <vector>
+#include <string_view>
 
 #include "base/garbage.h"
 #include "base/trace.h"
 #include "options/option_data.h"
 #include "options/option_description.h"
+#include "recognizers/argument_window.h"
 
 namespace kivo_3_3 {
 
@@ -23,18 +24,16 @@ class IArgumentParser {
 
   virtual ~IArgumentParser() = default;
 
-  // 0 when this recognizer claims `args[0]`, else 1.
-  virtual int recognize(std::vector<std::string>& args, std::vector<OptionDescription>& options,
-                        std::string& error) = 0;
+  // 0 when this recognizer claims the front of `args`, else 1.
+  virtual int recognize(ArgumentWindow& args, OptionList& options, std::string& error) = 0;
 
   // Binds the argument that was recognized last and takes what it used from the front
   // of `args`. On failure `args` is as before, nothing is stored, and `error` tells why.
-  virtual int parse(std::vector<std::string>& args, IResultCollector* collector,
-                    std::vector<OptionDescription>& options, unsigned int& optionIndex,
-                    std::string& error) = 0;
+  virtual int parse(ArgumentWindow& args, IResultCollector* collector, OptionList& options,
+                    unsigned int& optionIndex, std::string& error) = 0;
 
   // " in argument: '--level'", to end a message with.
-  virtual std::string formatTokenMessage(std::string& token);
+  virtual std::string formatTokenMessage(std::string_view token) const;
 
   virtual int getPriority() = 0;
 
@@ -45,8 +44,8 @@ class IArgumentParser {
  protected:
   // Splits a value where the option asks for it, converts, checks and announces each
   // piece, and stores the option. An empty value stores the option without values.
-  int parseValueAndAddOption(std::string& value, std::string& error,
-                             const OptionDescription& option, std::vector<std::string>& args,
+  int parseValueAndAddOption(std::string_view value, std::string& error,
+                             const OptionDescription& option, const ArgumentWindow& args,
                              IResultCollector* collector);
 
   // Sets and traces a usage error, and returns its status.
@@ -55,14 +54,11 @@ class IArgumentParser {
   // Traces one line that begins with the name of this recognizer.
   template <class... Parts>
   void trace(const Parts&... parts) const {
-    internal::traceLine([&](std::ostream& out) {
-      out << m_name;
-      (out << ... << parts);
-    });
+    internal::traceLine(m_name, parts...);
   }
 
   EventHandler* m_handler;
-  std::string m_name;
+  const char* m_name = "UndefinedParser";
   Garbage* m_garbage;
   int m_flags;
 
@@ -70,7 +66,15 @@ class IArgumentParser {
   struct Binding;
 
   int bindTokens(const Binding& binding);
-  int bindOne(std::string& token, const Binding& binding);
+  int bindEachToken(char separator, const Binding& binding);
+  int bindToken(std::string& token, const char* text, const Binding& binding);
+  int bindOne(std::string& token, const char* text, const Binding& binding);
+
+  // Kept from one argument to the next for the room they have.
+  OwnedMemoryOf<128> m_memory;
+  OptionData m_data{&m_memory};
+  std::string m_value;
+  std::string m_token;
 };
 
 }  // namespace kivo_3_3

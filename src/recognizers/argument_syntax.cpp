@@ -5,6 +5,7 @@
 
 #include "base/white_space.h"
 #include "bedrock/unicode.h"
+#include "recognizers/split_argument.h"
 
 namespace kivo_3_3 {
 
@@ -17,50 +18,58 @@ struct Dash {
   std::size_t length;
 };
 
-using Dashes = std::array<Dash, 6>;
+using Dashes = std::array<Dash, 5>;
 
 Dash toUtf8(char32_t character) {
   const std::string text = BEDROCK::utf32_to_utf8(character);
-  Dash dash = {"?", 1};
-  if (text != "-1")
-    dash.length = text.copy(dash.bytes, sizeof(dash.bytes));
+  Dash dash = {};
+  dash.length = text.copy(dash.bytes, sizeof(dash.bytes));
   return dash;
 }
 
-// Hyphen-minus, figure dash, en dash, em dash, horizontal bar, swung dash.
-const Dashes& dashes() {
-  static const Dashes table = {{toUtf8(U'\u002D'), toUtf8(U'\u2012'), toUtf8(U'\u2013'),
-                                toUtf8(U'\u2014'), toUtf8(U'\u2015'), toUtf8(U'\u2053')}};
+// Figure dash, en dash, em dash, horizontal bar, swung dash.
+const Dashes& typographicDashes() {
+  static const Dashes table = {{toUtf8(U'\u2012'), toUtf8(U'\u2013'), toUtf8(U'\u2014'),
+                                toUtf8(U'\u2015'), toUtf8(U'\u2053')}};
   return table;
-}
-
-void assign(std::string* target, const std::string& text, std::size_t begin, std::size_t end) {
-  if (target != nullptr)
-    target->assign(text, begin, end - begin);
 }
 
 }  // namespace
 
-unsigned int getDashLength(const std::string& text, unsigned int pos) {
-  for (const Dash& dash : dashes())
-    if (text.compare(pos, dash.length, dash.bytes, dash.length) == 0)
-      return static_cast<unsigned int>(dash.length);
+std::size_t typographicDashLength(std::string_view text) {
+  for (const Dash& dash : typographicDashes())
+    if (text.compare(0, dash.length, dash.bytes, dash.length) == 0)
+      return dash.length;
   return 0;
 }
 
-bool splitOptionValue(const std::string& arg, std::string* name, std::string* value) {
-  const unsigned int firstDash = getDashLength(arg, 0);
-  const unsigned int begin = firstDash + getDashLength(arg, firstDash);
+ArgumentParts splitArgument(std::string_view argument) {
   const WhiteSpace isSpace;
-  const auto end = std::find_if(arg.begin() + begin, arg.end(), [&](char character) {
+  std::string_view plain = argument;
+  plain.remove_prefix(dashLength(plain));
+  plain.remove_prefix(dashLength(plain));
+  const auto end = std::find_if(plain.begin(), plain.end(), [&](char character) {
     return character == '=' || isSpace(character);
   });
-  assign(name, arg, begin, static_cast<std::size_t>(end - arg.begin()));
-  if (end == arg.end())
-    return false;
-  const auto rest = *end == '=' ? end + 1 : std::find_if_not(end, arg.end(), isSpace);
-  assign(value, arg, static_cast<std::size_t>(rest - arg.begin()), arg.size());
-  return true;
+  const auto length = static_cast<std::size_t>(end - plain.begin());
+  if (length == plain.size())
+    return {plain, {}, false};
+  const auto rest = *end == '=' ? end + 1 : std::find_if_not(end, plain.end(), isSpace);
+  return {plain.substr(0, length), plain.substr(static_cast<std::size_t>(rest - plain.begin())),
+          true};
+}
+
+unsigned int getDashLength(const std::string& text, unsigned int pos) {
+  return static_cast<unsigned int>(dashLength(std::string_view(text).substr(pos)));
+}
+
+bool splitOptionValue(const std::string& arg, std::string* name, std::string* value) {
+  const ArgumentParts parts = splitArgument(arg);
+  if (name != nullptr)
+    name->assign(parts.name);
+  if (value != nullptr && parts.hasValue)
+    value->assign(parts.value);
+  return parts.hasValue;
 }
 
 }  // namespace kivo_3_3

@@ -12,29 +12,27 @@ PositionalOptionsParser::PositionalOptionsParser(EventHandler& handler, Garbage&
   m_name = "PositionalOptionsParser";
 }
 
-int PositionalOptionsParser::recognize(std::vector<string>& args,
-                                       std::vector<OptionDescription>& options, string&) {
-  trace(": recognizing argument '", args.at(0), "'");
+int PositionalOptionsParser::recognize(ArgumentWindow& args, OptionList& options, string&) {
+  const std::string_view argument = args.front();
+  trace(": recognizing argument '", argument, "'");
   const bool dashesAreRefused = (m_flags & parserFlags::dashArgumentsAreNeverPositional) != 0;
-  if (dashesAreRefused && !args[0].empty() && args[0].front() == '-')
+  if (dashesAreRefused && !argument.empty() && argument.front() == '-')
     return 1;
   return m_index.findPositional(options) ? 0 : 1;
 }
 
-int PositionalOptionsParser::parse(std::vector<string>& args, IResultCollector* collector,
-                                   std::vector<OptionDescription>& options,
-                                   unsigned int& optionIndex, string& error) {
-  trace(": parsing argument '", args.at(0), "'");
+int PositionalOptionsParser::parse(ArgumentWindow& args, IResultCollector* collector,
+                                   OptionList& options, unsigned int& optionIndex, string& error) {
+  trace(": parsing argument '", args.front(), "'");
   optionIndex = m_index.findPositional(options).value_or(static_cast<unsigned int>(options.size()));
   const OptionDescription& option = options.at(optionIndex);
   trace(": option is '", option.firstName(), "'");
-  string value = args[0];
-  m_handler->onOptionParse(option.firstName().c_str());
-  const int bound = parseValueAndAddOption(value, error, option, args, collector);
+  m_handler->onOptionParse(option.firstName().data());
+  const int bound = parseValueAndAddOption(args.front(), error, option, args, collector);
   if (bound != status::success)
     return bound;
-  trace(": removing argument: '", args.at(0), "'");
-  args.erase(args.begin());
+  trace(": removing argument: '", args.front(), "'");
+  args.drop(1);
   return status::success;
 }
 

@@ -13,11 +13,9 @@ class PositionalOptionsParser final : public IArgumentParser {
   PositionalOptionsParser(EventHandler& handler, Garbage& garbage, int flags,
                           DeclarationIndex& index);
 
-  int recognize(std::vector<std::string>& args, std::vector<OptionDescription>& options,
-                std::string& error) override;
-  int parse(std::vector<std::string>& args, IResultCollector* collector,
-            std::vector<OptionDescription>& options, unsigned int& optionIndex,
-            std::string& error) override;
+  int recognize(ArgumentWindow& args, OptionList& options, std::string& error) override;
+  int parse(ArgumentWindow& args, IResultCollector* collector, OptionList& options,
+            unsigned int& optionIndex, std::string& error) override;
   int getPriority() override { return -100; }
 
  private:

@@ -1,14 +1,12 @@
 #include "result/parse_result.h"
 
+#include <stdexcept>
 #include <utility>
 
 #include "base/running_call.h"
 #include "bedrock/assertion.h"
-#include "recognizers/argument_parser.h"
 
 namespace kivo_3_3 {
-
-using std::string;
 
 IParseResult::~IParseResult() = default;
 
@@ -24,21 +22,9 @@ bool ParseResult::present(const char* name, int from, int to) {
   return m_cursor.present(name, from, to);
 }
 
-Value ParseResult::get(const char* name, int from, int to) {
-  const char* text = nullptr;
-  variant_t value;
-  int position = lastPosition;
-  const int status = m_cursor.get(name, &text, value, from, to, position);
-  return status == ResultCursor::delivered ? Value(text, value, position) : Value();
-}
+Value ParseResult::get(const char* name, int from, int to) { return m_cursor.get(name, from, to); }
 
-Value ParseResult::next(const char*) {
-  const char* text = nullptr;
-  variant_t value;
-  int position = lastPosition;
-  const int status = m_cursor.next(&text, value, position);
-  return status == ResultCursor::delivered ? Value(text, value, position) : Value();
-}
+Value ParseResult::next(const char*) { return m_cursor.next(); }
 
 int ParseResult::nextPosition() { return m_cursor.nextPosition(); }
 
@@ -50,84 +36,32 @@ int ParseResult::getFirstArgument(const char** text) {
 int ParseResult::getNextArgument(const char** text) {
   if (m_argumentCursor == m_arguments.size())
     return 1;
-  const char* kept = m_garbage.init(m_arguments[m_argumentCursor].first.c_str());
-  ++m_argumentCursor;
+  const Argument& argument = m_arguments[m_argumentCursor++];
   if (text != nullptr)
-    *text = kept;
+    *text = argument.text;
   return 0;
 }
 
-int ParseResult::getFirstArgument(string& text) {
-  m_argumentCursor = 0;
-  return getNextArgument(text);
+void ParseResult::store(const OptionDescription& option, OptionData& data) {
+  m_options.store(option.m_names, data, option.m_identity);
 }
 
-int ParseResult::getNextArgument(string& text) {
-  const char* kept = nullptr;
-  if (getNextArgument(&kept) != 0)
-    return 1;
-  text = kept;
-  return 0;
-}
-
-// Under all names of the option or, when memory runs out, under none.
-void ParseResult::store(const OptionDescription& option, const OptionData& data) {
-  if (m_options.find(option.firstName()) == m_options.end())
-    storeFirst(option.m_names, data);
-  else
-    storeAgain(option.m_names, data);
-}
-
-void ParseResult::storeFirst(const std::vector<string>& names, const OptionData& data) {
-  OptionData first;
-  first.defaultValue = data.defaultValue;
-  first.append(data);
-  OptionMap entries;
-  for (const string& name : names)
-    entries[name] = first;
-  for (auto& [name, entry] : entries) {
-    const auto shared = m_options.find(name);  // another option has this name too
-    if (shared != m_options.end())
-      shared->second = std::move(entry);
-  }
-  m_options.merge(entries);
-}
-
-void ParseResult::storeAgain(const std::vector<string>& names, const OptionData& data) {
-  auto name = names.begin();
-  try {
-    for (; name != names.end(); ++name)
-      m_options[*name].append(data);
-  } catch (...) {
-    while (name != names.begin())
-      m_options.find(*--name)->second.takeBack(data);
-    throw;
-  }
-}
-
-// A default without a name to go under is out of range.
-void ParseResult::applyDefault(const OptionDescription& option) {
-  if (!option.m_hasDefault || option.m_defaultValue.type() == vtNull)
+void ParseResult::applyDefaults(std::shared_ptr<const DeclaredDefaults> defaults) {
+  if (defaults == nullptr)
     return;
-  OptionMap entries;
-  std::size_t index = 0;
-  do {
-    OptionData& entry = entries[option.m_names.at(index)];
-    const char* text = option.toString(option.m_garbage, option.m_defaultValue);
-    const int position = IArgumentParser::getNewPositionIndex();
-    entry.defaultValue = {{text != nullptr ? text : "", option.m_defaultValue}, position};
-  } while (++index < option.m_names.size());
-
-  for (auto& [name, entry] : entries) {
-    const auto known = m_options.find(name);
-    if (known != m_options.end())
-      known->second.defaultValue = std::move(entry.defaultValue);
-  }
-  m_options.merge(entries);
+  const bool isOutOfRange = defaults->isOutOfRange();
+  m_options.apply(std::move(defaults));
+  if (isOutOfRange)
+    throw std::out_of_range("An option that has a default has no name.");
 }
 
-void ParseResult::addArgument(const string& text, int position) {
-  m_arguments.emplace_back(text, position);
+void ParseResult::addArgument(std::string_view text, int position) {
+  m_arguments.push_back({m_memory.copy(text).data(), position});
+}
+
+void ParseResult::noteDeclarations(std::uint64_t identity) {
+  m_isFilledByOthers = m_isFilledByOthers || m_declarations.value_or(identity) != identity;
+  m_declarations = identity;
 }
 
 Value getLastValue(IParseResult* result, const char* name, int from, int to) {
@@ -135,7 +69,7 @@ Value getLastValue(IParseResult* result, const char* name, int from, int to) {
   if (result == nullptr || name == nullptr)
     return last;
   for (Value value = result->get(name, from, to); value.isEmpty == 0; value = result->next(name))
-    last = value;
+    last = std::move(value);
   return last;
 }
 

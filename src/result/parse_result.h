@@ -2,23 +2,30 @@
 
 #include <kivo/parse_result.h>
 
+#include <cstdint>
+#include <memory>
+#include <optional>
 #include <string>
-#include <utility>
+#include <string_view>
 #include <vector>
 
-#include "base/garbage.h"
+#include "base/owned_memory.h"
 #include "options/option_data.h"
 #include "options/option_description.h"
 #include "result/result_cursor.h"
+#include "result/stored_options.h"
 
 namespace kivo_3_3 {
 
 // What parses have stored, and the cursors the tool reads it with. Reading changes
-// nothing but the cursors and the texts handed out.
+// nothing but the cursors, and cannot fail: all texts are kept when they are stored.
 class ParseResult final : public IParseResult, public IResultCollector {
  public:
   // What stood behind "--", and where.
-  using Argument = std::pair<std::string, int>;
+  struct Argument {
+    const char* text;
+    int position;
+  };
 
   void destroy() override;
   bool present(const char* name, int from, int to) override;
@@ -34,31 +41,31 @@ class ParseResult final : public IParseResult, public IResultCollector {
   ~ParseResult() override = default;
 
   // Adds an occurrence under every name of the option. Occurrences add up.
-  void store(const OptionDescription& option, const OptionData& data) override;
+  void store(const OptionDescription& option, OptionData& data) override;
 
-  // Gives an option the default it declares, if any, under each of its names and with a
-  // position for each.
-  void applyDefault(const OptionDescription& option);
-
-  int getFirstArgument(std::string& text);
-  int getNextArgument(std::string& text);
+  // Gives the options that declare a default that, under each of their names and with a
+  // position for each. Raises std::out_of_range behind those that have a name.
+  void applyDefaults(std::shared_ptr<const DeclaredDefaults> defaults);
 
   // Adds an argument that stood behind "--".
-  void addArgument(const std::string& text, int position);
+  void addArgument(std::string_view text, int position);
 
-  const OptionMap& options() const { return m_options; }
+  const StoredOptions& options() const { return m_options; }
   const std::vector<Argument>& arguments() const { return m_arguments; }
   ResultCursor& cursor() { return m_cursor; }
 
- private:
-  void storeFirst(const std::vector<std::string>& names, const OptionData& data);
-  void storeAgain(const std::vector<std::string>& names, const OptionData& data);
+  // Notes that something is stored by these declarations, and whether others have.
+  void noteDeclarations(std::uint64_t identity);
+  bool isFilledByOthers() const { return m_isFilledByOthers; }
 
-  OptionMap m_options;
-  ResultCursor m_cursor{m_options, m_garbage};
-  Garbage m_garbage;
+ private:
+  OwnedMemoryOf<2560> m_memory;
+  StoredOptions m_options{m_memory};
+  ResultCursor m_cursor{m_options};
   std::vector<Argument> m_arguments;
   std::size_t m_argumentCursor = 0;  // the next one to deliver
+  std::optional<std::uint64_t> m_declarations;
+  bool m_isFilledByOthers = false;  // beside those
 };
 
 }  // namespace kivo_3_3

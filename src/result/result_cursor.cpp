@@ -1,16 +1,10 @@
 #include "result/result_cursor.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace kivo_3_3 {
 
 namespace {
-
-// Given nowhere, with a default that has a text: the one case in which a default shows.
-bool isDefaultOnly(const OptionData& data) {
-  return data.positions.empty() && !data.defaultValue.first.first.empty();
-}
 
 // The first element from `begin` on that `isBefore` is false for. An ordered list is not
 // walked, so that each of many occurrences can be asked for what is its own.
@@ -37,80 +31,91 @@ std::size_t firstOccurrence(const OptionData& data, int from, int to) {
 
 std::size_t firstValue(const OptionData& data, std::size_t begin, int from) {
   return skip(data.values, begin, data.isAscending,
-              [&](const auto& value) { return value.second < from; });
+              [&](const auto& value) { return value.position < from; });
 }
 
 }  // namespace
 
-ResultCursor::ResultCursor(const OptionMap& options, Garbage& garbage)
-    : m_options(options), m_garbage(garbage) {
-  m_place.option = m_options.end();
+Value ResultCursor::get(const char* name, int from, int to) {
+  const Found found = select(name, from, to);
+  if (found == Found::byDefault)
+    return defaultValue();
+  return found == Found::occurrence ? next() : Value();
 }
 
-int ResultCursor::get(const char* name, const char** text, variant_t& value, int from, int to,
-                      int& position) {
-  const auto selected = name != nullptr ? m_options.find(std::string_view(name)) : m_options.end();
-  m_place = {0, 0, from, to, selected};
-  if (m_place.option == m_options.end())
-    return nothingLeft;
-  const OptionData& data = m_place.option->second;
-  if (isDefaultOnly(data))
-    return deliver(data.defaultValue, text, value, position);
-
-  m_place.position = firstOccurrence(data, from, to);
-  if (m_place.position == data.positions.size())
-    return nothingLeft;
-  return text != nullptr ? next(text, value, position) : delivered;
-}
-
-int ResultCursor::next(const char** text, variant_t& value, int& position) {
-  if (m_place.option == m_options.end())
-    return nothingLeft;
-  const OptionData& data = m_place.option->second;
-  if (isDefaultOnly(data)) {
+Value ResultCursor::next() {
+  const OptionData* const data = given();
+  if (data == nullptr) {
     // This range is how present() leaves a default that is still to be delivered.
     if (m_place.rangeFrom != lastPosition || m_place.rangeTo != lastPosition)
-      return nothingLeft;
-    m_place.rangeFrom = firstPosition;
-    return deliver(data.defaultValue, text, value, position);
+      return {};
+    Value value = defaultValue();
+    if (value.isEmpty == 0)
+      m_place.rangeFrom = firstPosition;
+    return value;
   }
-  if (data.values.empty()) {
-    position = nextPosition();
-    return position != lastPosition ? delivered : nothingLeft;
+  if (data->values.empty()) {
+    const int position = nextPosition();
+    return position != lastPosition ? Value(nullptr, variant_t(), position) : Value();
   }
-  m_place.value = firstValue(data, m_place.value, m_place.rangeFrom);
-  // The entry may have become shorter: options can share a name, which one then takes over.
-  if (m_place.value >= data.values.size() || data.values[m_place.value].second > m_place.rangeTo)
-    return nothingLeft;
-  return deliver(data.values[m_place.value++], text, value, position);
+  m_place.value = firstValue(*data, m_place.value, m_place.rangeFrom);
+  // The data may have become shorter: options can share a name, which one then takes over.
+  if (m_place.value >= data->values.size() ||
+      data->values[m_place.value].position > m_place.rangeTo)
+    return {};
+  const GivenValue& value = data->values[m_place.value++];
+  return {value.text, value.value, value.position};
 }
 
 bool ResultCursor::present(const char* name, int from, int to) {
-  variant_t value;
-  int position = lastPosition;
-  if (get(name, nullptr, value, from, to, position) != delivered)
-    return false;
-  if (isDefaultOnly(m_place.option->second)) {
+  const Found found = select(name, from, to);
+  if (found == Found::byDefault) {
     m_place.rangeFrom = lastPosition;
     m_place.rangeTo = lastPosition;
   }
-  return true;
+  return found != Found::nothing;
 }
 
 int ResultCursor::nextPosition() {
-  if (m_place.option == m_options.end())
-    return lastPosition;
-  const std::vector<int>& positions = m_place.option->second.positions;
-  return m_place.position < positions.size() ? positions[m_place.position++] : lastPosition;
+  const OptionData* const data = given();
+  return data != nullptr && m_place.position < data->positions.size()
+             ? data->positions[m_place.position++]
+             : lastPosition;
 }
 
-int ResultCursor::deliver(const OptionData::PositionedValue& source, const char** text,
-                          variant_t& value, int& position) const {
-  if (text != nullptr)
-    *text = m_garbage.init(source.first.first.c_str());
-  value = source.first.second;
-  position = source.second;
-  return delivered;
+// A default shows only where nothing was given, and only if it has a text.
+ResultCursor::Found ResultCursor::select(const char* name, int from, int to) {
+  m_place = {0, 0, from, to, std::nullopt, {}};
+  if (name == nullptr)
+    return Found::nothing;
+  const HashedName wanted(name);
+  m_place.option = m_options.find(wanted);
+  if (!m_place.option) {
+    const auto found = m_options.findDefault(wanted);
+    if (found)
+      m_place.defaultName = found->name;
+    return found && *found->text != '\0' ? Found::byDefault : Found::nothing;
+  }
+  const OptionData& data = m_options.given(*m_place.option);
+  m_place.position = firstOccurrence(data, from, to);
+  return m_place.position < data.positions.size() ? Found::occurrence : Found::nothing;
+}
+
+// What was given for the selected option; null when there is nothing. A handler may have
+// selected one that was given only afterwards.
+const OptionData* ResultCursor::given() {
+  if (!m_place.option && m_place.defaultName.text.data() != nullptr)
+    m_place.option = m_options.find(m_place.defaultName);
+  return m_place.option ? &m_options.given(*m_place.option) : nullptr;
+}
+
+Value ResultCursor::defaultValue() const {
+  if (m_place.defaultName.text.data() == nullptr)
+    return {};
+  const auto found = m_options.findDefault(m_place.defaultName);
+  if (!found || *found->text == '\0')
+    return {};
+  return {found->text, *found->value, found->position};
 }
 
 }  // namespace kivo_3_3

@@ -1,36 +1,27 @@
 #pragma once
 
-#include <functional>
-#include <map>
-#include <string>
+#include <kivo/value.h>
 
-#include "base/garbage.h"
-#include "options/option_data.h"
+#include <optional>
+#include <string_view>
+
+#include "result/stored_options.h"
 
 namespace kivo_3_3 {
-
-// What a result holds: one entry for each name of each option, those of one option alike.
-using OptionMap = std::map<std::string, OptionData, std::less<>>;
 
 // Reads one option of a result at a time, value by value or occurrence by occurrence.
 //
 // The cursor counts and keeps no address into a vector, so it stays where it is when
-// the entry under it grows.
+// the data under it grows.
 class ResultCursor {
  public:
-  // Status of a delivery.
-  static constexpr int delivered = 0;
-  static constexpr int nothingLeft = 1;
+  explicit ResultCursor(const StoredOptions& options) : m_options(options) {}
 
-  // Delivered texts are kept in `garbage`.
-  ResultCursor(const OptionMap& options, Garbage& garbage);
+  // Selects an option; null selects none. Its first value in the range, if any.
+  Value get(const char* name, int from, int to);
 
-  // Selects an option; null selects none. Without `text` that is all, and the answer is whether it
-  // occurs in the range; with it, its first value in the range is delivered.
-  int get(const char* name, const char** text, variant_t& value, int from, int to, int& position);
-
-  // Delivers the next value of the selected option.
-  int next(const char** text, variant_t& value, int& position);
+  // The next value of the selected option.
+  Value next();
 
   // Selects an option and answers whether it occurs in the range; a default does in
   // every range, and the next() that follows delivers it once.
@@ -45,18 +36,22 @@ class ResultCursor {
     std::size_t position = 0;  // the next one to look at, in its positions
     int rangeFrom = firstPosition;
     int rangeTo = lastPosition;
-    OptionMap::const_iterator option;  // the selected one, or the map's end
+    std::optional<StoredOptions::Number> option;  // the selected one, if something was given
+    HashedName defaultName;                       // its name, if it has a default
   };
   const Place& place() const { return m_place; }
   void returnTo(const Place& place) { m_place = place; }
 
  private:
-  int deliver(const OptionData::PositionedValue& source, const char** text, variant_t& value,
-              int& position) const;
+  // What a selection comes upon.
+  enum class Found { nothing, occurrence, byDefault };
+
+  Found select(const char* name, int from, int to);
+  const OptionData* given();
+  Value defaultValue() const;
 
   Place m_place;
-  const OptionMap& m_options;
-  Garbage& m_garbage;
+  const StoredOptions& m_options;
 };
 
 }  // namespace kivo_3_3

@@ -2,6 +2,7 @@
 
 #include <malloc.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cstdlib>
 #include <cstring>
@@ -33,12 +34,21 @@ bool fails() {
   return true;
 }
 
-void* allocate(std::size_t bytes) {
-  void* const block = fails() ? nullptr : std::malloc(bytes != 0 ? bytes : 1);
+void* counted(void* block) {
   if (block == nullptr)
     throw std::bad_alloc();
   ++live;
   return block;
+}
+
+void* allocate(std::size_t bytes) {
+  return counted(fails() ? nullptr : std::malloc(bytes != 0 ? bytes : 1));
+}
+
+void* allocate(std::size_t bytes, std::size_t alignment) {
+  const std::size_t rounded =
+      (std::max<std::size_t>(bytes, 1) + alignment - 1) / alignment * alignment;
+  return counted(fails() ? nullptr : std::aligned_alloc(alignment, rounded));
 }
 
 // What is freed is overwritten, so that whoever still reads it is found out.
@@ -68,7 +78,15 @@ long liveBlocks() { return live; }
 
 }  // namespace kivo_3_3::testing
 
-// Arrays and the forms that do not throw come down to these.
+// Arrays and the forms that do not throw come down to these. The default memory resource
+// asks for all that it hands out by its alignment.
 void* operator new(std::size_t bytes) { return kivo_3_3::testing::allocate(bytes); }
+void* operator new(std::size_t bytes, std::align_val_t alignment) {
+  return kivo_3_3::testing::allocate(bytes, static_cast<std::size_t>(alignment));
+}
 void operator delete(void* block) noexcept { kivo_3_3::testing::release(block); }
 void operator delete(void* block, std::size_t) noexcept { kivo_3_3::testing::release(block); }
+void operator delete(void* block, std::align_val_t) noexcept { kivo_3_3::testing::release(block); }
+void operator delete(void* block, std::size_t, std::align_val_t) noexcept {
+  kivo_3_3::testing::release(block);
+}

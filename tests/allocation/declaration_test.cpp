@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "allocation/failing_memory.h"
+#include "base/quoted.h"
+#include "options/make_option.h"
 #include "support/command.h"
 #include "support/recording_handler.h"
 
@@ -19,6 +21,7 @@ using testing::AllocationLimit;
 using testing::Command;
 using testing::failEachAllocation;
 using testing::Failing;
+using testing::makeOption;
 using testing::RecordingHandler;
 
 constexpr const char* longText = "a text that is too long to be kept without memory of its own";
@@ -145,19 +148,14 @@ TEST(MemoryRunsOut, RejectedDeclarationIsStillRejected) {
 
 // All that a builder can change of an option, and what is known of it.
 struct Amending {
-  Amending() {
-    option.m_names = {"level"};
-    option.m_type = vtString;
-    option.m_tokenizer = '\0';
-    option.m_garbage = &garbage;
-  }
+  Amending() { option.m_tokenizer = '\0'; }
 
   std::string render() const {
     std::string text;
-    for (const std::string& name : option.m_names)
-      text += name + " ";
-    for (const std::string& tag : option.m_tags)
-      text += "tag " + tag + " ";
+    for (const std::string_view name : option.m_names)
+      text += joined(name, " ");
+    for (const std::string_view tag : option.m_tags)
+      text += joined("tag ", tag, " ");
     for (const variant_t& value : option.m_allowedValues)
       text += std::string("allowed ") + value.get<const char*>() + " ";
     for (const auto& [from, to] : option.m_deprecatedValues)
@@ -170,7 +168,7 @@ struct Amending {
   }
 
   Garbage garbage;
-  OptionDescription option;
+  OptionDescription option = makeOption({"level"}, vtString, &garbage);
   IOption* returned = nullptr;
 };
 

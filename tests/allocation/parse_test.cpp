@@ -12,6 +12,7 @@
 #include "support/console_capture.h"
 #include "support/global_locale.h"
 #include "support/recording_handler.h"
+#include "support/stored.h"
 #include "support/temporary_folder.h"
 
 namespace kivo_3_3 {
@@ -23,6 +24,7 @@ using testing::Command;
 using testing::ConsoleCapture;
 using testing::failEachAllocation;
 using testing::RecordingHandler;
+using testing::render;
 using testing::TemporaryFolder;
 using Arguments = std::vector<string>;
 
@@ -62,6 +64,14 @@ string answerOf(Parsing& scene) {
                             : std::to_string(scene.outcome) + ": " + scene.command.error();
 }
 
+const OptionData nothing;
+
+void expectEqual(const OptionData& first, const OptionData& second) {
+  EXPECT_EQ(render(first), render(second));
+  for (std::size_t i = 0; i < first.values.size(); ++i)
+    EXPECT_EQ(first.values[i].value, second.values[i].value);
+}
+
 // An attempt gives the full answer, or fails and says so.
 void expectSound(Parsing& scene, const string& answer) {
   const string given = answerOf(scene);
@@ -69,22 +79,22 @@ void expectSound(Parsing& scene, const string& answer) {
   EXPECT_TRUE(given == answer || failed) << given;
 
   // Whatever was stored is there under both names of its option.
-  const OptionMap& stored = scene.command.result().options();
+  const StoredOptions& stored = scene.command.result().options();
   for (const char* name : {"level", "input"}) {
     const auto full = stored.find(name);
-    const auto shortened = stored.find(string(1, *name));
-    ASSERT_EQ(full == stored.end(), shortened == stored.end());
-    if (full != stored.end()) {
-      EXPECT_EQ(full->second.positions, shortened->second.positions);
-      EXPECT_EQ(full->second.values, shortened->second.values);
+    const auto shortened = stored.find(std::string_view(name, 1));
+    ASSERT_EQ(full.has_value(), shortened.has_value());
+    if (full) {
+      expectEqual(stored.given(*full), stored.given(*shortened));
     }
   }
 
   // No typed text was lost.
-  for (const auto& [name, data] : stored) {
-    for (const auto& [value, position] : data.values) {
-      if (value.second.type() == vtString) {
-        EXPECT_EQ(value.first, value.second.get<const char*>());
+  for (const std::string_view name : stored.names()) {
+    const auto number = stored.find(name);
+    for (const GivenValue& value : (number ? stored.given(*number) : nothing).values) {
+      if (value.value.type() == vtString) {
+        EXPECT_STREQ(value.text, value.value.get<const char*>());
       }
     }
   }

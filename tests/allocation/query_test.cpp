@@ -1,12 +1,12 @@
-// Queries for which memory runs out: a text that cannot be kept reads as the empty one,
-// and everything else is answered in full.
+// Queries while there is no memory: they need none, and answer in full.
 
 #include <gtest/gtest.h>
+#include <kivo/kivo.h>
 
 #include <string>
 #include <vector>
 
-#include "allocation/failing_memory.h"
+#include "allocation/allocation_limit.h"
 #include "support/command.h"
 
 namespace kivo_3_3 {
@@ -15,7 +15,6 @@ namespace {
 
 using testing::AllocationLimit;
 using testing::Command;
-using testing::failEachAllocation;
 using testing::Failing;
 
 constexpr const char* longText = "a text too long to be kept without memory";
@@ -31,7 +30,7 @@ struct Asking {
 
   IParseResult& result() { return command.result(); }
 
-  // What is asked for again, now that there is memory, is all there.
+  // What is asked for again is all there.
   void expectUsable() {
     EXPECT_STREQ(longText, result().get("tone").text);
     EXPECT_STREQ("17", result().get("level").text);
@@ -45,69 +44,70 @@ struct Asking {
   }
 
   Command command;
-  Value value;
-  const char* text = nullptr;
-  int outcome = -1;
 };
 
-void expectText(const char* text, const Value& value) {
-  EXPECT_EQ(0, value.isEmpty);
-  EXPECT_TRUE(std::string(text) == value.text || *value.text == '\0') << value.text;
+TEST(MemoryRunsOut, GetNeedsNone) {
+  Asking scene;
+  {
+    const AllocationLimit limit(0, Failing::forEver);
+    const Value value = scene.result().get("level");
+    EXPECT_FALSE(limit.reached());
+    EXPECT_STREQ("17", value.text);
+    EXPECT_EQ(17, value.value.get<s32_t>());
+  }
+  scene.expectUsable();
 }
 
-TEST(MemoryRunsOut, GetAnswersTheValueWithAtMostItsTextLost) {
-  failEachAllocation<Asking>([](Asking& scene) { scene.value = scene.result().get("level"); },
-                             [](Asking& scene) {
-                               expectText("17", scene.value);
-                               EXPECT_EQ(17, scene.value.value.get<s32_t>());
-                               scene.expectUsable();
-                             });
+TEST(MemoryRunsOut, GetOfADefaultNeedsNone) {
+  Asking scene;
+  {
+    const AllocationLimit limit(0, Failing::forEver);
+    const Value value = scene.result().get("tone");
+    EXPECT_FALSE(limit.reached());
+    EXPECT_STREQ(longText, value.text);
+    EXPECT_STREQ(longText, value.value.get<const char*>());
+  }
+  scene.expectUsable();
 }
 
-TEST(MemoryRunsOut, GetAnswersTheDefaultWithAtMostItsTextLost) {
-  failEachAllocation<Asking>([](Asking& scene) { scene.value = scene.result().get("tone"); },
-                             [](Asking& scene) {
-                               expectText(longText, scene.value);
-                               EXPECT_STREQ(longText, scene.value.value.get<const char*>());
-                               scene.expectUsable();
-                             });
+TEST(MemoryRunsOut, NextNeedsNone) {
+  Asking scene;
+  {
+    const AllocationLimit limit(0, Failing::forEver);
+    scene.result().present("l");
+    scene.result().next("l");
+    const Value value = scene.result().next("l");
+    EXPECT_STREQ("18", value.text);
+    EXPECT_EQ(18, value.value.get<s32_t>());
+    EXPECT_EQ(1, scene.result().next("l").isEmpty);
+    EXPECT_FALSE(limit.reached());
+  }
+  scene.expectUsable();
 }
 
-TEST(MemoryRunsOut, NextAnswersTheValueWithAtMostItsTextLost) {
-  failEachAllocation<Asking>(
-      [](Asking& scene) {
-        scene.result().present("l");
-        scene.result().next("l");
-        scene.value = scene.result().next("l");
-      },
-      [](Asking& scene) {
-        expectText("18", scene.value);
-        EXPECT_EQ(18, scene.value.value.get<s32_t>());
-        EXPECT_EQ(1, scene.result().next("l").isEmpty);
-        scene.expectUsable();
-      });
+TEST(MemoryRunsOut, GetLastValueNeedsNone) {
+  Asking scene;
+  {
+    const AllocationLimit limit(0, Failing::forEver);
+    EXPECT_STREQ("18", getLastValue(&scene.result(), "level").text);
+    EXPECT_FALSE(limit.reached());
+  }
+  scene.expectUsable();
 }
 
-TEST(MemoryRunsOut, GetLastValueAnswersWithAtMostItsTextLost) {
-  failEachAllocation<Asking>(
-      [](Asking& scene) { scene.value = getLastValue(&scene.result(), "level"); },
-      [](Asking& scene) {
-        expectText("18", scene.value);
-        scene.expectUsable();
-      });
-}
-
-TEST(MemoryRunsOut, LeftoverArgumentsAreDeliveredWithAtMostTheirTextLost) {
-  failEachAllocation<Asking>(
-      [](Asking& scene) { scene.outcome = scene.result().getFirstArgument(&scene.text); },
-      [](Asking& scene) {
-        EXPECT_EQ(0, scene.outcome);
-        EXPECT_TRUE(std::string(longText) == scene.text || *scene.text == '\0') << scene.text;
-        EXPECT_EQ(0, scene.result().getNextArgument(&scene.text));
-        EXPECT_STREQ("b", scene.text);
-        EXPECT_EQ(1, scene.result().getNextArgument(&scene.text));
-        scene.expectUsable();
-      });
+TEST(MemoryRunsOut, LeftoverArgumentsNeedNone) {
+  Asking scene;
+  {
+    const AllocationLimit limit(0, Failing::forEver);
+    const char* text = nullptr;
+    EXPECT_EQ(0, scene.result().getFirstArgument(&text));
+    EXPECT_STREQ(longText, text);
+    EXPECT_EQ(0, scene.result().getNextArgument(&text));
+    EXPECT_STREQ("b", text);
+    EXPECT_EQ(1, scene.result().getNextArgument(&text));
+    EXPECT_FALSE(limit.reached());
+  }
+  scene.expectUsable();
 }
 
 TEST(MemoryRunsOut, PresenceAndPositionsNeedNone) {

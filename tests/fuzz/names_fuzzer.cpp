@@ -2,44 +2,20 @@
 // look-ups.
 //   option NAMES|TYPE   synonym NAME   positional   default   find NAME   best NAME
 
-#include <kivo/option_lookup.h>
-
 #include "fuzz/declarations.h"
 #include "fuzz/fuzz.h"
 #include "fuzz/script.h"
 #include "options/name_list.h"
 #include "options/option_registry.h"
-#include "recognizers/abbreviation_parser.h"
-#include "stratum2/find_best_match.h"
+#include "support/declaration_scan.h"
 
 namespace kivo_3_3::fuzzing {
 namespace {
 
 using std::string;
-using Options = std::vector<OptionDescription>;
-
-string shown(std::optional<unsigned int> index) { return index ? std::to_string(*index) : "none"; }
-
-string shown(const DeclarationIndex::Match& match) {
-  if (match.kind == DeclarationIndex::Match::unique)
-    return match.name + "@" + std::to_string(match.option);
-  return match.kind == DeclarationIndex::Match::none ? "none" : "ambiguous";
-}
-
-string foundByScan(const string& name, const Options& options) {
-  unsigned int index = 0;
-  return findOption(name, index, options) == found ? std::to_string(index) : "none";
-}
-
-string bestByScan(const string& typed, const Options& options) {
-  std::vector<string> names;
-  AbbreviationParser::makeOptionNamesList(options, names);
-  stratum2::generic_iterator_t<string> best;
-  const unsigned int count = stratum2::find_best_match({names.begin(), names.end()}, typed, best);
-  if (count != 1)
-    return count == 0 ? "none" : "ambiguous";
-  return *best + "@" + foundByScan(*best, options);
-}
+using testing::DeclarationScan;
+using testing::shown;
+using Options = OptionList;
 
 string positionalByScan(const Options& options) {
   for (std::size_t i = 0; i < options.size(); ++i)
@@ -48,11 +24,32 @@ string positionalByScan(const Options& options) {
   return "none";
 }
 
+// The names that have a default, each where it was declared last. Behind an option without
+// a name there are none.
 string defaultsByScan(const Options& options) {
+  std::map<string, unsigned int> places;
+  unsigned int count = 0;
+  for (const OptionDescription& option : options) {
+    if (option.m_hasDefault && option.m_names.empty())
+      break;
+    for (const std::string_view name : option.m_names)
+      if (option.m_hasDefault)
+        places[string(name)] = count++;
+  }
   string all;
-  for (std::size_t i = 0; i < options.size(); ++i)
-    if (options[i].m_hasDefault)
-      all += std::to_string(i) + " ";
+  for (const auto& [name, place] : places)
+    all += name + "@" + std::to_string(place) + " ";
+  return all;
+}
+
+string defaultsOf(DeclarationIndex& index, const Options& options) {
+  std::map<string, unsigned int> places;
+  if (const auto defaults = index.defaults(options))
+    for (const DeclaredDefaults::Default& one : defaults->all())
+      places[string(one.name)] = one.place;
+  string all;
+  for (const auto& [name, place] : places)
+    all += name + "@" + std::to_string(place) + " ";
   return all;
 }
 
@@ -68,23 +65,21 @@ class Registry {
     else if (step.is("default") && !options().empty())
       options().back().defaultValue(1);
     else if (step.is("find"))
-      expectEqual("a name is found as by a walk", foundByScan(step.text(0), options()),
-                  shown(m_storage.index().find(step.text(0), options())));
+      expectEqual("a name is found as by a walk", scan().find(step.text(0)),
+                  shown(find(step.text(0))));
     else if (step.is("best"))
-      expectEqual("a shortened name is found as by a walk", bestByScan(step.text(0), options()),
+      expectEqual("a shortened name is found as by a walk", scan().findBest(step.text(0)),
                   shown(m_storage.index().findBest(step.text(0), options())));
     else
       checkFlags();
   }
 
   void checkEveryName() {
-    std::vector<string> names;
-    AbbreviationParser::makeOptionNamesList(options(), names);
-    for (const string& name : names) {
-      expectEqual("every name is found", foundByScan(name, options()),
-                  shown(m_storage.index().find(name, options())));
+    const DeclarationScan all = scan();
+    for (const string& name : all.names()) {
+      expectEqual("every name is found", all.find(name), shown(find(name)));
       const string half = name.substr(0, name.size() / 2);
-      expectEqual("half of every name is found as by a walk", bestByScan(half, options()),
+      expectEqual("half of every name is found as by a walk", all.findBest(half),
                   shown(m_storage.index().findBest(half, options())));
     }
     checkFlags();
@@ -92,11 +87,19 @@ class Registry {
 
  private:
   Options& options() { return m_storage.options(); }
+  std::optional<unsigned int> find(std::string_view name) {
+    return m_storage.index().find(name, options());
+  }
+  DeclarationScan scan() { return DeclarationScan(options()); }
+
+  static Names namesOf(const std::vector<string>& words) {
+    const std::vector<std::string_view> views(words.begin(), words.end());
+    return {views.begin(), views.end()};
+  }
 
   void declare(const string& names, variant_type_t type) {
     const std::vector<string> words = wordsOf(names);
-    unsigned int index = 0;
-    const bool isRefused = validateName(words) != 0 || findOption(words, index, options()) == found;
+    const bool isRefused = validateName(namesOf(words)) != 0 || scan().isTaken(words);
     const std::size_t before = options().size();
     m_storage.option(names.c_str(), nullptr, "", false, type, nullptr);
     expectEqual("a taken name rejects the declaration", isRefused ? "refused" : "declared",
@@ -106,11 +109,8 @@ class Registry {
   void checkFlags() {
     expectEqual("the first positional option is found", positionalByScan(options()),
                 shown(m_storage.index().findPositional(options())));
-    string all;
-    m_storage.index().forEachDefault(options(), [&](const OptionDescription& option) {
-      all += std::to_string(&option - options().data()) + " ";
-    });
-    expectEqual("every default is visited in its turn", defaultsByScan(options()), all);
+    expectEqual("every default has its place", defaultsByScan(options()),
+                defaultsOf(m_storage.index(), options()));
   }
 
   Garbage m_garbage;

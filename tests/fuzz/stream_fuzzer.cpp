@@ -52,9 +52,10 @@ string told(int flags, Parse parseInto) {
 
 void compare(const string& text, const std::vector<int>& flagsOfParsers) {
   const std::vector<string> expected = naiveTokens(text);
-  std::vector<string> actual;
+  Texts actual;
   parseStreamToArgs(text.c_str(), actual);
-  expectEqual("a text has the arguments that its lines hold", joined(expected), joined(actual));
+  expectEqual("a text has the arguments that its lines hold", joined(expected),
+              joined({actual.begin(), actual.end()}));
   const auto asList = [&](IParser& parser, IParseResult& result) {
     return parse(parser, expected, &result);
   };

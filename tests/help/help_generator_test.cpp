@@ -6,6 +6,7 @@
 #include <limits>
 #include <stdexcept>
 
+#include "base/quoted.h"
 #include "options/make_option.h"
 
 namespace kivo_3_3::testing {
@@ -542,7 +543,7 @@ class Generator : public ::testing::Test {
   static string namesOf(const HelpGenerator::Selection& selection) {
     string names;
     for (const OptionDescription* option : selection)
-      names += "[" + option->firstName() + "]";
+      names += joined("[", option->firstName(), "]");
     return names;
   }
 
@@ -557,7 +558,7 @@ TEST_F(Generator, SelectsInTheOrderOfDeclaration) {
   add("zip", false);
   add("run", true).m_tags = {"run", "x"};
   add("level", false).m_tags = {"x"};
-  add("depth", false).m_tags = {"walk", "run"};
+  add("depth", false).m_tags = {"run", "walk"};
   add("all", false);
   EXPECT_EQ("[walk][run]", namesOf(help.getGlobalActions()));
   EXPECT_EQ("[zip][all]", namesOf(help.getGlobalModifiers()));

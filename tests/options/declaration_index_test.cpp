@@ -1,48 +1,20 @@
 #include "options/declaration_index.h"
 
 #include <gtest/gtest.h>
-#include <kivo/option_lookup.h>
 
 #include <random>
 
 #include "options/make_option.h"
-#include "recognizers/abbreviation_parser.h"
-#include "stratum2/find_best_match.h"
+#include "support/declaration_scan.h"
 
 namespace kivo_3_3::testing {
 namespace {
 
 using std::string;
-using Options = std::vector<OptionDescription>;
-
-string shown(const DeclarationIndex::Match& match) {
-  if (match.kind == DeclarationIndex::Match::unique)
-    return match.name + "@" + std::to_string(match.option);
-  return match.kind == DeclarationIndex::Match::none ? "none" : "ambiguous";
-}
-
-string shown(std::optional<unsigned int> index) { return index ? std::to_string(*index) : "none"; }
-
-// What a walk over all declarations and names answers.
-string bestByScan(const string& typed, const Options& options) {
-  std::vector<string> names;
-  AbbreviationParser::makeOptionNamesList(options, names);
-  stratum2::generic_iterator_t<string> best;
-  const unsigned int count = stratum2::find_best_match({names.begin(), names.end()}, typed, best);
-  if (count != 1)
-    return count == 0 ? "none" : "ambiguous";
-  unsigned int index = 0;
-  EXPECT_EQ(found, findOption(*best, index, options));
-  return *best + "@" + std::to_string(index);
-}
-
-string foundByScan(const string& name, const Options& options) {
-  unsigned int index = 0;
-  return findOption(name, index, options) == found ? std::to_string(index) : "none";
-}
+using Options = OptionList;
 
 TEST(DeclarationIndex, WithoutOptionsNothingIsFound) {
-  DeclarationIndex index;
+  DeclarationIndex index(nullptr);
   EXPECT_EQ("none", shown(index.find("a", {})));
   EXPECT_EQ("none", shown(index.find("", {})));
   EXPECT_EQ("none", shown(index.findBest("", {})));
@@ -50,7 +22,7 @@ TEST(DeclarationIndex, WithoutOptionsNothingIsFound) {
 
 TEST(DeclarationIndex, FindsByEveryNameAndNegation) {
   const Options options = {makeOption({"level", "l"}, vtS32), makeOption({"color", "c"}, vtBool)};
-  DeclarationIndex index;
+  DeclarationIndex index(nullptr);
   EXPECT_EQ("0", shown(index.find("l", options)));
   EXPECT_EQ("1", shown(index.find("color", options)));
   EXPECT_EQ("1", shown(index.find("no-c", options)));
@@ -61,7 +33,7 @@ TEST(DeclarationIndex, FindsByEveryNameAndNegation) {
 TEST(DeclarationIndex, TheFirstDeclaredOptionCounts) {
   const Options options = {makeOption({"x"}, vtBool), makeOption({"no-x", "y"}, vtS32),
                            makeOption({"y"}, vtBool)};
-  DeclarationIndex index;
+  DeclarationIndex index(nullptr);
   EXPECT_EQ("0", shown(index.find("no-x", options)));
   EXPECT_EQ("1", shown(index.find("y", options)));
   EXPECT_EQ("2", shown(index.find("no-y", options)));
@@ -70,7 +42,7 @@ TEST(DeclarationIndex, TheFirstDeclaredOptionCounts) {
 TEST(DeclarationIndex, CompletesAnAbbreviation) {
   const Options options = {makeOption({"level"}, vtS32), makeOption({"length"}, vtS32),
                            makeOption({"color"}, vtBool), makeOption({"le"}, vtS32)};
-  DeclarationIndex index;
+  DeclarationIndex index(nullptr);
   EXPECT_EQ("level@0", shown(index.findBest("lev", options)));
   EXPECT_EQ("le@3", shown(index.findBest("le", options)));
   EXPECT_EQ("ambiguous", shown(index.findBest("l", options)));
@@ -82,13 +54,13 @@ TEST(DeclarationIndex, CompletesAnAbbreviation) {
 
 TEST(DeclarationIndex, TwoNamesOfOneOptionAreTwoMatches) {
   const Options options = {makeOption({"level", "length"}, vtS32)};
-  DeclarationIndex index;
+  DeclarationIndex index(nullptr);
   EXPECT_EQ("ambiguous", shown(index.findBest("le", options)));
 }
 
 TEST(DeclarationIndex, LearnsWhatWasDeclaredSinceTheLastLookUp) {
   Options options = {makeOption({"a"}, vtS32)};
-  DeclarationIndex index;
+  DeclarationIndex index(nullptr);
   EXPECT_EQ("none", shown(index.find("b", options)));
   options.push_back(makeOption({"b"}, vtBool));
   EXPECT_EQ("1", shown(index.find("b", options)));
@@ -97,7 +69,7 @@ TEST(DeclarationIndex, LearnsWhatWasDeclaredSinceTheLastLookUp) {
 
 TEST(DeclarationIndex, LearnsNamesAddedToTheLastOption) {
   Options options = {makeOption({"a"}, vtS32), makeOption({"b"}, vtS32)};
-  DeclarationIndex index;
+  DeclarationIndex index(nullptr);
   EXPECT_EQ("none", shown(index.find("c", options)));
   options.back().synonym("c");
   EXPECT_EQ("1", shown(index.find("c", options)));
@@ -109,24 +81,15 @@ TEST(DeclarationIndex, LearnsNamesAddedToTheLastOption) {
 
 TEST(DeclarationIndex, LearnsNamesOfAnOptionDeclaredWithNone) {
   Options options = {makeOption({}, vtBool)};
-  DeclarationIndex index;
+  DeclarationIndex index(nullptr);
   EXPECT_EQ("none", shown(index.find("a", options)));
   options.back().synonym("a");
   EXPECT_EQ("0", shown(index.find("no-a", options)));
 }
 
-TEST(DeclarationIndex, OptionsMayMove) {
-  Options options = {makeOption({"a name too long for the string itself"}, vtS32)};
-  DeclarationIndex index;
-  EXPECT_EQ("0", shown(index.find("a name too long for the string itself", options)));
-  const Options moved = options;
-  options[0].m_names[0] = "gone";
-  EXPECT_EQ("0", shown(index.find("a name too long for the string itself", moved)));
-}
-
 TEST(DeclarationIndex, FindsTheFirstPositionalOption) {
   Options options = {makeOption({"a"}, vtS32)};
-  DeclarationIndex index;
+  DeclarationIndex index(nullptr);
   EXPECT_EQ("none", shown(index.findPositional(options)));
   options.push_back(makeOption({"b"}, vtS32));
   options.back().positional();
@@ -138,42 +101,77 @@ TEST(DeclarationIndex, FindsTheFirstPositionalOption) {
 
 TEST(DeclarationIndex, SeesThatTheLastOptionHasBecomePositional) {
   Options options = {makeOption({"a"}, vtS32)};
-  DeclarationIndex index;
+  DeclarationIndex index(nullptr);
   EXPECT_EQ("none", shown(index.findPositional(options)));
   options.back().positional();
   EXPECT_EQ("0", shown(index.findPositional(options)));
 }
 
-TEST(DeclarationIndex, VisitsOptionsWithADefaultInDeclarationOrder) {
+// "b@0 a@1": names and places of the defaults, in their order.
+string defaultsOf(DeclarationIndex& index, const Options& options) {
+  const auto defaults = index.defaults(options);
+  if (defaults == nullptr)
+    return "none";
+  string all;
+  for (const DeclaredDefaults::Default& one : defaults->all())
+    all += string(one.name) + "@" + std::to_string(one.place) + " ";
+  return all;
+}
+
+TEST(DeclarationIndex, GivesTheDefaultsInDeclarationOrder) {
   Options options;
-  DeclarationIndex index;
-  const auto visited = [&] {
-    string names;
-    index.forEachDefault(options, [&](const auto& option) { names += option.firstName(); });
-    return names;
-  };
-  EXPECT_EQ("", visited());
+  DeclarationIndex index(nullptr);
+  EXPECT_EQ("none", defaultsOf(index, options));
   for (const char* name : {"b", "a", "c"})
     options.push_back(makeOption({name}, vtS32));
-  options[0].defaultValue(1);
-  EXPECT_EQ("b", visited());
+  EXPECT_EQ("none", defaultsOf(index, options));
   options[2].defaultValue(1);
-  EXPECT_EQ("bc", visited());
+  EXPECT_EQ("c@0 ", defaultsOf(index, options));
+  options.push_back(makeOption({"d", "e"}, vtS32));
+  options.back().defaultValue(1);
+  EXPECT_EQ("c@0 d@1 e@2 ", defaultsOf(index, options));
+}
+
+TEST(DeclarationIndex, GivesTheSameDefaultsUntilTheyChange) {
+  Options options;
+  options.push_back(makeOption({"level"}, vtS32));
+  options.back().defaultValue(1);
+  DeclarationIndex index(nullptr);
+  const auto first = index.defaults(options);
+  EXPECT_EQ(first, index.defaults(options));
+  options.back().synonym("l");
+  const auto second = index.defaults(options);
+  EXPECT_NE(first, second);
+  options.back().defaultValue(2);
+  EXPECT_EQ("level@0 l@1 ", defaultsOf(index, options));
+  EXPECT_STREQ("2", index.defaults(options)->find("l")->text);
+  EXPECT_STREQ("1", second->find("l")->text);
+  EXPECT_EQ(nullptr, first->find("l"));
+}
+
+TEST(DeclarationIndex, GivesNoDefaultsBehindThatOfAnOptionWithoutNames) {
+  Options options;
+  for (const auto& names : {std::vector<string>{"a"}, {}, {"b"}}) {
+    options.push_back(makeOption(names, vtS32));
+    options.back().defaultValue(1);
+  }
+  DeclarationIndex index(nullptr);
+  EXPECT_EQ("a@0 ", defaultsOf(index, options));
+  EXPECT_TRUE(index.defaults(options)->isOutOfRange());
 }
 
 TEST(DeclarationIndex, ManyNamesAreFound) {
   Options options;
-  DeclarationIndex index;
+  DeclarationIndex index(nullptr);
+  const auto find = [&](std::string_view name) { return index.find(name, options); };
   for (unsigned int number = 0; number < 3'000; ++number) {
     options.push_back(makeOption({"option" + std::to_string(number)}, vtS32));
     if (number % 100 == 0) {
-      EXPECT_EQ(std::to_string(number / 2),
-                shown(index.find("option" + std::to_string(number / 2), options)));
+      EXPECT_EQ(std::to_string(number / 2), shown(find("option" + std::to_string(number / 2))));
     }
   }
   for (unsigned int number = 0; number < 3'000; ++number)
-    ASSERT_EQ(std::to_string(number),
-              shown(index.find("option" + std::to_string(number), options)));
+    ASSERT_EQ(std::to_string(number), shown(find("option" + std::to_string(number))));
   EXPECT_EQ("none", shown(index.find("option3000", options)));
 }
 
@@ -199,9 +197,10 @@ OptionDescription randomOption(Random& random) {
   return option;
 }
 
-void expectAgreement(DeclarationIndex& index, const string& typed, const Options& options) {
-  ASSERT_EQ(foundByScan(typed, options), shown(index.find(typed, options))) << typed;
-  ASSERT_EQ(bestByScan(typed, options), shown(index.findBest(typed, options))) << typed;
+void expectAgreement(DeclarationIndex& index, const string& typed, const Options& options,
+                     const DeclarationScan& scan) {
+  ASSERT_EQ(scan.find(typed), shown(index.find(std::string_view(typed), options))) << typed;
+  ASSERT_EQ(scan.findBest(typed), shown(index.findBest(typed, options))) << typed;
 }
 
 // Every text of up to `length` letters.
@@ -218,7 +217,7 @@ TEST(DeclarationIndex, AnswersAsAWalkOverTheDeclarationsWhateverIsDeclaredBetwee
   for (int round = 0; round < 300; ++round) {
     SCOPED_TRACE(round);
     Options options;
-    DeclarationIndex index;
+    DeclarationIndex index(nullptr);
     for (int step = 0; step < 30; ++step) {
       const std::size_t what = below(4, random);
       if (what == 0)
@@ -226,7 +225,8 @@ TEST(DeclarationIndex, AnswersAsAWalkOverTheDeclarationsWhateverIsDeclaredBetwee
       else if (what == 1 && !options.empty())
         options.back().synonym(randomName(random).c_str());
       else
-        ASSERT_NO_FATAL_FAILURE(expectAgreement(index, randomName(random), options));
+        ASSERT_NO_FATAL_FAILURE(
+            expectAgreement(index, randomName(random), options, DeclarationScan(options)));
     }
   }
 }
@@ -239,9 +239,10 @@ TEST(DeclarationIndex, AnswersAsAWalkOverTheDeclarationsForEveryShortText) {
     Options options;
     for (std::size_t count = below(8, random); count != 0; --count)
       options.push_back(randomOption(random));
-    DeclarationIndex index;
+    DeclarationIndex index(nullptr);
+    const DeclarationScan scan(options);
     for (const string& typed : texts)
-      ASSERT_NO_FATAL_FAILURE(expectAgreement(index, typed, options));
+      ASSERT_NO_FATAL_FAILURE(expectAgreement(index, typed, options, scan));
   }
 }
 

@@ -1,19 +1,27 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "options/option_description.h"
 
 namespace kivo_3_3::testing {
 
+// Keeps the texts of options for which a test has no Garbage of its own.
+inline Garbage& commonGarbage() {
+  static Garbage garbage;
+  return garbage;
+}
+
 // An option without a registry.
-inline OptionDescription makeOption(std::vector<std::string> names, variant_type_t type,
-                                    Garbage* garbage = nullptr) {
+inline OptionDescription makeOption(const std::vector<std::string>& names, variant_type_t type,
+                                    Garbage* garbage = &commonGarbage()) {
   OptionDescription option;
-  option.m_names = std::move(names);
   option.m_type = type;
   option.m_garbage = garbage;
+  for (const std::string& name : names)
+    option.m_names.emplace_back(garbage->memory().copy(name));
   return option;
 }
 
@@ -21,8 +29,8 @@ inline OptionDescription makeOption(std::vector<std::string> names, variant_type
 template <class Texts>
 std::string listed(const Texts& texts) {
   std::string all;
-  for (const std::string& text : texts)
-    all += "[" + text + "]";
+  for (const std::string_view text : texts)
+    all.append("[").append(text).append("]");
   return all;
 }
 

@@ -25,14 +25,17 @@ TEST(Split, CutsAtEveryCommaAndDropsOnlyAnEmptyEnd) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.text);
-    std::vector<std::string> words;
+    Texts words;
     EXPECT_EQ(0, static_cast<int>(split(c.text, words)));
     EXPECT_EQ(c.words, listed(words));
+    Names names;
+    EXPECT_EQ(0, static_cast<int>(split(c.text, names)));
+    EXPECT_EQ(c.words, listed(names));
   }
 }
 
 TEST(Split, AppendsToTheWordsThatAreThere) {
-  std::vector<std::string> words = {"first"};
+  Texts words = {"first"};
   split("a,b", words);
   split("", words);
   EXPECT_EQ("[first][a][b]", listed(words));
@@ -58,7 +61,7 @@ TEST(ValidateName, AtMostThreeNamesAndAShortThird) {
       {"a,b,", 0},
   };
   for (const auto& c : cases) {
-    std::vector<std::string> names;
+    Names names;
     split(c.names, names);
     EXPECT_EQ(c.rejected, validateName(names)) << c.names;
   }
@@ -68,8 +71,8 @@ TEST(ValidateName, AnEmptyThirdNamePasses) { EXPECT_EQ(0, validateName({"a", "b"
 
 TEST(IsIntersected, SaysWhetherTwoSetsHaveATagInCommon) {
   const struct {
-    std::set<std::string> first;
-    std::set<std::string> second;
+    Texts first;  // in order
+    Texts second;
     bool intersected;
   } cases[] = {
       {{}, {}, false},

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "base/quoted.h"
 #include "options/make_option.h"
 #include "support/assertion_recorder.h"
 
@@ -34,7 +35,7 @@ TEST(OptionDescription, StartsWithNothingSet) {
 }
 
 TEST(OptionDescription, EveryBuilderOperationReturnsTheDescription) {
-  OptionDescription option;
+  OptionDescription option = makeOption({}, vtNull);
   EXPECT_EQ(&option, option.synonym("s"));
   EXPECT_EQ(&option, option.allowValue(1));
   EXPECT_EQ(&option, option.allowDeprecatedValue(2, 1));
@@ -124,19 +125,19 @@ TEST(OptionDescription, PositionalIsSetOnRequest) {
 }
 
 TEST(OptionDescription, TagsAreSplitAtCommasAndStoredOnce) {
-  OptionDescription option;
+  OptionDescription option = makeOption({}, vtNull);
   option.tag("run,walk")->tag("run")->tag("b,a,b")->tag("");
   EXPECT_EQ("[a][b][run][walk]", listed(option.m_tags));
 }
 
 TEST(OptionDescription, EmptyWordsAmongTagsAreTags) {
-  OptionDescription option;
+  OptionDescription option = makeOption({}, vtNull);
   option.tag("a,,b,");
   EXPECT_EQ("[][a][b]", listed(option.m_tags));
 }
 
 TEST(OptionDescription, ANullTagLeavesTheTags) {
-  OptionDescription option;
+  OptionDescription option = makeOption({}, vtNull);
   option.tag("run")->tag(nullptr);
   EXPECT_EQ("[run]", listed(option.m_tags));
 }
@@ -158,7 +159,7 @@ TEST(OptionDescription, SortedDescriptionsStandByFirstName) {
   std::sort(options.begin(), options.end());
   std::vector<std::string> names;
   for (const OptionDescription& option : options)
-    names.push_back(option.firstName());
+    names.emplace_back(option.firstName());
   EXPECT_EQ("[a][ab][b][level]", listed(names));
   EXPECT_EQ("7", options[2].getDefaultValueAsText());
 }
@@ -190,7 +191,7 @@ void expectFullOption(const OptionDescription& option, const Garbage* garbage) {
   EXPECT_EQ(OptionDescription::rejected, option.m_status);
   EXPECT_EQ("[level][l] [run]", listed(option.m_names) + " " + listed(option.m_tags));
   EXPECT_EQ("main Main options How hard",
-            option.m_groupKey + " " + option.m_groupTitle + " " + option.m_description);
+            joined(option.m_groupKey, " ", option.m_groupTitle, " ", option.m_description));
   EXPECT_TRUE(option.m_positional && option.m_hasDefault && option.isAction());
   EXPECT_EQ(';', option.m_tokenizer);
   EXPECT_EQ(vtString, option.m_type);

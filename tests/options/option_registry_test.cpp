@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "allocation/allocation_limit.h"
+#include "base/quoted.h"
 #include "base/trace.h"
 #include "options/make_option.h"
 #include "support/console_capture.h"
@@ -43,7 +44,7 @@ class Registry : public ::testing::Test {
   std::string groups() {
     std::string all;
     for (const auto& group : storage.groups())
-      all += (all.empty() ? "" : " ") + group.first + "=" + group.second;
+      all += (all.empty() ? "" : " ") + std::string(group.name) + "=" + std::string(group.title);
     return all;
   }
 
@@ -82,7 +83,7 @@ TEST_F(Registry, AnActionCarriesItsOwnNamesAsTags) {
   EXPECT_EQ("[r][run]", listed(last().m_tags));
   EXPECT_EQ(0u, last().m_notAnAction);
   EXPECT_TRUE(last().isAction());
-  EXPECT_EQ("Runs main", last().m_description + " " + last().m_groupKey);
+  EXPECT_EQ("Runs main", joined(last().m_description, " ", last().m_groupKey));
   storage.option("walk", "outside", "", true, vtNull, nullptr);
   EXPECT_EQ("[outside][walk]", listed(last().m_tags));
 }
@@ -93,7 +94,7 @@ TEST_F(Registry, AModifierCarriesItsActionsAsTags) {
   EXPECT_EQ("[fast][f]", listed(last().m_names));
   EXPECT_EQ(1u, last().m_notAnAction);
   EXPECT_EQ(vtBool, last().m_type);
-  EXPECT_EQ("Hurries main", last().m_description + " " + last().m_groupKey);
+  EXPECT_EQ("Hurries main", joined(last().m_description, " ", last().m_groupKey));
   storage.modifier("slow", nullptr, "", vtBool, nullptr);
   EXPECT_EQ("", listed(last().m_tags));
 }
@@ -102,14 +103,14 @@ TEST_F(Registry, DeclarationsKeepTheirOrder) {
   EXPECT_TRUE(declared("c") && declared("a") && declared("b"));
   std::vector<std::string> names;
   for (const OptionDescription& option : storage.options())
-    names.push_back(option.firstName());
+    names.emplace_back(option.firstName());
   EXPECT_EQ("[c][a][b]", listed(names));
 }
 
 TEST_F(Registry, NullTextsCountAsEmptyAndNullTagsAsNone) {
   EXPECT_NE(&storage.fallback(), storage.option(nullptr, nullptr, nullptr, false, vtS32, nullptr));
   EXPECT_EQ("", listed(last().m_names) + listed(last().m_tags));
-  EXPECT_EQ("", last().m_description + last().m_groupKey + last().m_groupTitle);
+  EXPECT_EQ("", joined(last().m_description, last().m_groupKey, last().m_groupTitle));
 }
 
 TEST_F(Registry, NewOptionsGetTheRegistrysTokenizer) {
@@ -133,7 +134,7 @@ TEST_F(Registry, TheFirstDeclarationStaysUntouchedByADuplicate) {
   storage.option("level", "run", "first", false, vtS32, "main");
   storage.option("level", "walk", "second", true, vtBool, "other");
   ASSERT_EQ(1u, storage.options().size());
-  EXPECT_EQ("first main", last().m_description + " " + last().m_groupKey);
+  EXPECT_EQ("first main", joined(last().m_description, " ", last().m_groupKey));
   EXPECT_EQ("[run]", listed(last().m_tags));
   EXPECT_EQ(vtS32, last().m_type);
 }
@@ -276,40 +277,37 @@ TEST_F(Registry, ARejectedDeclarationStillNamesItsGroup) {
   EXPECT_EQ("= late=Late options later=Later options", groups());
 }
 
-TEST_F(Registry, PinnedDescriptionsStayWhereTheyAre) {
+TEST_F(Registry, DescriptionsStayWhereTheyAre) {
   declared("a name too long for the string itself");
-  const PinnedDeclarations pinned(storage);
   const OptionDescription& first = storage.options().front();
+  const std::string_view name = first.firstName();
   for (int number = 0; number < 100; ++number) {
     EXPECT_TRUE(declared(("option" + std::to_string(number)).c_str()));
-    ASSERT_EQ("a name too long for the string itself", first.firstName());
+    ASSERT_EQ(&first, &storage.options().front());
+    ASSERT_EQ("a name too long for the string itself", name);
   }
-  EXPECT_EQ("a name too long for the string itself", storage.options().front().firstName());
+  EXPECT_EQ(name.data(), first.firstName().data());
   EXPECT_EQ(101u, storage.options().size());
 }
 
-void declareFrom(int first, int count, RegisteredOptionStorage& storage) {
-  for (int i = first; i < first + count; ++i)
-    storage.option(("option-" + std::to_string(i)).c_str(), nullptr, "", false, vtS32, nullptr);
+TEST_F(Registry, ARejectedDeclarationLeavesNothingInMemory) {
+  ASSERT_TRUE(declared("level,l"));
+  const long before = liveBlocks();
+  for (int i = 0; i < 10'000; ++i) {
+    IOption* const rejected = storage.option("other,level,l", "a,b", "", false, vtS32, nullptr);
+    rejected->tag("x,y");
+    storage.option("a,b,c,d", nullptr, "", false, vtS32, nullptr);
+  }
+  EXPECT_GT(before + 3, liveBlocks());
 }
 
-TEST(PinnedRegistry, KeepsNothingTwiceOnceNothingIsPinned) {
-  Garbage garbage;
+TEST_F(Registry, ATagGivenAgainTakesNoMemory) {
+  IOption* const option = storage.option("level", nullptr, "", false, vtS32, nullptr);
   const long before = liveBlocks();
-  RegisteredOptionStorage plain(&garbage);
-  declareFrom(0, 300, plain);
-  const long needed = liveBlocks() - before;
-  RegisteredOptionStorage pinned(&garbage);
-  {
-    const PinnedDeclarations outer(pinned);
-    {
-      const PinnedDeclarations inner(pinned);
-      declareFrom(0, 100, pinned);
-    }
-    declareFrom(100, 200, pinned);
-  }
-  EXPECT_EQ(300U, pinned.options().size());
-  EXPECT_LE(liveBlocks() - before, 2 * needed + 1);  // one for the empty list of those retired
+  for (int i = 0; i < 10'000; ++i)
+    option->tag("run,build,run");
+  EXPECT_EQ("[build][run]", listed(last().m_tags));
+  EXPECT_GT(before + 3, liveBlocks());
 }
 
 }  // namespace

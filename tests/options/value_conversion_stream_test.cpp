@@ -12,6 +12,7 @@
 
 #include "options/value_conversion.h"
 #include "support/global_locale.h"
+#include "support/number_streams.h"
 
 namespace kivo_3_3::testing {
 namespace {
@@ -30,60 +31,10 @@ string exactly(const variant_t& value) {
   return out.str();
 }
 
-template <class T>
-variant_t readByStream(const string& text) {
-  std::istringstream stream(text);
-  T value{};
-  stream >> value;
-  if (stream.fail() || stream.bad())
-    return {};
-  while (!stream.eof()) {
-    char rest = 0;
-    stream >> rest;
-    if (stream && !std::isspace(rest, std::locale()))
-      return {};
-  }
-  return value;
-}
-
-template <>
-variant_t readByStream<u64_t>(const string& text) {
-  const string digits = "1234567890ABCDEFabcdef";
-  const auto onlyDigits = [&](const string& part) {
-    return part.find_first_not_of(digits) == string::npos;
-  };
-  const string start = text.substr(0, 2);
-  bool hexadecimal = (start == "0x" || start == "0X") && onlyDigits(text.substr(2));
-  if ((text.back() == 'h' || text.back() == 'H') && onlyDigits(text.substr(0, text.size() - 1)))
-    hexadecimal = true;
-  std::istringstream stream(text);
-  u64_t value = 0;
-  stream >> (hexadecimal ? std::hex : std::dec) >> value;
-  return stream.fail() || stream.bad() ? variant_t() : variant_t(value);
-}
-
-template <class T>
-string writtenByStream(const variant_t& value) {
-  std::ostringstream stream;
-  stream << value.get<T>();
-  return stream.str();
-}
-
-const struct {
-  variant_type_t type;
-  variant_t (*read)(const string&);
-  string (*write)(const variant_t&);
-} numericTypes[] = {{vtBool, readByStream<bool>, writtenByStream<bool>},
-                    {vtS32, readByStream<s32_t>, writtenByStream<s32_t>},
-                    {vtU32, readByStream<u32_t>, writtenByStream<u32_t>},
-                    {vtS64, readByStream<s64_t>, writtenByStream<s64_t>},
-                    {vtU64, readByStream<u64_t>, writtenByStream<u64_t>},
-                    {vtDouble, readByStream<double>, writtenByStream<double>}};
-
 void expectReadAsByStream(const string& text) {
-  for (const auto& type : numericTypes) {
-    if (type.type == vtU64 && text.empty())
-      continue;  // not to be asked
+  for (const NumericType& type : numericTypes) {
+    if (!type.mayRead(text))
+      continue;
     ASSERT_EQ(exactly(type.read(text)), exactly(textToValue(type.type, text.c_str())))
         << "\"" << text << "\" as " << typeName(type.type);
   }
@@ -91,9 +42,8 @@ void expectReadAsByStream(const string& text) {
 
 void expectWrittenAsByStream(const variant_t& value) {
   Garbage garbage;
-  for (const auto& type : numericTypes) {
-    const bool legal = type.type == vtDouble ? value.can_get<double>() : value.can_get<u64_t>();
-    if (!legal)
+  for (const NumericType& type : numericTypes) {
+    if (!type.mayWrite(value))
       continue;
     ASSERT_EQ(type.write(value), valueToText(type.type, value, garbage))
         << exactly(value) << " as " << typeName(type.type);

@@ -246,8 +246,11 @@ TEST_F(Groups, EmptyOneHoldsOnlyNothing) {
 }
 
 TEST_F(Groups, StoredOptionThatIsNotDeclaredIsNotFound) {
-  OptionMap stored;
-  stored["unknown"];
+  OwnedMemoryOf<640> memory;
+  StoredOptions stored(memory);
+  OptionData occurrence;
+  occurrence.positions = {1};
+  stored.store({"unknown"}, occurrence);
   string error = "untouched";
   EXPECT_EQ(1, ActionRules(storage, groups).check(stored, error));
   EXPECT_EQ("untouched", error);

@@ -10,6 +10,7 @@
 
 #include "support/command.h"
 #include "support/recording_handler.h"
+#include "support/stored.h"
 
 namespace kivo_3_3 {
 
@@ -17,6 +18,7 @@ namespace {
 
 using std::string;
 using testing::Command;
+using testing::givenTo;
 using testing::RecordingHandler;
 using testing::TestHandler;
 
@@ -64,13 +66,13 @@ TEST(ParserFlags, OptionsSplitTheirValuesUnlessToldOtherwise) {
   Command splitting;
   splitting.option("level", vtString);
   splitting.parse({"--level=a,b"});
-  EXPECT_EQ(2u, splitting.result().options().at("level").values.size());
+  EXPECT_EQ(2u, givenTo(splitting.result(), "level").values.size());
   Command whole(parserFlags::noTokenizer);
   whole.option("level", vtString);
   whole.option("depth", vtString)->tokenize(',');
   whole.parse({"--level=a,b", "--depth=a,b"});
-  EXPECT_EQ(1u, whole.result().options().at("level").values.size());
-  EXPECT_EQ(2u, whole.result().options().at("depth").values.size());
+  EXPECT_EQ(1u, givenTo(whole.result(), "level").values.size());
+  EXPECT_EQ(2u, givenTo(whole.result(), "depth").values.size());
 }
 
 TEST(ParserFlags, OtherBitsChangeNothing) {

@@ -3,11 +3,13 @@
 
 #include <iostream>
 #include <locale>
+#include <memory>
 
 #include "parser/hostile_scene.h"
 #include "support/assertion_recorder.h"
 #include "support/console_capture.h"
 #include "support/global_locale.h"
+#include "support/stored.h"
 
 namespace kivo_3_3 {
 
@@ -15,6 +17,7 @@ namespace {
 
 using std::string;
 using testing::Command;
+using testing::givenTo;
 using testing::HostileHandler;
 using testing::HostileScene;
 using testing::RecordingHandler;
@@ -136,8 +139,8 @@ class References : public ::testing::Test {
   }
   string values(const char* name) {
     string text;
-    for (const auto& value : command.result().options().at(name).values)
-      text += value.first.first;
+    for (const GivenValue& value : givenTo(command.result(), name).values)
+      text += value.text;
     return text;
   }
 
@@ -397,6 +400,67 @@ TEST(HostileConsole, WarningsToAClosedErrorStreamAreLost) {
       "Warning: 'quick' argument is deprecated for the option '-mode'. Use the 'fast' argument "
       "instead.\n",
       console.err());
+}
+
+// What the caller handed over may be overwritten as soon as a handler is told of it.
+TEST(HostileHandlerOfArguments, MayOverwriteThem) {
+  Command command;
+  RecordingHandler handler;
+  command.option("password", vtString);
+  command.option("user", vtString);
+  command.parser().addHandler(&handler);
+  string arguments[] = {"tool", "--password", "secret", "--user=me"};
+  const char* const argv[] = {arguments[0].c_str(), arguments[1].c_str(), arguments[2].c_str(),
+                              arguments[3].c_str()};
+  handler.alsoDo = [&] {
+    for (string& argument : arguments)
+      argument.assign(argument.size(), '*');
+  };
+  EXPECT_EQ(0, command.parser().parseArgsVector(4, argv, &command.result()));
+  EXPECT_EQ("option password; value password=secret; option user; value user=me", handler.events);
+  EXPECT_EQ("password=secret@+1 user=me@+3", command.render());
+}
+
+TEST(HostileHandlerOfArguments, MayEndTheText) {
+  Command command;
+  RecordingHandler handler;
+  command.option("level", vtS32);
+  command.parser().addHandler(&handler);
+  auto text = std::make_unique<string>("--level=1\n--level=2\n--level=x\n");
+  handler.alsoDo = [&] { text.reset(); };
+  EXPECT_EQ(2, command.parser().parseStream(text->c_str(), &command.result()));
+  EXPECT_EQ("option level; value level=1; option level; value level=2; option level",
+            handler.events);
+  EXPECT_STREQ(
+      "Value validation problem in argument '--level=x': Option 'level' can not parse 'x' value,"
+      " requires a type 'integer' here.",
+      command.error());
+}
+
+TEST(HostileHandlerOfArguments, MayChangeWhatIsWhiteSpaceInThem) {
+  const testing::GlobalLocale restored{std::locale()};
+  Command command;
+  RecordingHandler handler;
+  command.option("a", vtS32);
+  command.option("b", vtS32);
+  command.parser().addHandler(&handler);
+  handler.alsoDo = [] { std::locale::global(testing::localeWithUnderscoreAsSpace()); };
+  EXPECT_EQ("a=1@+1 b=5@+3", command.parsed({"--a=1", "--b_5"}));
+}
+
+// The message quotes what was split when the value was.
+TEST(HostileHandlerOfArguments, MayTurnOffSplittingWhileItRefuses) {
+  Command command;
+  RecordingHandler handler;
+  IOption* const tone = command.option("tone", vtString)->allowValue("fast")->allowValue("slow");
+  command.parser().addHandler(&handler);
+  handler.refusedValues = {"slow"};
+  handler.alsoDo = [&] {
+    if (handler.events == "option tone; value tone=fast; value tone=slow")
+      tone->tokenize('\0');
+  };
+  EXPECT_EQ("1: Value 'fa,sl' is not valid for option 'tone' in argument '--tone=fa,sl'",
+            command.parsed({"--tone=fa,sl"}));
 }
 
 }  // namespace

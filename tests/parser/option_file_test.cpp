@@ -9,6 +9,7 @@
 #include "support/command.h"
 #include "support/global_locale.h"
 #include "support/recording_handler.h"
+#include "support/stored.h"
 #include "support/temporary_folder.h"
 
 namespace kivo_3_3 {
@@ -17,14 +18,15 @@ namespace {
 
 using std::string;
 using testing::Command;
+using testing::givenTo;
 using testing::RecordingHandler;
 using testing::TemporaryFolder;
 using Arguments = std::vector<string>;
 
 Arguments split(const char* text) {
-  Arguments args;
+  Texts args;
   parseStreamToArgs(text, args);
-  return args;
+  return {args.begin(), args.end()};
 }
 
 TEST(Splitting, MakesOneArgumentALine) {
@@ -95,9 +97,9 @@ TEST(Splitting, WhiteSpaceIsWhatTheGlobalLocaleSays) {
 }
 
 TEST(Splitting, AppendsToWhatIsThere) {
-  Arguments args = {"before"};
+  Texts args = {"before"};
   parseStreamToArgs("a\nb", args);
-  EXPECT_EQ((Arguments{"before", "a", "b"}), args);
+  EXPECT_EQ((Texts{"before", "a", "b"}), args);
 }
 
 TEST(ParseStream, ParsesOneArgumentALine) {
@@ -233,7 +235,7 @@ TEST_F(OptionFiles, NameFurtherFilesThatAreReadInTurn) {
   write("c", "--level=4");
   EXPECT_EQ(0, read({"a", "b"}));
   EXPECT_EQ("1234", levels());  // what a file names comes behind what was named before
-  EXPECT_EQ(3u, command.result().options().at("option-file").values.size());
+  EXPECT_EQ(3u, givenTo(command.result(), "option-file").values.size());
 }
 
 TEST_F(OptionFiles, AddLeftoverArguments) {
@@ -242,9 +244,9 @@ TEST_F(OptionFiles, AddLeftoverArguments) {
   EXPECT_EQ("1", levels());
   const auto& arguments = command.result().arguments();
   ASSERT_EQ(3u, arguments.size());
-  EXPECT_EQ("from line", arguments[0].first);
-  EXPECT_EQ("from file", arguments[1].first);
-  EXPECT_EQ("--level=2", arguments[2].first);
+  EXPECT_STREQ("from line", arguments[0].text);
+  EXPECT_STREQ("from file", arguments[1].text);
+  EXPECT_STREQ("--level=2", arguments[2].text);
 }
 
 TEST_F(OptionFiles, ValueIsNotTakenAcrossTheEndOfAFile) {
@@ -329,9 +331,9 @@ TEST_F(OptionFiles, DefaultFileIsRead) {
   withDefault.option("option-file", vtString)->defaultValue(folder.path("a").c_str());
   withDefault.parser().addOptionFileOption("", nullptr);  // rejected, but files are read now
   EXPECT_EQ(0, withDefault.parse({"x"}));
-  EXPECT_EQ(2u, withDefault.result().options().at("level").values.size());
+  EXPECT_EQ(2u, givenTo(withDefault.result(), "level").values.size());
   EXPECT_EQ(0, withDefault.parse({}));  // no arguments: nothing but the defaults
-  EXPECT_EQ(0u, withDefault.result().options().count("level"));
+  EXPECT_FALSE(withDefault.result().options().find("level"));
 }
 
 TEST_F(OptionFiles, OptionOfThatNameAloneReadsNothing) {

@@ -7,8 +7,10 @@
 
 #include "parser/basic_parser.h"
 #include "recognizers/argument_parser.h"
+#include "support/arguments.h"
 #include "support/command.h"
 #include "support/recording_handler.h"
+#include "support/stored.h"
 
 namespace kivo_3_3 {
 
@@ -16,6 +18,8 @@ namespace {
 
 using std::string;
 using testing::Command;
+using testing::givenTo;
+using testing::leftOf;
 using testing::RecordingHandler;
 using Arguments = std::vector<string>;
 
@@ -37,7 +41,7 @@ TEST(ParseArgsVector, WithoutArgumentsStoresTheDefaultsAlone) {
     command.action("run");  // the rules for actions are not looked at
     const char* argv[] = {"tool", "--run"};
     EXPECT_EQ(0, parseWith(command, argc, argv));
-    EXPECT_EQ(1u, command.result().options().size());
+    EXPECT_EQ(1u, command.result().options().names().size());
     EXPECT_STREQ("2", command.result().get("level", 0, lastPosition).text);
   }
 }
@@ -47,10 +51,10 @@ TEST(ParseArgsVector, PassesOverTheNameOfTheTool) {
   command.option("level", vtS32);
   const char* named[] = {"--level=1", "--level=2"};
   EXPECT_EQ(0, parseWith(command, 2, named));
-  EXPECT_EQ(1u, command.result().options().at("level").positions.size());
+  EXPECT_EQ(1u, givenTo(command.result(), "level").positions.size());
   const char* nameless[] = {nullptr, "--level=2"};
   EXPECT_EQ(0, parseWith(command, 2, nameless));
-  EXPECT_EQ(2u, command.result().options().at("level").positions.size());
+  EXPECT_EQ(2u, givenTo(command.result(), "level").positions.size());
 }
 
 TEST(ParseArgsVector, NullEndsTheArguments) {
@@ -58,11 +62,11 @@ TEST(ParseArgsVector, NullEndsTheArguments) {
   command.option("flag", vtNull);
   const char* argv[] = {"tool", "--flag", nullptr, "--flag"};
   EXPECT_EQ(0, parseWith(command, 4, argv));
-  EXPECT_EQ(1u, command.result().options().at("flag").positions.size());
+  EXPECT_EQ(1u, givenTo(command.result(), "flag").positions.size());
   EXPECT_EQ(0, parseWith(command, 4, nullptr));
   const char* nothing[] = {"tool", nullptr, "--flag", "--flag"};
   EXPECT_EQ(0, parseWith(command, 4, nothing));
-  EXPECT_EQ(1u, command.result().options().at("flag").positions.size());
+  EXPECT_EQ(1u, givenTo(command.result(), "flag").positions.size());
 }
 
 TEST(ParseArgsVector, NullArgvHoldsNoArguments) {
@@ -275,16 +279,16 @@ TEST(ArgumentsLeft, FailureKeepsTheDefaults) {
 TEST(PhaseOne, LeavesTheSeparatorAndWhatFollows) {
   Command command;
   command.option("level", vtS32);
-  Arguments args = {"--level=1", "x", "++", "--level=2", "--"};
+  ArgumentWindow args({"--level=1", "x", "++", "--level=2", "--"});
   string error = "untouched";
   EXPECT_EQ(0, basic(command).parse_phase_one("++", args, &command.result(), error));
-  EXPECT_EQ((Arguments{"++", "--level=2", "--"}), args);
+  EXPECT_EQ((Arguments{"++", "--level=2", "--"}), leftOf(args));
   EXPECT_EQ("untouched", error);
 }
 
 TEST(PhaseOne, WritesItsMessageWhereItIsTold) {
   Command command(unknownIsError);
-  Arguments args = {"x"};
+  ArgumentWindow args({"x"});
   string error;
   EXPECT_EQ(2, basic(command).parse_phase_one("--", args, &command.result(), error));
   EXPECT_EQ("Unknown option: x", error);
@@ -293,30 +297,29 @@ TEST(PhaseOne, WritesItsMessageWhereItIsTold) {
 
 TEST(PhaseOne, TakesNothingFromNothing) {
   Command command;
-  Arguments args;
+  ArgumentWindow args({});
   string error;
   EXPECT_EQ(0, basic(command).parse_phase_one("--", args, &command.result(), error));
   EXPECT_TRUE(args.empty());
 }
 
-TEST(Collecting, KeepsWhatStandsBeforeTheSeparator) {
+TEST(Collecting, TakesTheSeparatorAndAllThatStandsBehindIt) {
   Command command;
-  Arguments args = {"a", "b", "++", "c", "++"};
+  ArgumentWindow args({"++", "c", "++"});
   string error;
   EXPECT_EQ(0, basic(command).collectNonparsingArguments("++", args, &command.result(), error));
-  EXPECT_EQ((Arguments{"a", "b"}), args);
-  EXPECT_EQ(2u, command.result().arguments().size());
+  EXPECT_TRUE(args.empty());
+  EXPECT_EQ("| c@+1 ++@+2", command.render());
 }
 
 TEST(Collecting, WithoutASeparatorNothingIsStored) {
   Command command(leftoversToo);
   command.option("files", vtString)->positional();
-  Arguments args = {"a", "b"};
+  ArgumentWindow args({"a", "b"});
   string error;
   EXPECT_EQ(0, basic(command).collectNonparsingArguments("--", args, &command.result(), error));
-  EXPECT_EQ((Arguments{"a", "b"}), args);
-  EXPECT_TRUE(command.result().arguments().empty());
-  EXPECT_TRUE(command.result().options().empty());
+  EXPECT_EQ((Arguments{"a", "b"}), leftOf(args));
+  EXPECT_EQ("", command.render());
 }
 
 TEST(WithoutAResult, EverythingIsCheckedAndAnnouncedAndNothingStored) {
@@ -495,7 +498,7 @@ TEST(ManyArguments, AreAllWalked) {
   for (int i = 0; i < 5000; ++i)
     args.insert(args.end(), {"--level", std::to_string(i), "x", "--level=7"});
   EXPECT_EQ(0, command.parseVector(args));
-  EXPECT_EQ(10000u, command.result().options().at("level").values.size());
+  EXPECT_EQ(10000u, givenTo(command.result(), "level").values.size());
   EXPECT_EQ(20000, command.positionsDrawn());
 }
 

@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 
 #include "options/option_registry.h"
+#include "support/arguments.h"
 #include "support/command.h"
 #include "support/recording_handler.h"
+#include "support/stored.h"
 
 namespace kivo_3_3 {
 
@@ -14,7 +16,10 @@ namespace {
 
 using std::string;
 using testing::Command;
+using testing::givenTo;
+using testing::leftOf;
 using testing::RecordingHandler;
+using testing::windowOn;
 
 // The recognizer alone, over declarations of its own.
 class NamedRecognizer : public ::testing::Test {
@@ -25,14 +30,19 @@ class NamedRecognizer : public ::testing::Test {
 
   int recognize(const string& argument) {
     args = {argument, "next"};
-    return parser.recognize(args, storage.options(), message);
+    ArgumentWindow window = windowOn(args);
+    const int recognized = parser.recognize(window, storage.options(), message);
+    args = leftOf(window);
+    return recognized;
   }
 
   // Recognizes and parses, and returns the status of parse().
   int parse(const std::vector<string>& arguments) {
-    args = arguments;
-    EXPECT_EQ(0, parser.recognize(args, storage.options(), message));
-    return parser.parse(args, &result, storage.options(), optionIndex, message);
+    ArgumentWindow window = windowOn(arguments);
+    EXPECT_EQ(0, parser.recognize(window, storage.options(), message));
+    const int status = parser.parse(window, &result, storage.options(), optionIndex, message);
+    args = leftOf(window);
+    return status;
   }
 
   Garbage garbage;
@@ -40,7 +50,7 @@ class NamedRecognizer : public ::testing::Test {
   RegisteredOptionStorage storage{&garbage};
   AbbreviationParser parser{handler, garbage, 0, storage.index()};
   ParseResult result;
-  std::vector<string> args;
+  std::vector<string> args;  // what is left of those given last
   unsigned int optionIndex = 77;
   string message = "untouched";
 };
@@ -147,7 +157,7 @@ TEST_F(NamedRecognizer, FailureTakesAndStoresNothing) {
     SCOPED_TRACE(given.front());
     EXPECT_EQ(2, parse(given));
     EXPECT_EQ(given, args);
-    EXPECT_TRUE(result.options().empty());
+    EXPECT_TRUE(result.options().names().empty());
   }
 }
 
@@ -194,7 +204,7 @@ TEST(NamedOption, OptionWithoutValueAcceptsAnEmptyOne) {
   command.option("flag", vtNull);
   EXPECT_EQ("flag@+1", command.parsed({"--flag="}));
   EXPECT_EQ(1, command.positionsDrawn());
-  EXPECT_TRUE(command.result().options().at("flag").values.empty());
+  EXPECT_TRUE(givenTo(command.result(), "flag").values.empty());
 }
 
 TEST(NamedOption, OptionWithoutValueRefusesOne) {

@@ -7,9 +7,11 @@
 
 #include <cstdlib>
 
+#include "options/make_option.h"
 #include "support/command.h"
 #include "support/console_capture.h"
 #include "support/recording_handler.h"
+#include "support/stored.h"
 
 namespace kivo_3_3 {
 
@@ -18,6 +20,8 @@ namespace {
 using std::string;
 using testing::Command;
 using testing::ConsoleCapture;
+using testing::givenTo;
+using testing::makeOption;
 using testing::RecordingHandler;
 
 // A recognizer that only binds.
@@ -26,11 +30,8 @@ class Binder final : public IArgumentParser {
   using IArgumentParser::IArgumentParser;
   using IArgumentParser::parseValueAndAddOption;
 
-  int recognize(std::vector<string>&, std::vector<OptionDescription>&, string&) override {
-    return 1;
-  }
-  int parse(std::vector<string>&, IResultCollector*, std::vector<OptionDescription>&, unsigned int&,
-            string&) override {
+  int recognize(ArgumentWindow&, OptionList&, string&) override { return 1; }
+  int parse(ArgumentWindow&, IResultCollector*, OptionList&, unsigned int&, string&) override {
     return 1;
   }
   int getPriority() override { return 0; }
@@ -39,36 +40,31 @@ class Binder final : public IArgumentParser {
 // Renders what is stored, positions relative to the last one before.
 class Collector final : public IResultCollector {
  public:
-  void store(const OptionDescription& option, const OptionData& data) override {
+  void store(const OptionDescription& option, OptionData& data) override {
     text += option.firstName();
     for (const int position : data.positions)
       text += at(position);
-    for (const auto& value : data.values)
-      text += " " + value.first.first + at(value.second);
-    EXPECT_EQ(0, data.defaultValue.second);
-    EXPECT_EQ("", data.defaultValue.first.first);
-    EXPECT_EQ(vtNull, data.defaultValue.first.second.type());
+    for (const GivenValue& value : data.values)
+      text += " " + textOf(value) + at(value.position);
   }
 
   string text;
   const int before = IArgumentParser::m_idx - 1;
 
  private:
+  static string textOf(const GivenValue& given) {
+    return given.value.can_get<const char*>() ? given.value.get<const char*>() : given.text;
+  }
   string at(int position) const { return "@+" + std::to_string(position - before); }
 };
 
 class ValueBinding : public ::testing::Test {
  protected:
-  ValueBinding() {
-    option.m_names = {"level", "l"};
-    option.m_type = vtString;
-    option.m_garbage = &garbage;
-  }
-
   // Binds the value of "--level=" and renders what was stored, or status and message.
-  string bind(string value) {
+  string bind(const string& value) {
     Collector collector;
-    std::vector<string> args = {"--level=" + value, "next"};
+    const string argument = "--level=" + value;
+    const ArgumentWindow args({argument, "next"});
     string message = "untouched";
     const int status = binder.parseValueAndAddOption(value, message, option, args, &collector);
     drawn = IArgumentParser::m_idx - 1 - collector.before;
@@ -82,7 +78,7 @@ class ValueBinding : public ::testing::Test {
   Garbage garbage;
   RecordingHandler handler;
   Binder binder{handler, garbage, 0};
-  OptionDescription option;
+  OptionDescription option = makeOption({"level", "l"}, vtString, &garbage);
   int drawn = 0;
 };
 
@@ -208,17 +204,16 @@ TEST_F(ValueBinding, RefusalQuotesWhatWasTypedOnlyWhereItIsSplit) {
 
 TEST_F(ValueBinding, TypedValueIsStored) {
   struct Typed final : IResultCollector {
-    void store(const OptionDescription&, const OptionData& data) override {
-      for (const auto& value : data.values)
-        values.push_back(value.first.second);
+    void store(const OptionDescription&, OptionData& data) override {
+      for (const GivenValue& value : data.values)
+        values.push_back(value.value);
     }
     std::vector<variant_t> values;
   } typed;
   option.m_type = vtU64;
-  string value = "10,0x10";
   string error;
-  std::vector<string> args = {"--level=10,0x10"};
-  EXPECT_EQ(0, binder.parseValueAndAddOption(value, error, option, args, &typed));
+  const ArgumentWindow args({"--level=10,0x10"});
+  EXPECT_EQ(0, binder.parseValueAndAddOption("10,0x10", error, option, args, &typed));
   EXPECT_EQ((std::vector<variant_t>{u64_t{10}, u64_t{16}}), typed.values);
   EXPECT_EQ(vtU64, typed.values.back().type());
 }
@@ -238,27 +233,24 @@ TEST_F(ValueBinding, HandlerReceivesTheFirstNameAndTheWholeValue) {
   ValueKeeper keeper;
   Binder announcing(keeper, garbage, 0);
   option.m_type = vtS32;
-  string value = "07";
   string error;
-  std::vector<string> args = {"--level=07"};
+  const ArgumentWindow args({"--level=07"});
   const int before = IArgumentParser::m_idx - 1;
-  EXPECT_EQ(0, announcing.parseValueAndAddOption(value, error, option, args, nullptr));
+  EXPECT_EQ(0, announcing.parseValueAndAddOption("07", error, option, args, nullptr));
   EXPECT_EQ(0, keeper.value.isEmpty);
   EXPECT_EQ(before + 2, keeper.value.position);
   EXPECT_EQ(variant_t(7), keeper.value.value);
 }
 
 TEST_F(ValueBinding, WithoutACollectorEverythingButTheStoringIsDone) {
-  string value = "a,b";
   string error;
-  std::vector<string> args = {"--level=a,b"};
-  EXPECT_EQ(0, binder.parseValueAndAddOption(value, error, option, args, nullptr));
+  const ArgumentWindow args({"--level=a,b"});
+  EXPECT_EQ(0, binder.parseValueAndAddOption("a,b", error, option, args, nullptr));
   EXPECT_EQ("value level=a; value level=b", handler.events);
 }
 
 TEST_F(ValueBinding, TokenMessageQuotesTheToken) {
-  string token = "--level";
-  EXPECT_EQ(" in argument: '--level'", binder.formatTokenMessage(token));
+  EXPECT_EQ(" in argument: '--level'", binder.formatTokenMessage("--level"));
 }
 
 class ValueBindingTrace : public ValueBinding {
@@ -365,9 +357,9 @@ TEST(PositionCounterDeathTest, FirstOptionOfAProcessHasPositionOne) {
     Command command;
     command.option("level", vtS32);
     command.parse({"--level=3", "--", "rest"});
-    const int option = command.result().options().at("level").positions.at(0);
-    const int value = command.result().options().at("level").values.at(0).second;
-    std::exit(100 * option + 10 * value + command.result().arguments().at(0).second);
+    const int option = givenTo(command.result(), "level").positions.at(0);
+    const int value = givenTo(command.result(), "level").values.at(0).position;
+    std::exit(100 * option + 10 * value + command.result().arguments().at(0).position);
   };
   EXPECT_EXIT(leaveWithPositions(), ::testing::ExitedWithCode(123), "");
 }
@@ -385,24 +377,21 @@ TEST(PositionCounter, GoesOnFromParseToParseAndFromParserToParser) {
   first.option("level", vtS32);
   second.option("depth", vtS32);
   first.parse({"--level=1"});
-  const int before = first.result().options().at("level").values.back().second;
+  const int before = givenTo(first.result(), "level").values.back().position;
   second.parse({"--depth=1"});
-  const int between = second.result().options().at("depth").positions.front();
+  const int between = givenTo(second.result(), "depth").positions.front();
   EXPECT_EQ(before + 1, between);
   first.parse({"--level=1"});
-  EXPECT_EQ(between + 2, first.result().options().at("level").positions.front());
+  EXPECT_EQ(between + 2, givenTo(first.result(), "level").positions.front());
 }
 
 TEST(PositionCounter, FullRangeCoversWhateverPositionAProcessHandsOut) {
   ParseResult result;
-  OptionDescription option;
-  option.m_names = {"early", "e"};
   OptionData data;
   data.positions = {1};
-  result.store(option, data);
-  option.m_names = {"late", "l"};
+  result.store(makeOption({"early", "e"}, vtNull), data);
   data.positions = {lastPosition - 1};
-  result.store(option, data);
+  result.store(makeOption({"late", "l"}, vtNull), data);
   EXPECT_EQ(1, result.get("early", 0, 2147483647).position);
   EXPECT_EQ(2147483646, result.get("late", 0, 2147483647).position);
 }

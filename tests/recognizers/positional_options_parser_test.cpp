@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include "options/make_option.h"
 #include "options/option_registry.h"
+#include "support/arguments.h"
 #include "support/command.h"
 #include "support/recording_handler.h"
 
@@ -14,7 +16,10 @@ namespace {
 
 using std::string;
 using testing::Command;
+using testing::leftOf;
+using testing::makeOption;
 using testing::RecordingHandler;
+using testing::windowOn;
 
 constexpr int noDashes = parserFlags::dashArgumentsAreNeverPositional;
 
@@ -22,32 +27,32 @@ constexpr int noDashes = parserFlags::dashArgumentsAreNeverPositional;
 class PositionalRecognizer : public ::testing::Test {
  protected:
   OptionDescription& declare(const char* name) {
-    OptionDescription option;
-    option.m_names = {name};
-    option.m_type = vtString;
-    option.m_garbage = &garbage;
-    options.push_back(option);
+    options.push_back(makeOption({name}, vtString, &garbage));
     return options.back();
   }
 
   int recognize(const string& argument, int flags) {
-    args = {argument, "next"};
-    return PositionalOptionsParser(handler, garbage, flags, index)
-        .recognize(args, options, message);
+    ArgumentWindow window({argument, "next"});
+    const int recognized =
+        PositionalOptionsParser(handler, garbage, flags, index).recognize(window, options, message);
+    args = leftOf(window);
+    return recognized;
   }
 
   int parse(const std::vector<string>& arguments) {
-    args = arguments;
-    return parser.parse(args, &result, options, optionIndex, message);
+    ArgumentWindow window = windowOn(arguments);
+    const int status = parser.parse(window, &result, options, optionIndex, message);
+    args = leftOf(window);
+    return status;
   }
 
   Garbage garbage;
   RecordingHandler handler;
-  DeclarationIndex index;
+  DeclarationIndex index{&garbage.memory()};
   PositionalOptionsParser parser{handler, garbage, 0, index};
-  std::vector<OptionDescription> options;
+  OptionList options;
   ParseResult result;
-  std::vector<string> args;
+  std::vector<string> args;  // what is left of those given last
   unsigned int optionIndex = 77;
   string message = "untouched";
 };
@@ -96,15 +101,15 @@ TEST_F(PositionalRecognizer, BindsToTheFirstPositionalOption) {
   EXPECT_EQ(0, parse({"a", "b"}));
   EXPECT_EQ(1u, optionIndex);
   EXPECT_EQ((std::vector<string>{"b"}), args);
-  EXPECT_EQ(1u, result.options().count("files"));
-  EXPECT_EQ(0u, result.options().count("more"));
+  EXPECT_TRUE(result.options().find("files"));
+  EXPECT_FALSE(result.options().find("more"));
 }
 
 TEST_F(PositionalRecognizer, EachCallTakesInWhatWasDeclaredSinceTheOneBefore) {
   declare("level");
-  EXPECT_EQ(1, parser.recognize(args = {"a"}, options, message));
+  EXPECT_EQ(1, recognize("a", 0));
   declare("files").positional();
-  EXPECT_EQ(0, parser.recognize(args = {"b"}, options, message));
+  EXPECT_EQ(0, recognize("b", 0));
   declare("paths").positional();
   EXPECT_EQ(0, parse({"c"}));
   EXPECT_EQ(1U, optionIndex);
@@ -120,7 +125,7 @@ TEST_F(PositionalRecognizer, FailureTakesAndStoresNothing) {
       "a type 'integer' here.",
       message);
   EXPECT_EQ((std::vector<string>{"x", "next"}), args);
-  EXPECT_TRUE(result.options().empty());
+  EXPECT_TRUE(result.options().names().empty());
   EXPECT_EQ("option level", handler.events);
 }
 

@@ -6,43 +6,47 @@
 
 #include <stdexcept>
 
+#include "base/quoted.h"
+#include "options/make_option.h"
 #include "recognizers/argument_parser.h"
 #include "support/command.h"
+#include "support/stored.h"
 
 namespace kivo_3_3 {
 
 namespace {
 
 using std::string;
+using testing::applyDefault;
 using testing::Command;
-
-string render(const OptionData& data) {
-  string text;
-  for (const int position : data.positions)
-    text += "@" + std::to_string(position) + " ";
-  for (const auto& value : data.values)
-    text += value.first.first + "@" + std::to_string(value.second) + " ";
-  const auto& standby = data.defaultValue;
-  return text + "(" + standby.first.first + "@" + std::to_string(standby.second) + ")";
-}
-
-OptionDescription named(const std::vector<string>& names) {
-  OptionDescription option;
-  option.m_names = names;
-  return option;
-}
+using testing::given;
+using testing::givenTo;
+using testing::makeOption;
+using testing::render;
 
 // One occurrence with one value right behind it.
 OptionData occurrence(int position, const char* value) {
   OptionData data;
   data.positions = {position};
-  data.values = {{{value, value}, position + 1}};
+  data.values = {given(value, nullptr, position + 1)};
   return data;
 }
 
-string entry(ParseResult& result, const char* name) {
-  const auto found = result.options().find(name);
-  return found != result.options().end() ? render(found->second) : "none";
+void store(const std::vector<string>& names, OptionData data, ParseResult& result) {
+  result.store(makeOption(names, vtString), data);
+}
+
+// "@1 a@2", "(a@3)" for a default alone.
+string entry(const ParseResult& result, const char* name) {
+  const auto number = result.options().find(name);
+  const auto standby = result.options().findDefault(name);
+  if (!number && !standby)
+    return "none";
+  string text = number ? render(result.options().given(*number)) : "";
+  if (standby)
+    text += joined(text.empty() ? "(" : " (", standby->text, "@", std::to_string(standby->position),
+                   ")");
+  return text;
 }
 
 TEST(Value, MadeOfNothingIsNoValue) {
@@ -65,8 +69,8 @@ TEST(Value, HoldsWhatItWasMadeOf) {
 
 TEST(OptionData, IsEmptyWhenMade) {
   const OptionData data;
-  EXPECT_EQ("(@0)", render(data));
-  EXPECT_EQ(vtNull, data.defaultValue.first.second.type());
+  EXPECT_EQ("", render(data));
+  EXPECT_TRUE(data.isAscending);
 }
 
 TEST(OptionData, KnowsWhetherItsPositionsAscend) {
@@ -92,9 +96,9 @@ TEST(OptionData, KnowsWhetherItsPositionsAscend) {
     OptionData entry;
     for (int i = 0; i < 2; ++i) {
       OptionData data;
-      data.positions = c.positions[i];
+      data.positions.assign(c.positions[i].begin(), c.positions[i].end());
       for (const int position : c.values[i])
-        data.values.push_back({{"v", "v"}, position});
+        data.values.push_back(given("v", nullptr, position));
       entry.append(data);
     }
     EXPECT_EQ(c.ascends, entry.isAscending);
@@ -103,39 +107,56 @@ TEST(OptionData, KnowsWhetherItsPositionsAscend) {
 
 TEST(OptionData, OnceOutOfOrderStaysOutOfOrder) {
   OptionData entry;
-  for (const int position : {3, 1, 5})
-    entry.append(occurrence(position, "v"));
+  for (const int position : {3, 1, 5}) {
+    OptionData data = occurrence(position, "v");
+    entry.append(data);
+  }
   EXPECT_FALSE(entry.isAscending);
 }
 
-TEST(OptionData, TakesBackWhatWasAppendedLast) {
+TEST(OptionData, RoomThatWasMadeIsEnough) {
   OptionData entry;
-  entry.append(occurrence(1, "a"));
-  entry.append(occurrence(3, "b"));
-  entry.takeBack(occurrence(3, "b"));
-  EXPECT_EQ("@1 a@2 (@0)", render(entry));
+  OptionData data = occurrence(1, "a");
+  data.values.push_back(given("b", nullptr, 3));
+  entry.makeRoomFor(data, 3);
+  const std::size_t positions = entry.positions.capacity();
+  const std::size_t values = entry.values.capacity();
+  EXPECT_LE(3u, positions);
+  EXPECT_LE(6u, values);
+  for (int i = 0; i < 3; ++i) {
+    OptionData copy = data;
+    entry.append(copy);
+  }
+  EXPECT_EQ(positions, entry.positions.capacity());
+  EXPECT_EQ(values, entry.values.capacity());
+  EXPECT_EQ("@1 @1 @1 a@2 b@3 a@2 b@3 a@2 b@3", render(entry));
+}
+
+TEST(OptionData, ClearedHasNothingLeft) {
+  OptionData data = occurrence(1, "a");
+  data.clear();
+  EXPECT_EQ("", render(data));
 }
 
 TEST(Store, OneNameTwiceHasEachLaterOccurrenceTwice) {
   ParseResult result;
-  const OptionDescription option = named({"level", "l", "l"});
-  result.store(option, occurrence(1, "a"));
-  result.store(option, occurrence(3, "b"));
-  EXPECT_EQ("@1 @3 a@2 b@4 (@0)", entry(result, "level"));
-  EXPECT_EQ("@1 @3 @3 a@2 b@4 b@4 (@0)", entry(result, "l"));
+  store({"level", "l", "l"}, occurrence(1, "a"), result);
+  store({"level", "l", "l"}, occurrence(3, "b"), result);
+  EXPECT_EQ("@1 @3 a@2 b@4", entry(result, "level"));
+  EXPECT_EQ("@1 @3 @3 a@2 b@4 b@4", entry(result, "l"));
 }
 
 TEST(Store, EveryNameHasAllOccurrencesInTheOrderTheyCame) {
   ParseResult result;
-  const OptionDescription option = named({"level", "depth", "l"});
-  result.store(option, occurrence(1, "a"));
-  result.store(option, occurrence(3, "b"));
-  result.store(option, occurrence(5, "c"));
+  const std::vector<string> names = {"level", "depth", "l"};
+  store(names, occurrence(1, "a"), result);
+  store(names, occurrence(3, "b"), result);
+  store(names, occurrence(5, "c"), result);
   for (const char* name : {"level", "depth", "l"}) {
     SCOPED_TRACE(name);
-    EXPECT_EQ("@1 @3 @5 a@2 b@4 c@6 (@0)", entry(result, name));
+    EXPECT_EQ("@1 @3 @5 a@2 b@4 c@6", entry(result, name));
   }
-  EXPECT_EQ(3u, result.options().size());
+  EXPECT_EQ(3u, result.options().names().size());
 }
 
 TEST(Store, ThreeTimesUnderTwoSynonymsCountsUnderEveryName) {
@@ -144,12 +165,12 @@ TEST(Store, ThreeTimesUnderTwoSynonymsCountsUnderEveryName) {
   EXPECT_EQ(0, command.parse({"--level=7", "--depth=8", "--level=9"}));
   for (const char* name : {"level", "depth"}) {
     SCOPED_TRACE(name);
-    const OptionData& data = command.result().options().at(name);
+    const OptionData& data = givenTo(command.result(), name);
     EXPECT_EQ(3u, data.positions.size());
     ASSERT_EQ(3u, data.values.size());
-    EXPECT_EQ("7", data.values[0].first.first);
-    EXPECT_EQ("8", data.values[1].first.first);
-    EXPECT_EQ("9", data.values[2].first.first);
+    EXPECT_STREQ("7", data.values[0].text);
+    EXPECT_STREQ("8", data.values[1].text);
+    EXPECT_STREQ("9", data.values[2].text);
   }
 }
 
@@ -157,52 +178,54 @@ TEST(Store, TwiceWithoutValuesIsTwoPositionsAndNoValues) {
   ParseResult result;
   OptionData data;
   data.positions = {4};
-  result.store(named({"flag"}), data);
+  store({"flag"}, data, result);
   data.positions = {9};
-  result.store(named({"flag"}), data);
-  EXPECT_EQ("@4 @9 (@0)", entry(result, "flag"));
+  store({"flag"}, data, result);
+  EXPECT_EQ("@4 @9", entry(result, "flag"));
 }
 
-TEST(Store, FirstOccurrenceIsAssignedWholeAndLaterOnesLeaveTheDefault) {
+TEST(Store, OccurrencesLeaveTheDefault) {
   ParseResult result;
-  OptionData data = occurrence(1, "a");
-  data.defaultValue = {{"first", "first"}, 8};
-  result.store(named({"level"}), data);
-  EXPECT_EQ("@1 a@2 (first@8)", entry(result, "level"));
-  data.defaultValue = {{"second", "second"}, 9};
-  result.store(named({"level"}), data);
-  EXPECT_EQ("@1 @1 a@2 a@2 (first@8)", entry(result, "level"));
+  OptionDescription option = makeOption({"level"}, vtString);
+  option.defaultValue("first");
+  applyDefault(option, result);
+  const string standby = entry(result, "level");
+  store({"level"}, occurrence(1, "a"), result);
+  EXPECT_EQ("@1 a@2 " + standby, entry(result, "level"));
+  store({"level"}, occurrence(3, "b"), result);
+  EXPECT_EQ("@1 @3 a@2 b@4 " + standby, entry(result, "level"));
 }
 
 TEST(Store, OnlyTheFirstNameTellsWhetherTheOptionIsKnown) {
   ParseResult result;
-  result.store(named({"depth"}), occurrence(1, "a"));
-  result.store(named({"level", "depth"}), occurrence(3, "b"));  // depth is overwritten
-  EXPECT_EQ("@3 b@4 (@0)", entry(result, "depth"));
-  result.store(named({"level", "other"}), occurrence(5, "c"));  // other is new
-  EXPECT_EQ("@3 @5 b@4 c@6 (@0)", entry(result, "level"));
-  EXPECT_EQ("@5 c@6 (@0)", entry(result, "other"));
+  store({"depth"}, occurrence(1, "a"), result);
+  store({"level", "depth"}, occurrence(3, "b"), result);  // depth is overwritten
+  EXPECT_EQ("@3 b@4", entry(result, "depth"));
+  store({"level", "other"}, occurrence(5, "c"), result);  // other is new
+  EXPECT_EQ("@3 @5 b@4 c@6", entry(result, "level"));
+  EXPECT_EQ("@5 c@6", entry(result, "other"));
 }
 
 TEST(Store, OptionWithoutNamesIsOutOfRange) {
   ParseResult result;
-  EXPECT_THROW(result.store(named({}), occurrence(1, "a")), std::out_of_range);
-  EXPECT_TRUE(result.options().empty());
+  EXPECT_THROW(store({}, occurrence(1, "a"), result), std::out_of_range);
+  EXPECT_TRUE(result.options().names().empty());
 }
 
 TEST(Store, ThroughTheCollectorLandsInTheSameResult) {
   ParseResult result;
-  static_cast<IResultCollector&>(result).store(named({"level"}), occurrence(1, "a"));
-  EXPECT_EQ("@1 a@2 (@0)", entry(result, "level"));
+  OptionData data = occurrence(1, "a");
+  static_cast<IResultCollector&>(result).store(makeOption({"level"}, vtString), data);
+  EXPECT_EQ("@1 a@2", entry(result, "level"));
 }
 
 TEST(Store, EntriesAreInByteOrder) {
   ParseResult result;
   for (const char* name : {"b", "\xC3\xA4", "B", "a", "ab", "-"})
-    result.store(named({name}), OptionData());
+    store({name}, OptionData(), result);
   string order;
-  for (const auto& option : result.options())
-    order += option.first + " ";
+  for (const std::string_view name : result.options().names())
+    order += joined(name, " ");
   EXPECT_EQ("- B a ab b \xC3\xA4 ", order);
 }
 
@@ -211,10 +234,8 @@ TEST(Defaults, NotGivenOptionHasItsDefaultAlone) {
   command.option("level", vtS32)->defaultValue(2);
   command.option("flag", vtNull);
   EXPECT_EQ("level(2)@+1 flag@+2", command.parsed({"--flag"}));
-  const OptionData& data = command.result().options().at("level");
-  EXPECT_TRUE(data.positions.empty());
-  EXPECT_TRUE(data.values.empty());
-  EXPECT_EQ(variant_t(2), data.defaultValue.first.second);
+  EXPECT_FALSE(command.result().options().find("level"));
+  EXPECT_EQ(variant_t(2), *command.result().options().findDefault("level")->value);
 }
 
 TEST(Defaults, GivenOptionHasItsDefaultBesideItsValues) {
@@ -228,9 +249,10 @@ TEST(Defaults, EachNameDrawsAPositionInTheOrderOfDeclaration) {
   command.option("level,depth,l", vtS32)->defaultValue(2);
   command.option("a", vtS32)->defaultValue(1);
   EXPECT_EQ("level(2)@+1 a(1)@+4", command.parsed({}));
-  const int first = command.result().options().at("level").defaultValue.second;
-  EXPECT_EQ(first + 1, command.result().options().at("depth").defaultValue.second);
-  EXPECT_EQ(first + 2, command.result().options().at("l").defaultValue.second);
+  const StoredOptions& options = command.result().options();
+  const int first = options.findDefault("level")->position;
+  EXPECT_EQ(first + 1, options.findDefault("depth")->position);
+  EXPECT_EQ(first + 2, options.findDefault("l")->position);
 }
 
 TEST(Defaults, AreConvertedToTextByTheTypeOfTheOption) {
@@ -256,16 +278,16 @@ TEST(Defaults, EmptyVariantOrNoDeclarationIsNoDefault) {
   command.option("a", vtS32)->defaultValue(variant_t());
   command.option("b", vtS32);
   EXPECT_EQ("", command.parsed({}));
-  EXPECT_TRUE(command.result().options().empty());
+  EXPECT_TRUE(command.result().options().names().empty());
   EXPECT_EQ(0, command.positionsDrawn());
 }
 
 TEST(Defaults, ValueWithoutTheFlagIsNoDefault) {
-  OptionDescription option = named({"level"});
+  OptionDescription option = makeOption({"level"}, vtS32);
   option.m_defaultValue = 3;
   ParseResult result;
-  result.applyDefault(option);
-  EXPECT_TRUE(result.options().empty());
+  applyDefault(option, result);
+  EXPECT_TRUE(result.options().names().empty());
 }
 
 TEST(Defaults, AreNotValidated) {
@@ -293,6 +315,42 @@ TEST(Defaults, AreDrawnAfreshByEachParseIntoTheSameResult) {
   EXPECT_EQ(0, command.parse({"--level=3"}));
   EXPECT_EQ(0, command.parseMore({"--level=4"}));
   EXPECT_EQ("level=3@+2 level(2)@+4 level=4@+5", command.render());
+}
+
+TEST(Defaults, ThatHaveChangedLeaveTheirTexts) {
+  Command command;
+  IOption* const option = command.option("level,l", vtS32);
+  command.parse({});
+  std::vector<const char*> texts;
+  for (int i = 0; i < 100; ++i) {
+    option->defaultValue(i);
+    EXPECT_EQ(0, command.parseMore({}));
+    texts.push_back(command.result().get("l", firstPosition, lastPosition).text);
+  }
+  for (std::size_t i = 0; i < texts.size(); ++i)
+    EXPECT_EQ(std::to_string(i), texts[i]);
+  EXPECT_EQ(2u, command.result().options().names().size());
+}
+
+TEST(Defaults, OfSeveralParsersTakeEachOthersPlaceNameByName) {
+  Command one;
+  Command other;
+  one.option("a,b", vtString)->defaultValue("of one");
+  other.option("b,c", vtString)->defaultValue("of the other");
+  const char* const argv[] = {"tool"};
+  const auto readAll = [&] {
+    string all;
+    for (const char* name : {"a", "b", "c"})
+      all += string(name) + "=" + getLastValue(&one.result(), name, 0, lastPosition).text + " ";
+    return all;
+  };
+  one.parse({});
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_EQ(0, other.parser().parseArgsVector(1, argv, &one.result()));
+    EXPECT_EQ("a=of one b=of the other c=of the other ", readAll());
+    EXPECT_EQ(0, one.parser().parseArgsVector(1, argv, &one.result()));
+    EXPECT_EQ("a=of one b=of one c=of the other ", readAll());
+  }
 }
 
 TEST(Result, IsIndependentOfItsParser) {

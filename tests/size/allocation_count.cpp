@@ -16,8 +16,7 @@ namespace {
 AllocationCount counted;
 std::ptrdiff_t held = 0;
 
-void* take(std::size_t size) {
-  void* const memory = std::malloc(size != 0 ? size : 1);
+void* counting(void* memory) {
   if (memory == nullptr)
     throw std::bad_alloc();
   ++counted.allocations;
@@ -26,6 +25,14 @@ void* take(std::size_t size) {
   held += static_cast<std::ptrdiff_t>(taken);
   counted.peakBytes = std::max(counted.peakBytes, held);
   return memory;
+}
+
+void* take(std::size_t size) { return counting(std::malloc(size != 0 ? size : 1)); }
+
+void* take(std::size_t size, std::size_t alignment) {
+  const std::size_t rounded =
+      (std::max<std::size_t>(size, 1) + alignment - 1) / alignment * alignment;
+  return counting(std::aligned_alloc(alignment, rounded));
 }
 
 void give(void* memory) {
@@ -44,7 +51,15 @@ AllocationCount countedSoFar() { return counted; }
 
 }  // namespace kivo_3_3::testing
 
-// Arrays and the forms that do not throw come down to these.
+// Arrays and the forms that do not throw come down to these. The default memory resource
+// asks for all that it hands out by its alignment.
 void* operator new(std::size_t size) { return kivo_3_3::testing::take(size); }
+void* operator new(std::size_t size, std::align_val_t alignment) {
+  return kivo_3_3::testing::take(size, static_cast<std::size_t>(alignment));
+}
 void operator delete(void* memory) noexcept { kivo_3_3::testing::give(memory); }
 void operator delete(void* memory, std::size_t) noexcept { kivo_3_3::testing::give(memory); }
+void operator delete(void* memory, std::align_val_t) noexcept { kivo_3_3::testing::give(memory); }
+void operator delete(void* memory, std::size_t, std::align_val_t) noexcept {
+  kivo_3_3::testing::give(memory);
+}

@@ -7,6 +7,7 @@
 
 #include "size/measurement.h"
 #include "support/command.h"
+#include "support/stored.h"
 #include "support/temporary_folder.h"
 
 namespace kivo_3_3::testing {
@@ -90,7 +91,7 @@ TEST_F(OptionFileChain, MayReadOneFileAtEachOfItsLinks) {
   const Measurement measured("10,000 option files, each naming one and the same as well");
   EXPECT_EQ(0, parseFile(fileName(0)));
   EXPECT_EQ(chainLength, countTexts());
-  const std::vector<int>& common = command.result().options().at("common").positions;
+  const auto& common = givenTo(command.result(), "common").positions;
   EXPECT_EQ(static_cast<std::size_t>(chainLength), common.size());
 }
 
@@ -102,7 +103,7 @@ TEST_F(OptionFileChain, OfOneFileNamedAgainAndAgainIsNoRing) {
     arguments.push_back("--option-file=" + folder.path("common"));
   const Measurement measured("one option file, named 100,000 times");
   EXPECT_EQ(0, command.parse(arguments));
-  EXPECT_EQ(arguments.size(), command.result().options().at("common").positions.size());
+  EXPECT_EQ(arguments.size(), givenTo(command.result(), "common").positions.size());
 }
 
 }  // namespace

@@ -2,8 +2,11 @@
 
 #include <map>
 
+#include "base/quoted.h"
 #include "parser/basic_parser.h"
 #include "recognizers/argument_parser.h"
+#include "support/arguments.h"
+#include "support/stored.h"
 
 namespace kivo_3_3::testing {
 
@@ -11,9 +14,9 @@ namespace {
 
 std::string valuesOf(const OptionData& data, int from, int to) {
   std::string text;
-  for (const auto& value : data.values)
-    if (value.second > from && value.second < to)
-      text += (text.empty() ? "=" : ",") + value.first.first;
+  for (const GivenValue& value : data.values)
+    if (value.position > from && value.position < to)
+      text.append(text.empty() ? "=" : ",").append(value.text);
   return text;
 }
 
@@ -61,7 +64,10 @@ int Command::parseStream(const char* text) {
 
 int Command::parseVector(std::vector<std::string>& args) {
   startFresh();
-  return static_cast<BasicParser&>(*m_parser).parseVector(args, m_result.get());
+  ArgumentWindow window = windowOn(args);
+  const int status = static_cast<BasicParser&>(*m_parser).parseVector(window, m_result.get());
+  args = leftOf(window);
+  return status;
 }
 
 int Command::parseMore(const std::vector<std::string>& args) {
@@ -80,16 +86,15 @@ int Command::positionsDrawn() const { return IArgumentParser::m_idx - 1 - m_last
 
 std::string Command::render() {
   std::map<int, std::string> places;
-  for (const std::string& name : m_names) {
-    const auto entry = result().options().find(name);
-    if (entry == result().options().end())
+  for (const std::string_view name : m_names) {
+    if (const auto standby = result().options().findDefault(name))
+      places[standby->position] = joined(name, "(", standby->text, ")");
+    if (!result().options().find(name))
       continue;
-    const OptionData& data = entry->second;
-    if (data.defaultValue.second != 0)
-      places[data.defaultValue.second] = name + "(" + data.defaultValue.first.first + ")";
+    const OptionData& data = givenTo(result(), name);
     for (std::size_t i = 0; i < data.positions.size(); ++i) {
       const int next = i + 1 < data.positions.size() ? data.positions[i + 1] : lastPosition;
-      places[data.positions[i]] = name + valuesOf(data, data.positions[i], next);
+      places[data.positions[i]] = joined(name, valuesOf(data, data.positions[i], next));
     }
   }
   std::string text;
@@ -101,7 +106,7 @@ std::string Command::render() {
   if (!result().arguments().empty())
     text += text.empty() ? "|" : " |";
   for (const auto& argument : result().arguments())
-    append(argument.first, argument.second);
+    append(argument.text, argument.position);
   return text;
 }
 

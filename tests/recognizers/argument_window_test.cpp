@@ -1,16 +1,21 @@
 // The walk over the arguments: what it shows, what it leaves, and that a driver built on
 // it does exactly what one does that erases from the front of the whole list.
 
-#include "parser/argument_window.h"
+#include "recognizers/argument_window.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <stdexcept>
 
 #include "parser/basic_parser.h"
 #include "recognizers/abbreviation_parser.h"
 #include "recognizers/positional_options_parser.h"
 #include "result/parse_result.h"
+#include "support/arguments.h"
 #include "support/console_capture.h"
 #include "support/recording_handler.h"
+#include "support/stored.h"
 
 namespace kivo_3_3 {
 
@@ -18,50 +23,44 @@ namespace {
 
 using std::string;
 using testing::ConsoleCapture;
+using testing::givenTo;
+using testing::leftOf;
 using testing::RecordingHandler;
+using testing::windowOn;
 using Arguments = std::vector<string>;
 
-TEST(ArgumentWindow, ShowsTheNextTwo) {
-  Arguments args = {"a", "b", "c"};
-  ArgumentWindow window(args);
-  EXPECT_EQ((Arguments{"a", "b"}), window.view());
+TEST(ArgumentWindow, ShowsWhatIsLeft) {
+  ArgumentWindow window({"a", "b", "c"});
+  EXPECT_EQ(3u, window.size());
   EXPECT_EQ("a", window.front());
+  EXPECT_EQ("b", window[1]);
+  window.drop(2);
+  EXPECT_EQ(1u, window.size());
+  EXPECT_EQ("c", window.front());
+  EXPECT_FALSE(window.empty());
 }
 
 TEST(ArgumentWindow, ShowsFewerAtTheEnd) {
-  Arguments args = {"a"};
-  ArgumentWindow window(args);
-  EXPECT_TRUE(window.advance());
-  EXPECT_EQ((Arguments{"a"}), window.view());
-  window.dropFront();
-  EXPECT_FALSE(window.advance());
+  const Arguments one = {"a"};
+  ArgumentWindow window = windowOn(one);
+  EXPECT_THROW(window[1], std::out_of_range);
+  window.drop(1);
+  EXPECT_TRUE(window.empty());
+  EXPECT_THROW(window.front(), std::out_of_range);
 }
 
 TEST(ArgumentWindow, HasNothingToShowOfNothing) {
-  Arguments args;
-  ArgumentWindow window(args);
-  EXPECT_TRUE(window.view().empty());
-  EXPECT_FALSE(window.advance());
-}
-
-TEST(ArgumentWindow, LeavesWhatWasNotTakenOnEveryWayOut) {
-  Arguments args = {"a", "b", "c"};
-  try {
-    ArgumentWindow window(args);
-    window.dropFront();
-    throw 7;
-  } catch (int) {
-  }
-  EXPECT_EQ((Arguments{"b", "c"}), args);
+  const ArgumentWindow window({});
+  EXPECT_TRUE(window.empty());
+  EXPECT_EQ(0u, window.size());
+  EXPECT_THROW(window.front(), std::out_of_range);
 }
 
 // Takes none, one or two arguments a step, as the digits of `script` tell, and stops.
-void walk(Arguments& args, int script, int steps, Arguments& fronts) {
-  ArgumentWindow window(args);
-  for (; steps != 0 && window.advance(); --steps, script /= 3) {
-    fronts.push_back(window.front());
-    for (int taken = script % 3; taken != 0 && !window.view().empty(); --taken)
-      window.dropFront();
+void walk(ArgumentWindow& window, int script, int steps, Arguments& fronts) {
+  for (; steps != 0 && !window.empty(); --steps, script /= 3) {
+    fronts.emplace_back(window.front());
+    window.drop(std::min(static_cast<std::size_t>(script % 3), window.size()));
   }
 }
 
@@ -79,11 +78,13 @@ TEST(ArgumentWindow, WalksLikeErasingFromTheFront) {
     for (int script = 0; script < 3 * 3 * 3 * 3; ++script) {
       for (int steps = 0; steps <= 4; ++steps) {
         const auto end = all.begin() + static_cast<std::ptrdiff_t>(count);
-        Arguments args(all.begin(), end), expected(all.begin(), end);
+        const Arguments args(all.begin(), end);
+        ArgumentWindow window = windowOn(args);
+        Arguments expected = args;
         Arguments fronts, expectedFronts;
-        walk(args, script, steps, fronts);
+        walk(window, script, steps, fronts);
         walkNaively(expected, script, steps, expectedFronts);
-        ASSERT_EQ(expected, args) << count << " arguments, script " << script;
+        ASSERT_EQ(expected, leftOf(window)) << count << " arguments, script " << script;
         ASSERT_EQ(expectedFronts, fronts) << count << " arguments, script " << script;
       }
     }
@@ -108,7 +109,10 @@ class Declared {
     RecordingHandler handler;
     m_parser.addHandler(&handler);
     const string outcome = observe(args, handler, [&](ParseResult& result, string& error) {
-      return m_parser.parse_phase_one("--", args, &result, error);
+      ArgumentWindow window = windowOn(args);
+      const int status = m_parser.parse_phase_one("--", window, &result, error);
+      args = leftOf(window);
+      return status;
     });
     m_parser.removeHandler(&handler);
     return outcome;
@@ -144,12 +148,13 @@ class Declared {
     for (const string& argument : args)
       seen += " '" + argument + "'";
     seen += "\nevents " + handler.events + "\n" + console.out();
-    for (const auto& entry : result.options()) {
-      seen += entry.first;
-      for (const int position : entry.second.positions)
+    for (const std::string_view name : result.options().names()) {
+      const OptionData& data = givenTo(result, name);
+      seen += name;
+      for (const int position : data.positions)
         seen += " @" + std::to_string(position - before);
-      for (const auto& value : entry.second.values)
-        seen += " " + value.first.first + "@" + std::to_string(value.second - before);
+      for (const GivenValue& value : data.values)
+        seen += string(" ") + value.text + "@" + std::to_string(value.position - before);
       seen += "\n";
     }
     return seen + "drawn " + std::to_string(IArgumentParser::m_idx - before);
@@ -161,15 +166,18 @@ class Declared {
       args.erase(args.begin());
     PositionalOptionsParser positional(handler, m_garbage, m_flags, m_storage.index());
     AbbreviationParser named(handler, m_garbage, m_flags, m_storage.index());
-    std::vector<OptionDescription>& options = m_storage.options();
+    OptionList& options = m_storage.options();
     while (!args.empty() && args[0] != "--") {
       string ignored;
-      const bool isPositional = positional.recognize(args, options, ignored) == 0;
-      const bool isNamed = named.recognize(args, options, ignored) == 0;
+      ArgumentWindow window = windowOn(args);
+      const bool isPositional = positional.recognize(window, options, ignored) == 0;
+      const bool isNamed = named.recognize(window, options, ignored) == 0;
       unsigned int index = 0;
       if (isNamed || isPositional) {
         IArgumentParser& chosen = isNamed ? static_cast<IArgumentParser&>(named) : positional;
-        if (const int status = chosen.parse(args, &result, options, index, error))
+        const int status = chosen.parse(window, &result, options, index, error);
+        args = leftOf(window);
+        if (status != 0)
           return status;
         continue;
       }
@@ -177,7 +185,7 @@ class Declared {
         error = "Unknown option: " + args[0];
         return 2;
       }
-      internal::traceLine([&](std::ostream& out) { out << "ignoring " << args[0]; });
+      internal::traceLine("ignoring ", args[0]);
       args.erase(args.begin());
     }
     return 0;

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string_view>
+
+namespace kivo_3_3 {
+
+// A name and what tables find it by, which is worked out once. The text is kept elsewhere.
+struct HashedName {
+  HashedName() = default;
+  // NOLINTNEXTLINE(google-explicit-constructor): a name is a text
+  HashedName(std::string_view name)
+      : text(name), hash(static_cast<std::uint32_t>(std::hash<std::string_view>()(name))) {}
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  HashedName(const char* name) : HashedName(std::string_view(name)) {}
+
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  operator std::string_view() const { return text; }
+
+  std::string_view text;
+  std::uint32_t hash = 0;
+};
+
+inline bool operator==(const HashedName& left, const HashedName& right) {
+  return left.hash == right.hash && left.text == right.text;
+}
+
+}  // namespace kivo_3_3

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "base/hashed_name.h"
+#include "base/owned_memory.h"
+
+namespace kivo_3_3 {
+
+// Entries that are found by name. Each has a number, from 0 on in the order in which they
+// are added, and a member `name`, a HashedName whose text must stay where it is.
+template <class Entry>
+class NameTable {
+ public:
+  using Entries = std::vector<Entry, OwnedAllocator<Entry>>;
+
+  explicit NameTable(OwnedMemory* memory) : m_entries(memory), m_slots(memory) {}
+
+  const Entries& entries() const { return m_entries; }
+  Entry& operator[](std::uint32_t number) { return m_entries[number]; }
+  const Entry& operator[](std::uint32_t number) const { return m_entries[number]; }
+
+  // Of the entries with this name, the one added first, and first of those that
+  // `isMeant` accepts.
+  std::optional<std::uint32_t> find(const HashedName& name) const {
+    return find(name, [](const Entry&) { return true; });
+  }
+  template <class IsMeant>
+  std::optional<std::uint32_t> find(const HashedName& name, IsMeant isMeant) const;
+
+  // Returns the number of the entry. When memory runs out, nothing has changed.
+  std::uint32_t add(Entry entry);
+
+ private:
+  // Open addressing: an entry stands in the first free place from that of its hash on.
+  struct Slot {
+    std::uint32_t hash = 0;
+    std::uint32_t number = noEntry;
+  };
+  using Slots = std::vector<Slot, OwnedAllocator<Slot>>;
+
+  static constexpr std::uint32_t noEntry = 0xFFFFFFFF;
+  static constexpr std::size_t fewestEntries = 16;
+
+  static void put(Slot slot, Slots& slots);
+  void makeRoom();
+
+  Entries m_entries;
+  Slots m_slots;  // none without entries, else a power of two and at most half full
+};
+
+template <class Entry>
+template <class IsMeant>
+std::optional<std::uint32_t> NameTable<Entry>::find(const HashedName& name, IsMeant isMeant) const {
+  if (m_slots.empty())
+    return std::nullopt;
+  const std::size_t last = m_slots.size() - 1;
+  for (std::size_t place = name.hash & last; m_slots[place].number != noEntry;
+       place = (place + 1) & last) {
+    if (m_slots[place].hash != name.hash)
+      continue;
+    const Entry& entry = m_entries[m_slots[place].number];
+    if (entry.name.text == name.text && isMeant(entry))
+      return m_slots[place].number;
+  }
+  return std::nullopt;
+}
+
+template <class Entry>
+std::uint32_t NameTable<Entry>::add(Entry entry) {
+  makeRoom();
+  const auto number = static_cast<std::uint32_t>(m_entries.size());
+  put({entry.name.hash, number}, m_slots);
+  m_entries.push_back(std::move(entry));
+  return number;
+}
+
+template <class Entry>
+void NameTable<Entry>::put(Slot slot, Slots& slots) {
+  std::size_t place = slot.hash & (slots.size() - 1);
+  while (slots[place].number != noEntry)
+    place = (place + 1) & (slots.size() - 1);
+  slots[place] = slot;
+}
+
+// Entries of one name come upon their places in their order, and so are met in it.
+template <class Entry>
+void NameTable<Entry>::makeRoom() {
+  const std::size_t count = m_entries.size();
+  if (count != m_entries.capacity() && count * 2 < m_slots.size())
+    return;
+  const std::size_t room = std::max(fewestEntries, count * 2);
+  m_entries.reserve(room);
+  Slots wider(room * 2, m_slots.get_allocator());
+  for (std::uint32_t number = 0; number < count; ++number)
+    put({m_entries[number].name.hash, number}, wider);
+  m_slots.swap(wider);
+}
+
+}  // namespace kivo_3_3

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace kivo_3_3 {
+
+// What an argument consists of, as splitOptionValue() tells.
+struct ArgumentParts {
+  std::string_view name;
+  std::string_view value;
+  bool hasValue = false;  // even if that is empty
+};
+
+ArgumentParts splitArgument(std::string_view argument);
+
+// The length of the dash outside of ASCII that `text` begins with.
+std::size_t typographicDashLength(std::string_view text);
+
+// The length of the dash that `text` begins with.
+inline std::size_t dashLength(std::string_view text) {
+  if (text.empty())
+    return 0;
+  if (static_cast<unsigned char>(text.front()) < 0x80)
+    return text.front() == '-' ? 1 : 0;
+  return typographicDashLength(text);
+}
+
+}  // namespace kivo_3_3

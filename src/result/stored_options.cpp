@@ -1,0 +1,186 @@
+#include "result/stored_options.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "recognizers/argument_parser.h"
+
+namespace kivo_3_3 {
+
+namespace {
+
+constexpr std::size_t typicalOptions = 8;
+
+}  // namespace
+
+void StoredOptions::store(const Names& names, OptionData& occurrence, std::uint64_t option) {
+  keepTexts(occurrence);
+  if (option == 0 || option != m_last.option || names.size() != m_last.names)
+    m_last = {option, names.size(), lookUp(names)};
+  if (m_last.data != none) {
+    m_data[m_last.data].makeRoomFor(occurrence);
+    m_data[m_last.data].append(occurrence);
+    return;
+  }
+  m_last = {};
+  if (areNew(m_numbers) || !(isGiven(m_numbers[0]) || findDefault(names[0])))
+    storeFirst(m_numbers, occurrence);
+  else
+    storeApart(m_numbers, occurrence);
+}
+
+// Finds the names, and the data that is theirs alone, if there is such.
+StoredOptions::Number StoredOptions::lookUp(const Names& names) {
+  m_numbers.clear();
+  for (const HashedName& name : names)
+    m_numbers.push_back(numberOf(name));
+  return isAlone(m_numbers) ? m_names[m_numbers[0]].data : none;
+}
+
+void StoredOptions::keepTexts(OptionData& occurrence) {
+  for (GivenValue& given : occurrence.values)
+    if (!given.value.can_get<const char*>())
+      given.text = m_memory.copy(given.text).data();
+}
+
+// Whether these names were stored under together, in this order, and share their data with
+// no other.
+bool StoredOptions::isAlone(const Numbers& names) const {
+  const Number data = m_names[names.at(0)].data;
+  if (data == none || !m_names[names[0]].isFirst)
+    return false;
+  Number expected = names[0];
+  for (const Number name : names) {
+    if (name != expected || m_names[name].data != data)
+      return false;
+    expected = m_names[name].next;
+  }
+  return expected == none;
+}
+
+// Whether nothing was given under these names, and none stands there twice.
+bool StoredOptions::areNew(const Numbers& names) const {
+  for (auto name = names.begin(); name != names.end(); ++name)
+    if (isGiven(*name) || std::find(names.begin(), name, *name) != name)
+      return false;
+  return true;
+}
+
+// For an option that the result does not know, in the place of what another option may have
+// stored under one of the names. Whatever may fail for want of memory comes first.
+void StoredOptions::storeFirst(const Numbers& names, OptionData& occurrence) {
+  if (m_data.empty())
+    m_data.reserve(typicalOptions);
+  const auto data = static_cast<Number>(m_data.size());
+  m_data.emplace_back(&m_memory).makeRoomFor(occurrence);
+  m_data[data].append(occurrence);
+  Number next = none;
+  for (auto number = names.rbegin(); number != names.rend(); ++number) {
+    Name& name = m_names[*number];
+    name.data = data;
+    name.next = next;
+    name.isFirst = number + 1 == names.rend();
+    next = *number;
+  }
+}
+
+// Under names that do not share their data, or not with each other alone: each gets data of
+// its own, which no reader can tell. Whatever may fail for want of memory comes first.
+void StoredOptions::storeApart(const Numbers& names, const OptionData& occurrence) {
+  std::vector<OptionData> copies(names.size(), occurrence);
+  std::vector<Number> own;
+  for (const Number name : names) {
+    const auto before = std::find(names.begin(), names.end(), name) - names.begin();
+    const auto place = static_cast<std::size_t>(before);
+    own.push_back(place < own.size() ? own[place] : ownData(name));
+    m_data[own.back()].makeRoomFor(occurrence, names.size());
+  }
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    Name& name = m_names[names[i]];
+    name.data = own[i];
+    name.next = none;
+    name.isFirst = true;
+    m_data[own[i]].append(copies[i]);
+  }
+}
+
+// Data that no other name leads to, with what was given under this one.
+StoredOptions::Number StoredOptions::ownData(Number name) {
+  const Number data = m_names[name].data;
+  if (data != none && !isShared(data))
+    return data;
+  if (data == none)
+    m_data.emplace_back(&m_memory);
+  else
+    m_data.emplace_back(OptionData(m_data[data], &m_memory));
+  return static_cast<Number>(m_data.size() - 1);
+}
+
+bool StoredOptions::isShared(Number data) const {
+  const auto& names = m_names.entries();
+  return std::count_if(names.begin(), names.end(),
+                       [&](const Name& name) { return name.data == data; }) > 1;
+}
+
+StoredOptions::Number StoredOptions::numberOf(const HashedName& name) {
+  if (const auto known = m_names.find(name))
+    return *known;
+  HashedName kept = name;
+  kept.text = m_memory.copy(name.text);
+  return m_names.add({kept, none, none, false});
+}
+
+std::optional<StoredOptions::Number> StoredOptions::find(const HashedName& name) const {
+  const auto number = m_names.find(name);
+  return number && isGiven(*number) ? number : std::nullopt;
+}
+
+void StoredOptions::apply(std::shared_ptr<const DeclaredDefaults> defaults) {
+  if (m_applied.empty() || m_applied.back().defaults != defaults)
+    makeLatest(std::move(defaults));
+  Applied& latest = m_applied.back();
+  latest.firstPosition = IArgumentParser::m_idx;
+  for (std::uint32_t drawn = 0; drawn < latest.defaults->count(); ++drawn)
+    IArgumentParser::getNewPositionIndex();
+}
+
+void StoredOptions::makeLatest(std::shared_ptr<const DeclaredDefaults> defaults) {
+  m_applied.reserve(m_applied.size() + 1);
+  m_outdated.reserve(m_outdated.size() + m_applied.size());
+  const auto isOutdated = [&](const Applied& applied) {
+    const bool isSame = applied.defaults == defaults;
+    if (!isSame && !defaults->hasAllOf(*applied.defaults))
+      return false;
+    if (!isSame)
+      m_outdated.push_back(applied.defaults);
+    return true;
+  };
+  m_applied.erase(std::remove_if(m_applied.begin(), m_applied.end(), isOutdated), m_applied.end());
+  m_applied.push_back({std::move(defaults), 0});
+}
+
+std::optional<StoredOptions::Default> StoredOptions::findDefault(const HashedName& name) const {
+  for (auto applied = m_applied.rbegin(); applied != m_applied.rend(); ++applied) {
+    const DeclaredDefaults::Default* const found = applied->defaults->find(name);
+    if (found == nullptr)
+      continue;
+    const unsigned int position = static_cast<unsigned int>(applied->firstPosition) + found->place;
+    return Default{found->name, found->text, &found->value, static_cast<int>(position)};
+  }
+  return std::nullopt;
+}
+
+std::vector<std::string_view> StoredOptions::names() const {
+  std::vector<std::string_view> all;
+  for (const Name& name : m_names.entries())
+    if (name.data != none)
+      all.push_back(name.name.text);
+  for (const Applied& applied : m_applied)
+    for (const DeclaredDefaults::Default& one : applied.defaults->all())
+      all.push_back(one.name.text);
+  std::sort(all.begin(), all.end());
+  all.erase(std::unique(all.begin(), all.end()), all.end());
+  return all;
+}
+
+}  // namespace kivo_3_3

@@ -1,0 +1,185 @@
+#include "base/name_table.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <random>
+#include <string>
+
+#include "allocation/allocation_limit.h"
+#include "base/owned_memory.h"
+
+namespace kivo_3_3::testing {
+namespace {
+
+using std::string;
+using Numbers = std::vector<std::uint32_t>;
+
+struct Entry {
+  HashedName name;
+  int tag = 0;
+};
+
+class Table : public ::testing::Test {
+ protected:
+  std::uint32_t add(const string& name, int tag = 0) { return table.add({memory.copy(name), tag}); }
+
+  string found(std::string_view name) const {
+    const auto number = table.find(name);
+    return number ? std::to_string(*number) : "none";
+  }
+
+  // The entries of this name, in the order in which a search comes upon them.
+  Numbers row(std::string_view name) const {
+    std::vector<int> tags;
+    const auto none = table.find(name, [&](const Entry& entry) {
+      tags.push_back(entry.tag);
+      return false;
+    });
+    EXPECT_FALSE(none);
+    return {tags.begin(), tags.end()};
+  }
+
+  OwnedMemoryOf<640> memory;
+  NameTable<Entry> table{&memory};
+};
+
+TEST_F(Table, FindsNothingInNothing) {
+  EXPECT_EQ("none", found("a"));
+  EXPECT_EQ("none", found(""));
+  EXPECT_TRUE(table.entries().empty());
+}
+
+TEST_F(Table, NumbersEntriesAsTheyAreAdded) {
+  EXPECT_EQ(0u, add("b"));
+  EXPECT_EQ(1u, add("a"));
+  EXPECT_EQ(2u, add(""));
+  EXPECT_EQ("0 1 2 none", found("b") + " " + found("a") + " " + found("") + " " + found("c"));
+  EXPECT_EQ("a", table[1].name.text);
+  EXPECT_EQ(3u, table.entries().size());
+}
+
+TEST_F(Table, OnlyTheWholeNameCounts) {
+  add("level");
+  for (const char* name : {"", "leve", "levels", "Level", " level", "l"})
+    EXPECT_EQ("none", found(name)) << name;
+}
+
+TEST_F(Table, OfEqualNamesTheFirstIsFound) {
+  add("a");
+  add("b");
+  add("a");
+  add("b");
+  EXPECT_EQ("0 1", found("a") + " " + found("b"));
+}
+
+TEST_F(Table, OfEqualNamesTheFirstThatIsMeantIsFound) {
+  for (int tag = 0; tag < 6; ++tag)
+    add(tag % 2 == 0 ? "a" : "b", tag);
+  const auto isLate = [](const Entry& entry) { return entry.tag > 1; };
+  EXPECT_EQ(2u, table.find("a", isLate));
+  EXPECT_EQ(3u, table.find("b", isLate));
+  EXPECT_EQ(std::nullopt, table.find("c", isLate));
+  EXPECT_EQ((Numbers{0, 2, 4}), row("a"));
+}
+
+TEST_F(Table, AnEntryCanBeChangedUnderItsName) {
+  add("a", 1);
+  table[0].tag = 7;
+  EXPECT_EQ(7, table[*table.find("a")].tag);
+}
+
+// Some names twice and more often, whatever they are.
+TEST_F(Table, FindsThousandsOfNamesAsAMapDoes) {
+  std::mt19937 random(20261121);
+  std::map<string, Numbers> expected;
+  for (std::uint32_t number = 0; number < 20'000; ++number) {
+    const string name = "option-" + std::to_string(random() % 15'000);
+    ASSERT_EQ(number, add(name, static_cast<int>(number)));
+    expected[name].push_back(number);
+    if (number % 1'000 == 0) {
+      ASSERT_EQ(expected[name], row(name));
+    }
+  }
+  for (const auto& [name, numbers] : expected) {
+    ASSERT_EQ(std::to_string(numbers.front()), found(name));
+    ASSERT_EQ(numbers, row(name));
+    ASSERT_EQ("none", found(name + "x"));
+  }
+}
+
+constexpr std::size_t firstSize = 32;
+
+// A name of which the search begins at this place in a table of the first size.
+string nameFor(std::size_t place) {
+  for (int number = 0;; ++number) {
+    const string name = "name" + std::to_string(number);
+    if (HashedName(name).hash % firstSize == place)
+      return name;
+  }
+}
+
+// Those behind the end of the table stand at its begin, ahead of others of their name.
+TEST(NameTable, KeepsARowInOrderThatWrapsRoundTheEndWhileItGrows) {
+  for (std::size_t place = 0; place < firstSize; ++place) {
+    const string name = nameFor(place);
+    for (std::size_t ahead = 0; ahead < 8; ++ahead) {
+      SCOPED_TRACE(std::to_string(ahead) + " ahead of a row that begins at " +
+                   std::to_string(place));
+      NameTable<Entry> table(nullptr);
+      const string other = nameFor((place + firstSize - 1) % firstSize);
+      for (std::size_t i = 0; i < ahead; ++i)
+        table.add({std::string_view(other), -1});
+      for (int tag = 0; tag < 100; ++tag) {
+        table.add({std::string_view(name), tag});
+        int next = 0;
+        table.find(std::string_view(name), [&](const Entry& entry) {
+          EXPECT_EQ(next++, entry.tag);
+          return false;
+        });
+        ASSERT_EQ(tag + 1, next);
+        ASSERT_EQ(ahead, table.find(std::string_view(name)));
+      }
+    }
+  }
+}
+
+// An entry at every size at which the table may have to grow.
+TEST(NameTable, NothingChangesWhenMemoryRunsOut) {
+  bool hasFailed = false;
+  for (int count = 0; count < 300; ++count) {
+    for (long allowed = 0, isReached = 1; isReached != 0; ++allowed) {
+      SCOPED_TRACE(std::to_string(count) + " entries, " + std::to_string(allowed) + " allowed");
+      OwnedMemoryOf<640> memory;
+      NameTable<Entry> table(&memory);
+      for (int tag = 0; tag < count; ++tag)
+        table.add({memory.copy("name" + std::to_string(tag)), tag});
+      bool raised = false;
+      {
+        const AllocationLimit limit(allowed, Failing::forEver);
+        try {
+          table.add({"another", count});
+        } catch (const std::bad_alloc&) {
+          raised = true;
+        }
+        isReached = limit.reached();
+      }
+      hasFailed = hasFailed || raised;
+      ASSERT_EQ(isReached != 0, raised);
+      ASSERT_EQ(static_cast<std::size_t>(count + (raised ? 0 : 1)), table.entries().size());
+      ASSERT_EQ(!raised, table.find("another").has_value());
+      for (int tag = 0; tag < count; ++tag)
+        ASSERT_EQ(static_cast<std::uint32_t>(tag),
+                  table.find(memory.copy("name" + std::to_string(tag))));
+      if (raised)
+        table.add({"another", count});
+      int found = 0;
+      table.find("another", [&](const Entry&) { return ++found == 0; });
+      ASSERT_EQ(1, found);
+    }
+  }
+  EXPECT_TRUE(hasFailed);
+}
+
+}  // namespace
+}  // namespace kivo_3_3::testing

@@ -1,0 +1,191 @@
+// Memory that ends with its owner: small blocks together with it, large ones when they
+// are given back.
+
+#include "base/owned_memory.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "allocation/allocation_limit.h"
+
+namespace kivo_3_3::testing {
+namespace {
+
+constexpr std::size_t large = 100'000;
+
+bool isAligned(const void* block, std::size_t alignment) {
+  return reinterpret_cast<std::uintptr_t>(block) % alignment == 0;
+}
+
+TEST(OwnedMemory, FewSmallBlocksTakeNothingFromTheHeap) {
+  const long before = liveBlocks();
+  OwnedMemoryOf<640> memory;
+  for (int i = 0; i < 10; ++i)
+    EXPECT_NE(nullptr, memory.allocate(16));
+  EXPECT_EQ(before, liveBlocks());
+}
+
+TEST(OwnedMemory, ManySmallBlocksComeFromAFewLargerOnes) {
+  const long before = liveBlocks();
+  {
+    OwnedMemoryOf<640> memory;
+    for (int i = 0; i < 10'000; ++i)
+      ASSERT_NE(nullptr, memory.allocate(16));
+    EXPECT_LT(before, liveBlocks());
+    EXPECT_GT(before + 30, liveBlocks());
+  }
+  EXPECT_EQ(before, liveBlocks());
+}
+
+TEST(OwnedMemory, OfSmallBlocksTheLastOneIsUsedAgain) {
+  OwnedMemoryOf<640> memory;
+  void* const first = memory.allocate(99);
+  void* const last = memory.allocate(99);
+  memory.deallocate(first, 99);
+  EXPECT_NE(first, memory.allocate(0));
+  memory.deallocate(last, 99);
+  EXPECT_EQ(last, memory.allocate(10));
+}
+
+TEST(OwnedMemory, LargeBlocksComeAndGoOneByOne) {
+  OwnedMemoryOf<640> memory;
+  const long before = liveBlocks();
+  void* const first = memory.allocate(large);
+  void* const second = memory.allocate(large);
+  EXPECT_EQ(before + 2, liveBlocks());
+  memory.deallocate(first, large);
+  EXPECT_EQ(before + 1, liveBlocks());
+  memory.deallocate(second, large);
+  EXPECT_EQ(before, liveBlocks());
+}
+
+TEST(OwnedMemory, BlocksOfEverySizeAreApartAndAligned) {
+  OwnedMemoryOf<640> memory;
+  std::vector<std::pair<unsigned char*, std::size_t>> blocks;
+  for (std::size_t size = 1; size < 2'000; size += 3) {
+    void* const block = memory.allocate(size);
+    ASSERT_TRUE(isAligned(block, alignof(double))) << size;
+    std::memset(block, static_cast<int>(size % 251), size);
+    blocks.emplace_back(static_cast<unsigned char*>(block), size);
+  }
+  for (const auto& [block, size] : blocks) {
+    for (std::size_t i = 0; i < size; ++i)
+      ASSERT_EQ(size % 251, block[i]) << size;
+    memory.deallocate(block, size);
+  }
+}
+
+TEST(OwnedMemory, NothingIsLostBesideContainersThatGrow) {
+  const long before = liveBlocks();
+  {
+    OwnedMemoryOf<640> memory;
+    using Text = std::basic_string<char, std::char_traits<char>, OwnedAllocator<char>>;
+    std::vector<Text, OwnedAllocator<Text>> texts(&memory);
+    for (std::size_t length = 0; length < 3'000; length += 7)
+      texts.emplace_back(length, 'x', OwnedAllocator<char>(&memory));
+    for (std::size_t i = 0; i < texts.size(); ++i)
+      ASSERT_EQ(i * 7, texts[i].size());
+  }
+  EXPECT_EQ(before, liveBlocks());
+}
+
+TEST(OwnedMemory, WhereMemoryRunsOutItSaysSoAndGoesOn) {
+  const long before = liveBlocks();
+  {
+    OwnedMemoryOf<640> memory;
+    {
+      const AllocationLimit limit(0, Failing::forEver);
+      EXPECT_THROW(memory.allocate(large), std::bad_alloc);
+      const auto takeAll = [&] {
+        for (int i = 0; i < 10'000; ++i)
+          std::memset(memory.allocate(16), 0, 16);
+      };
+      EXPECT_THROW(takeAll(), std::bad_alloc);
+    }
+    EXPECT_EQ("text", memory.copy("text"));
+    EXPECT_EQ(std::string(large, 'x'), memory.copy(std::string(large, 'x')));
+  }
+  EXPECT_EQ(before, liveBlocks());
+}
+
+TEST(OwnedMemory, CopiesATextWithAZeroBehindIt) {
+  OwnedMemoryOf<640> memory;
+  char text[] = "abc and more";
+  const std::string_view copy = memory.copy({text, 3});
+  text[0] = 'x';
+  EXPECT_EQ("abc", copy);
+  EXPECT_EQ(3u, std::strlen(copy.data()));
+  EXPECT_EQ("", memory.copy({}));
+  EXPECT_STREQ("", memory.copy({}).data());
+}
+
+TEST(OwnedMemory, CopiesTextsOfEveryLength) {
+  OwnedMemoryOf<640> memory;
+  std::vector<std::string_view> copies;
+  for (std::size_t length = 0; length < 1'500; ++length)
+    copies.push_back(memory.copy(std::string(length, static_cast<char>('a' + length % 26))));
+  for (std::size_t length = 0; length < copies.size(); ++length) {
+    ASSERT_EQ(std::string(length, static_cast<char>('a' + length % 26)), copies[length]);
+    ASSERT_EQ('\0', copies[length].data()[length]);
+  }
+}
+
+using Numbers = std::vector<int, OwnedAllocator<int>>;
+
+TEST(OwnedAllocator, TakesFromItsMemoryOrWithoutFromTheHeap) {
+  OwnedMemoryOf<640> memory;
+  const long before = liveBlocks();
+  const Numbers owned({1, 2, 3}, &memory);
+  EXPECT_EQ(before, liveBlocks());
+  const Numbers heaped = {1, 2, 3};
+  EXPECT_EQ(before + 1, liveBlocks());
+  EXPECT_EQ(owned, heaped);
+}
+
+TEST(OwnedAllocator, CopiesOfAContainerMayOutliveTheMemory) {
+  Numbers copy;
+  Numbers assigned;
+  {
+    OwnedMemoryOf<640> memory;
+    const Numbers owned({1, 2, 3}, &memory);
+    assigned = owned;
+    copy = Numbers(owned);
+    EXPECT_EQ(nullptr, copy.get_allocator().memory());
+    EXPECT_EQ(nullptr, assigned.get_allocator().memory());
+  }
+  EXPECT_EQ((Numbers{1, 2, 3}), copy);
+  EXPECT_EQ((Numbers{1, 2, 3}), assigned);
+}
+
+TEST(OwnedAllocator, AContainerThatIsMovedTakesItsElementsAlong) {
+  OwnedMemoryOf<640> memory;
+  Numbers owned({1, 2, 3}, &memory);
+  const int* const elements = owned.data();
+  const long before = liveBlocks();
+  Numbers moved = {4};
+  moved = std::move(owned);
+  EXPECT_EQ(elements, moved.data());
+  EXPECT_EQ(&memory, moved.get_allocator().memory());
+  Numbers swapped = {5};
+  swapped.swap(moved);
+  EXPECT_EQ(elements, swapped.data());
+  EXPECT_EQ((Numbers{5}), moved);
+  EXPECT_EQ(before + 1, liveBlocks());
+}
+
+TEST(OwnedAllocator, IsEqualToOthersOfTheSameMemory) {
+  OwnedMemoryOf<640> first;
+  OwnedMemoryOf<640> second;
+  const OwnedAllocator<int> one(&first);
+  EXPECT_TRUE(one == OwnedAllocator<double>(one));
+  EXPECT_TRUE(one != OwnedAllocator<int>(&second));
+  EXPECT_TRUE(one != OwnedAllocator<int>());
+}
+
+}  // namespace
+}  // namespace kivo_3_3::testing

@@ -1,0 +1,45 @@
+#pragma once
+
+// What a result has stored, and a way to store more past a parser.
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "options/declared_defaults.h"
+#include "result/parse_result.h"
+
+namespace kivo_3_3::testing {
+
+// What was given under a name; where that is nothing, std::bad_optional_access is raised.
+inline const OptionData& givenTo(const ParseResult& result, std::string_view name) {
+  return result.options().given(result.options().find(name).value());
+}
+
+// A value as recognizers hand it over: its text is its own where it is one.
+inline GivenValue given(const variant_t& value, const char* text, int position) {
+  return {value.can_get<const char*>() ? value.get<const char*>() : text, value, position};
+}
+
+// "@1 @4 a@2 b@5"
+inline std::string render(const OptionData& data) {
+  std::string text;
+  const auto append = [&](const std::string& what, int position) {
+    text += (text.empty() ? "" : " ") + what + "@" + std::to_string(position);
+  };
+  for (const int position : data.positions)
+    append("", position);
+  for (const GivenValue& value : data.values)
+    append(value.text, value.position);
+  return text;
+}
+
+// Applies the default of one option, as it stands.
+inline void applyDefault(const OptionDescription& option, ParseResult& result) {
+  const auto defaults = std::make_shared<DeclaredDefaults>();
+  defaults->add(option);
+  result.applyDefaults(defaults);
+}
+
+}  // namespace kivo_3_3::testing
