@@ -2,7 +2,7 @@
 
 #include <stratum2/variant.h>
 
-#include <limits>
+#include <climits>
 
 namespace kivo_3_3 {
 
@@ -36,7 +36,7 @@ using stratum2::vtWideStringReference;
 /// The bounds that take in every position, and what stands for "no position".
 constexpr int firstPosition = 0;
 /// See firstPosition.
-constexpr int lastPosition = std::numeric_limits<int>::max();
+constexpr int lastPosition = INT_MAX;
 
 /// One value as a query returns it or a handler receives it.
 ///

@@ -61,7 +61,15 @@ case $way in
     fail "no such way: $way" ;;
 esac
 
+# The loader looks for each symbol of the C++ library in this order.
+checkOrder() {
+  local order
+  order=$(readelf --dynamic "$1" | grep -oE 'lib(stdc\+\+|kivo)\.so' | paste -sd ' ')
+  [ "$order" = "libstdc++.so libkivo.so" ] || fail "$1 loads in the order: $order"
+}
+
 for standard in 17 20; do
+  checkOrder "$programs/$way-$standard"
   check 0 $'level = 2\n2 nothing\n4\nmore!' "$programs/$way-$standard" --lev=2 -- more
   check 2 "Value validation problem in argument '--level=3': Option 'level' does not allow value '3'. Possible values follows: '1', '2'" \
     "$programs/$way-$standard" --level=3

@@ -1,10 +1,26 @@
+// The streams are those of the standard library, declared here by their linker's names: the
+// header that declares them would make them ready in every process that loads the library,
+// and the locale with them, which takes longer than a short command line.
+
 #include "bedrock/console.h"
 
-#include <iostream>
+#include <ios>
 
 namespace BEDROCK {
 
-std::ostream& ucout = std::cout;
-std::ostream& ucerr = std::cerr;
+extern std::ostream standardOutput __asm__("_ZSt4cout");
+extern std::ostream standardError __asm__("_ZSt4cerr");
+
+namespace {
+
+std::ostream& readied(std::ostream& stream) {
+  static const std::ios_base::Init ready;
+  return stream;
+}
+
+}  // namespace
+
+thread_local std::ostream& ucout = readied(standardOutput);
+thread_local std::ostream& ucerr = readied(standardError);
 
 }  // namespace BEDROCK
