@@ -49,7 +49,7 @@ class OwnedMemory {
   };
 
   static constexpr std::size_t largestSmall = 512;
-  static constexpr std::size_t largestBlock = 64 * 1024;
+  static constexpr std::size_t largestBlock = std::size_t{64} * 1024;
 
   static constexpr std::size_t rounded(std::size_t bytes) {
     return (bytes + alignment - 1) / alignment * alignment;
@@ -67,6 +67,7 @@ class OwnedMemory {
 template <std::size_t firstSize>
 class OwnedMemoryOf final : public OwnedMemory {
  public:
+  // cppcheck-suppress uninitMemberVar ; what is in it comes with its use
   OwnedMemoryOf() : OwnedMemory(m_first, firstSize) {}
 
  private:
@@ -91,12 +92,12 @@ class OwnedAllocator {
   OwnedAllocator(const OwnedAllocator<Other>& other) : m_memory(other.memory()) {}
 
   T* allocate(std::size_t count) {
-    const std::size_t bytes = count * sizeof(T);
+    const std::size_t bytes = count * elementSize;
     return static_cast<T*>(m_memory != nullptr ? m_memory->allocate(bytes) : ::operator new(bytes));
   }
   void deallocate(T* elements, std::size_t count) noexcept {
     if (m_memory != nullptr)
-      m_memory->deallocate(elements, count * sizeof(T));
+      m_memory->deallocate(elements, count * elementSize);
     else
       ::operator delete(elements);
   }
@@ -105,6 +106,9 @@ class OwnedAllocator {
   OwnedMemory* memory() const { return m_memory; }
 
  private:
+  // NOLINTNEXTLINE(bugprone-sizeof-expression): elements may be pointers
+  static constexpr std::size_t elementSize = sizeof(T);
+
   OwnedMemory* m_memory = nullptr;
 };
 

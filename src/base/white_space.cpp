@@ -15,6 +15,7 @@ bool isThereNoLocaleYet() {
 #ifdef __GLIBCXX__
   std::size_t number = 0;
   static_assert(sizeof(number) == sizeof(std::ctype<char>::id));
+  // NOLINTNEXTLINE(bugprone-undefined-memory-manipulation): it is looked at, and not copied
   std::memcpy(&number, &std::ctype<char>::id, sizeof(number));
   return number == 0;
 #else

@@ -82,8 +82,8 @@ void OptionDescription::addTags(const char* tags) {
     return std::binary_search(m_tags.begin(), m_tags.end(), tag);
   };
   added.erase(std::remove_if(added.begin(), added.end(), isKnown), added.end());
-  for (std::string_view& tag : added)
-    tag = m_garbage->memory().copy(tag);
+  for (std::string_view& text : added)
+    text = m_garbage->memory().copy(text);
   m_tags.insert(m_tags.end(), added.begin(), added.end());
   std::sort(m_tags.begin(), m_tags.end());
   m_tags.erase(std::unique(m_tags.begin(), m_tags.end()), m_tags.end());

@@ -68,7 +68,8 @@ std::vector<ActionRules::Stored> ActionRules::lookUp(const StoredOptions& option
 }
 
 int ActionRules::collect(const std::vector<Stored>& stored, Used& used, string& error) const {
-  for (const auto& [option, isGiven] : stored) {
+  for (const Stored& entry : stored) {
+    const OptionDescription* const option = entry.option;
     if (option == nullptr)
       return notFound;
     if (!option->isAction()) {
@@ -89,10 +90,11 @@ int ActionRules::collect(const std::vector<Stored>& stored, Used& used, string& 
 // A modifier that is there only through its default goes with every action.
 int ActionRules::checkModifiers(const std::vector<Stored>& stored, const OptionDescription& action,
                                 string& error) {
-  for (const auto& [option, isGiven] : stored) {
-    const bool isGivenModifier = !option->isAction() && !option->m_tags.empty() && isGiven;
-    if (isGivenModifier && !isIntersected(action.m_tags, option->m_tags)) {
-      error = doesNotAccept(action, *option);
+  for (const Stored& entry : stored) {
+    const OptionDescription& option = *entry.option;
+    const bool isGivenModifier = !option.isAction() && !option.m_tags.empty() && entry.isGiven;
+    if (isGivenModifier && !isIntersected(action.m_tags, option.m_tags)) {
+      error = doesNotAccept(action, option);
       return status::usageError;
     }
   }

@@ -38,9 +38,9 @@ StoredOptions::Number StoredOptions::lookUp(const Names& names) {
 }
 
 void StoredOptions::keepTexts(OptionData& occurrence) {
-  for (GivenValue& given : occurrence.values)
-    if (!given.value.can_get<const char*>())
-      given.text = m_memory.copy(given.text).data();
+  for (GivenValue& value : occurrence.values)
+    if (!value.value.can_get<const char*>())
+      value.text = m_memory.copy(value.text).data();
 }
 
 // Whether these names were stored under together, in this order, and share their data with
@@ -117,8 +117,8 @@ StoredOptions::Number StoredOptions::ownData(Number name) {
 }
 
 bool StoredOptions::isShared(Number data) const {
-  const auto& names = m_names.entries();
-  return std::count_if(names.begin(), names.end(),
+  const auto& all = m_names.entries();
+  return std::count_if(all.begin(), all.end(),
                        [&](const Name& name) { return name.data == data; }) > 1;
 }
 

@@ -13,14 +13,21 @@ extern std::ostream standardError __asm__("_ZSt4cerr");
 
 namespace {
 
-std::ostream& readied(std::ostream& stream) {
-  static const std::ios_base::Init ready;
-  return stream;
+void makeReady() { [[maybe_unused]] static const std::ios_base::Init ready; }
+
+std::ostream& output() noexcept {
+  makeReady();
+  return standardOutput;
+}
+
+std::ostream& error() noexcept {
+  makeReady();
+  return standardError;
 }
 
 }  // namespace
 
-thread_local std::ostream& ucout = readied(standardOutput);
-thread_local std::ostream& ucerr = readied(standardError);
+thread_local std::ostream& ucout = output();
+thread_local std::ostream& ucerr = error();
 
 }  // namespace BEDROCK
