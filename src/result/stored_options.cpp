@@ -22,6 +22,8 @@ void StoredOptions::store(const Names& names, OptionData& occurrence, std::uint6
     m_data[m_last.data].append(occurrence);
     return;
   }
+  // An option that the result knows, if only by its default, adds to what stands under its
+  // names; any other takes them over.
   m_last = {};
   if (areNew(m_numbers) || !(isGiven(m_numbers[0]) || findDefault(names[0])))
     storeFirst(m_numbers, occurrence);

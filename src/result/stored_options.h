@@ -17,8 +17,9 @@ namespace kivo_3_3 {
 // What a result holds of options: what was given under each name, and the defaults.
 //
 // Every name has data of its own, as a reader sees it. In fact the names of one option
-// lead to the same data, until something is stored that does not concern all of them:
-// options can share a name.
+// lead to the same data, until something is stored that does not concern all of them alike:
+// options can share a name, have one twice, or get another one between two parses. From then
+// on their data stays apart.
 class StoredOptions {
  public:
   // A default as it stands in this result.

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
 #include <vector>
+
+#include "allocation/allocation_limit.h"
 
 namespace kivo_3_3::testing {
 namespace {
@@ -69,6 +72,17 @@ TEST(Garbage, EachKeepsItsOwn) {
   Garbage first;
   Garbage second;
   EXPECT_NE(first.init("text"), second.init("text"));
+}
+
+TEST(Garbage, WhereMemoryRunsOutATextIsTheEmptyOneOrAnException) {
+  Garbage garbage;
+  const std::string text(10'000, 'x');
+  {
+    const AllocationLimit limit(0, Failing::forEver);
+    EXPECT_STREQ("", garbage.init(text.c_str()));
+    EXPECT_THROW(garbage.keep(text.c_str()), std::bad_alloc);
+  }
+  EXPECT_EQ(text, garbage.init(text.c_str()));
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "options/make_option.h"
 #include "recognizers/argument_parser.h"
 #include "result/parse_result.h"
+#include "support/command.h"
 #include "support/stored.h"
 
 namespace kivo_3_3 {
@@ -480,6 +481,22 @@ TEST(Occurrences, InAnyOrderAreReadAsIfWalked) {
         ASSERT_EQ(walked(all, from, to), texts) << ::testing::PrintToString(all.positions);
       }
   }
+}
+
+// The range that present() leaves for a default, given by the tool itself.
+TEST(ReadingDefaults, InTheEmptyRangeAtTheEndThereIsNothingToDeliverWithoutADefault) {
+  testing::Command command;
+  command.option("level", vtString)->defaultValue("");
+  command.option("depth", vtS32)->defaultValue(2);
+  command.parse({});
+  ParseResult& result = command.result();
+  for (const char* name : {"unknown", "level"}) {
+    EXPECT_EQ(1, result.get(name, lastPosition, lastPosition).isEmpty) << name;
+    EXPECT_EQ(1, result.next(name).isEmpty) << name;
+  }
+  EXPECT_STREQ("2", result.get("depth", lastPosition, lastPosition).text);
+  EXPECT_STREQ("2", result.next("depth").text);
+  EXPECT_EQ(1, result.next("depth").isEmpty);
 }
 
 }  // namespace
