@@ -141,7 +141,7 @@ int AbbreviationParser::takeValueFromNext(const OptionDescription& option,
 
 void AbbreviationParser::listCandidates(std::string_view name, const OptionList& options) {
   std::vector<string> names;
-  makeOptionNamesList(options, names);
+  makeOptionNamesList(options, names, name);
   stratum2::generic_iterator_t<string> best;
   stratum2::find_best_match({names.begin(), names.end()}, string(name), best);
   for (; best; ++best) {
@@ -151,13 +151,18 @@ void AbbreviationParser::listCandidates(std::string_view name, const OptionList&
   }
 }
 
-void AbbreviationParser::makeOptionNamesList(const OptionList& options,
-                                             std::vector<string>& names) {
+void AbbreviationParser::makeOptionNamesList(const OptionList& options, std::vector<string>& names,
+                                             std::string_view beginning) {
+  const auto beginsSo = [&](std::string_view name) {
+    return name.substr(0, beginning.size()) == beginning;
+  };
   for (const OptionDescription& option : options) {
-    for (const std::string_view name : option.m_names) {
-      names.emplace_back(name);
-      if (option.m_type == vtBool)
-        names.push_back(joined("no-", name));
+    for (const HashedName& name : option.m_names) {
+      if (beginsSo(name))
+        names.emplace_back(name.text);
+      const string negated = option.m_type == vtBool ? joined("no-", name.text) : "";
+      if (!negated.empty() && beginsSo(negated))
+        names.push_back(negated);
     }
   }
 }

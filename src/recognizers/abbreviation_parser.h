@@ -25,8 +25,9 @@ class AbbreviationParser final : public IArgumentParser {
   int getPriority() override { return -10; }
 
   // Appends every name an argument may be matched with, in declaration order, the "no-"
-  // form of a boolean's name right behind it.
-  static void makeOptionNamesList(const OptionList& options, std::vector<std::string>& names);
+  // form of a boolean's name right behind it; of those, the ones with this beginning.
+  static void makeOptionNamesList(const OptionList& options, std::vector<std::string>& names,
+                                  std::string_view beginning = {});
 
  private:
   int decideValue(const OptionDescription& option, const ArgumentWindow& args,
