@@ -48,7 +48,7 @@ class OwnedMemory {
     Block* previous;
   };
 
-  static constexpr std::size_t largestSmall = 512;
+  static constexpr std::size_t largestSmall = 1536;
   static constexpr std::size_t largestBlock = std::size_t{64} * 1024;
 
   static constexpr std::size_t rounded(std::size_t bytes) {
