@@ -16,7 +16,7 @@ namespace kivo_3_3 {
 ///   (present nextPosition* | get next*)* , independently (getFirstArgument getNextArgument*)
 ///
 /// The caller owns the result, may keep it longer than the parser, and ends it with
-/// destroy(). Texts it hands out live until then. Reading takes no memory and cannot fail.
+/// destroy(). Texts it hands out live until then. Reading cannot fail.
 class KIVO_API IParseResult {
  public:
   /// Ends the result and every text it handed out.

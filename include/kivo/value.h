@@ -3,6 +3,7 @@
 #include <stratum2/variant.h>
 
 #include <climits>
+#include <utility>
 
 namespace kivo_3_3 {
 
@@ -42,15 +43,15 @@ constexpr int lastPosition = INT_MAX;
 ///
 /// A plain record, copied freely. The text is not copied with it: it belongs to the
 /// result that was asked and lives as long as that result; in a handler it belongs to
-/// the parser.
+/// the parser. The typed value has a text of its own.
 class Value {
  public:
   /// No value: what a query returns when there is nothing (more) to return.
   Value() : text(nullptr), isEmpty(1), position(lastPosition) {}
 
   /// A value; the text stays its owner's.
-  Value(const char* valueText, const variant_t& typedValue, int valuePosition)
-      : text(valueText), isEmpty(0), position(valuePosition), value(typedValue) {}
+  Value(const char* valueText, variant_t typedValue, int valuePosition)
+      : text(valueText), isEmpty(0), position(valuePosition), value(std::move(typedValue)) {}
 
   /// The text of a value, null for "no value". The typed value is read from `value`.
   template <class T>
@@ -63,7 +64,9 @@ class Value {
   s32_t isEmpty;
   /// Where the value stands among all that was given: larger is later.
   int position;
-  /// The value in the type of its option; `vtNull` where there is none.
+  /// The value in the type of its option; `vtNull` where there is none. Should memory run
+  /// out for a text that a result is asked for, it refers to `text`, as a
+  /// `vtStringReference`.
   variant_t value;
 };
 

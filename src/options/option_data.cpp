@@ -1,7 +1,6 @@
 #include "options/option_data.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace kivo_3_3 {
 
@@ -20,14 +19,14 @@ void OptionData::makeRoomFor(const OptionData& occurrence, std::size_t times) {
   makeRoom(values, occurrence.values.size() * times);
 }
 
-void OptionData::append(OptionData& occurrence) noexcept {
+void OptionData::append(const OptionData& occurrence) noexcept {
   for (const int position : occurrence.positions) {
     isAscending = isAscending && (positions.empty() || positions.back() <= position);
     positions.push_back(position);
   }
-  for (GivenValue& value : occurrence.values) {
+  for (const GivenValue& value : occurrence.values) {
     isAscending = isAscending && (values.empty() || values.back().position <= value.position);
-    values.push_back(std::move(value));
+    values.push_back(value);
   }
 }
 

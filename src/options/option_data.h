@@ -10,13 +10,18 @@ namespace kivo_3_3 {
 
 class OptionDescription;
 
-// A value as it was given. Its text is that of `value` itself where that is a text, and
-// else kept elsewhere.
+// A value as it was given. Its text is kept elsewhere; a `value` that is a text refers to it.
 struct GivenValue {
   const char* text;
-  variant_t value;
+  [[no_unique_address]] variant_t value;  // which leaves room for the position
   int position;
 };
+
+// The same value for others, who may keep it for longer than the text that it refers to.
+// Raises std::bad_alloc.
+inline variant_t ownValue(const variant_t& value) {
+  return value.type() == stratum2::vtStringReference ? variant_t(value.get<const char*>()) : value;
+}
 
 // What was parsed for one option, in the order it was met.
 struct OptionData {
@@ -30,8 +35,8 @@ struct OptionData {
 
   // Room for what so many calls of append() will add, so that they cannot fail.
   void makeRoomFor(const OptionData& occurrence, std::size_t times = 1);
-  // Moves the values of `occurrence` behind those here.
-  void append(OptionData& occurrence) noexcept;
+  // Puts the values of `occurrence` behind those here.
+  void append(const OptionData& occurrence) noexcept;
   // Leaves nothing but the room.
   void clear() noexcept;
 
@@ -45,8 +50,9 @@ struct OptionData {
 // Where recognizers hand over what they have bound.
 class IResultCollector {
  public:
-  // Records one occurrence of `option`, and takes its values over.
-  virtual void store(const OptionDescription& option, OptionData& data) = 0;
+  // Records one occurrence of `option`. The texts of its values stay the caller's, and must
+  // live as long as what they are recorded in.
+  virtual void store(const OptionDescription& option, const OptionData& data) = 0;
 
  protected:
   ~IResultCollector() = default;

@@ -64,10 +64,11 @@ class OptionDescription final : public IOption {
   // How messages and help call this option's type.
   std::string getTypeName() const;
 
-  // Converts one value as the user wrote it and holds it against the allowed values.
-  // An abbreviation in `text` is completed. False with the reason in `error`, which is
+  // Converts one value as the user wrote it, with a zero behind it, and holds it against the
+  // allowed values. An abbreviation is completed: `text` is then that of the allowed value.
+  // A `value` that is a text refers to `text`. False with the reason in `error`, which is
   // untouched otherwise; `value` is meaningless then.
-  bool validate(std::string& text, variant_t& value, std::string& error) const;
+  bool validate(std::string_view& text, variant_t& value, std::string& error) const;
 
   // By first name, byte by byte; an option without names stands first.
   bool operator<(const OptionDescription& other) const;

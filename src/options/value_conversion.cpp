@@ -20,13 +20,12 @@ bool areHexDigits(std::string_view text) {
   return text.find_first_not_of(hexDigits) == std::string_view::npos;
 }
 
-bool isHexadecimal(const std::string& text) {
-  const std::string_view all(text);
-  const bool prefixed = (all.substr(0, 2) == "0x" || all.substr(0, 2) == "0X");
-  if (prefixed && areHexDigits(all.substr(2)))
+bool isHexadecimal(std::string_view text) {
+  const bool prefixed = (text.substr(0, 2) == "0x" || text.substr(0, 2) == "0X");
+  if (prefixed && areHexDigits(text.substr(2)))
     return true;
   const char last = text.at(text.size() - 1);
-  return (last == 'h' || last == 'H') && areHexDigits(all.substr(0, all.size() - 1));
+  return (last == 'h' || last == 'H') && areHexDigits(text.substr(0, text.size() - 1));
 }
 
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
@@ -100,8 +99,8 @@ class ClassicReader {
 void letMemoryFailureOut(std::ios& stream) { stream.exceptions(std::ios::badbit); }
 
 template <class T>
-[[gnu::cold]] bool readThroughStream(const char* text, T& value) {
-  std::istringstream stream(text);
+[[gnu::cold]] bool readThroughStream(std::string_view text, T& value) {
+  std::istringstream stream{std::string(text)};
   letMemoryFailureOut(stream);
   stream >> value;
   if (stream.fail())
@@ -124,14 +123,14 @@ bool readClassic(ClassicReader& reader, bool& value) {
 }
 
 template <class T>
-bool read(const char* text, T& value) {
+bool read(std::string_view text, T& value) {
   if (!isClassicLocale())
     return readThroughStream(text, value);
   ClassicReader reader(text);
   return readClassic(reader, value);
 }
 
-bool read(const char* text, double& value) {
+bool read(std::string_view text, double& value) {
   if (isClassicLocale()) {
     ClassicReader reader(text);
     if (reader.readPlainDouble(value))
@@ -194,7 +193,7 @@ bool OperationToString::execute<const char*>() {
 
 class OperationFromString {
  public:
-  explicit OperationFromString(const char* input) : m_input(input) {}
+  explicit OperationFromString(std::string_view input) : m_input(input) {}
 
   template <class T>
   bool execute() {
@@ -208,20 +207,20 @@ class OperationFromString {
   const variant_t& output() const { return m_output; }
 
  private:
-  const char* m_input;
+  std::string_view m_input;
   variant_t m_output;
 };
 
 template <>
 bool OperationFromString::execute<const char*>() {
-  m_output = m_input;
+  m_output = std::string(m_input).c_str();
   return true;
 }
 
 template <>
 bool OperationFromString::execute<u64_t>() {
   u64_t value = 0;
-  if (*m_input == '\0' || !fromStringToNumber(m_input, value))
+  if (m_input.empty() || !fromStringToNumber(m_input, value))
     return false;
   m_output = value;
   return true;
@@ -290,7 +289,7 @@ const char* valueToText(variant_type_t type, const variant_t& value, Garbage& ga
   return appendValue(type, value, text) ? garbage.keep(text.c_str()) : nullptr;
 }
 
-variant_t textToValue(variant_type_t type, const char* text) {
+variant_t textToValue(variant_type_t type, std::string_view text) {
   OperationFromString operation(text);
   executeFor(type, operation);
   return operation.output();
@@ -303,20 +302,20 @@ const char* typeName(variant_type_t type) {
 }
 
 template <class T>
-bool fromStringToNumber(const std::string& text, T& value) {
+bool fromStringToNumber(std::string_view text, T& value) {
   const bool hexadecimal = isHexadecimal(text);
   if (isClassicLocale()) {
     if (!hexadecimal)
       return ClassicReader(text).readInteger(value);
     const std::size_t prefix = text.find_first_of("xX") == 1 ? 2 : 0;
-    return ClassicReader(std::string_view(text).substr(prefix)).readMagnitude(value, 16);
+    return ClassicReader(text.substr(prefix)).readMagnitude(value, 16);
   }
-  std::istringstream stream(text);
+  std::istringstream stream{std::string(text)};
   letMemoryFailureOut(stream);
   stream >> (hexadecimal ? std::hex : std::dec) >> value;
   return !stream.fail();
 }
 
-template bool fromStringToNumber<u64_t>(const std::string& text, u64_t& value);
+template bool fromStringToNumber<u64_t>(std::string_view text, u64_t& value);
 
 }  // namespace kivo_3_3

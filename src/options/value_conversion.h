@@ -8,6 +8,7 @@
 #include <kivo/value.h>
 
 #include <string>
+#include <string_view>
 
 #include "base/garbage.h"
 
@@ -23,7 +24,7 @@ const char* valueToText(variant_type_t type, const variant_t& value, Garbage& ga
 
 // What `text` stands for under `type`; `vtNull` where it stands for nothing and under a
 // type that options do not have.
-variant_t textToValue(variant_type_t type, const char* text);
+variant_t textToValue(variant_type_t type, std::string_view text);
 
 // The name of `type` for messages and help, empty for a type that options do not have.
 const char* typeName(variant_type_t type);
@@ -33,7 +34,7 @@ const char* typeName(variant_type_t type);
 //   "12" -> 12   "12abc" -> 12   "0x1F", "1Fh" -> 31   "0x1G" -> 0   "FF" -> false
 // An empty text raises std::out_of_range.
 template <class T>
-bool fromStringToNumber(const std::string& text, T& value);
-extern template bool fromStringToNumber<u64_t>(const std::string& text, u64_t& value);
+bool fromStringToNumber(std::string_view text, T& value);
+extern template bool fromStringToNumber<u64_t>(std::string_view text, u64_t& value);
 
 }  // namespace kivo_3_3

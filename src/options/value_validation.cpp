@@ -37,12 +37,12 @@ const char* readAsText(const variant_t& value) {
   return list;
 }
 
-[[gnu::cold]] string doesNotConvert(const OptionDescription& option, const string& text) {
+[[gnu::cold]] string doesNotConvert(const OptionDescription& option, std::string_view text) {
   return joined("Option '", option.firstName(), "' can not parse '", text,
                 "' value, requires a type '", option.getTypeName(), "' here.");
 }
 
-[[gnu::cold]] string doesNotAllow(const OptionDescription& option, const string& text) {
+[[gnu::cold]] string doesNotAllow(const OptionDescription& option, std::string_view text) {
   return joined("Option '", option.firstName(), "' does not allow value '", text, "'",
                 possibleValues(option));
 }
@@ -51,7 +51,7 @@ const char* readAsText(const variant_t& value) {
   return joined("Ambiguous value for option '", option.firstName(), "'", possibleValues(option));
 }
 
-[[gnu::cold]] string isDeprecated(const OptionDescription& option, const string& text,
+[[gnu::cold]] string isDeprecated(const OptionDescription& option, std::string_view text,
                                   const char* instead) {
   return joined("Warning: '", text, "' argument is deprecated for the option '-",
                 option.firstName(), "'. Use the '", instead, "' argument instead.");
@@ -70,28 +70,28 @@ bool anyCandidate(const OptionDescription& option, Visit visit) {
   return false;
 }
 
-// The number of candidates that begin with `text`. The last of them becomes `value`
-// and `completed`.
-int complete(const OptionDescription& option, const string& text, variant_t& value,
-             string& completed) {
+// The number of candidates that begin with `text`. The last of them becomes `completed`,
+// and `value` refers to it.
+int complete(const OptionDescription& option, std::string_view text, variant_t& value,
+             std::string_view& completed) {
   int passed = 0;
   anyCandidate(option, [&](const variant_t& candidate) {
-    const string whole = readAsText(candidate);
-    if (whole.compare(0, text.size(), text) == 0) {
+    const std::string_view whole = readAsText(candidate);
+    if (whole.substr(0, text.size()) == text) {
       ++passed;
       completed = whole;
-      value = whole.c_str();
+      value = variant_t(whole.data(), true);
     }
     return false;
   });
   return passed;
 }
 
-void warnIfDeprecated(const OptionDescription& option, const string& text) {
+void warnIfDeprecated(const OptionDescription& option, std::string_view text) {
   if (option.m_deprecatedValues.empty())
     return;
   const auto deprecated =
-      option.m_deprecatedValues.find(option.fromString(text.c_str(), option.m_garbage));
+      option.m_deprecatedValues.find(option.fromString(text.data(), option.m_garbage));
   if (deprecated == option.m_deprecatedValues.end())
     return;
   BEDROCK::ucerr << isDeprecated(option, text, readAsText(deprecated->second)) << std::endl;
@@ -99,8 +99,8 @@ void warnIfDeprecated(const OptionDescription& option, const string& text) {
 
 }  // namespace
 
-bool OptionDescription::validate(string& text, variant_t& value, string& error) const {
-  value = fromString(text.c_str(), m_garbage);
+bool OptionDescription::validate(std::string_view& text, variant_t& value, string& error) const {
+  value = m_type == vtString ? variant_t(text.data(), true) : textToValue(m_type, text);
   if (value.type() == vtNull) {
     error = doesNotConvert(*this, text);
     return false;
@@ -109,13 +109,13 @@ bool OptionDescription::validate(string& text, variant_t& value, string& error) 
     return true;
 
   if (!anyCandidate(*this, [&](const variant_t& candidate) { return candidate == value; })) {
-    string completed;
+    std::string_view completed;
     const int passed = m_type == vtString ? complete(*this, text, value, completed) : 0;
     if (passed != 1) {
       error = passed == 0 ? doesNotAllow(*this, text) : isAmbiguous(*this);
       return false;
     }
-    text = std::move(completed);
+    text = completed;
   }
   warnIfDeprecated(*this, text);
   return true;

@@ -205,8 +205,7 @@ bool BasicParser::onValueParse(const char* name, const Value& value) {
   if (m_handlers.empty())
     return true;
   const char* keptName = m_garbage.keep(name);
-  Value keptValue = value;
-  keptValue.text = m_garbage.keep(value.text);
+  const Value keptValue(m_garbage.keep(value.text), ownValue(value.value), value.position);
   bool accepted = true;
   forEachHandler([&](EventHandler& handler) {
     accepted = handler.onValueParse(keptName, keptValue);

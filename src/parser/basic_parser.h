@@ -72,13 +72,15 @@ class BasicParser : public IParser {
  private:
   template <class Call>
   void forEachHandler(Call call);
+  // What passes the events on: none, where nobody is there to get them.
+  EventHandler* listener() { return m_handlers.empty() ? nullptr : this; }
   template <class Write>
   const char* compose(Write write);
   const char* helpFailed();
   template <class Write>
   const char* composeTopic(const char* topic, bool hidden, Write write);
 
-  ArgumentWindow windowOf(Texts args, OwnedMemory& memory) const;
+  ArgumentWindow safe(ArgumentWindow args, OwnedMemory& memory) const;
   int parseArguments(ArgumentWindow& args, IParseResult* result);
   int readOptionFiles(ParseResult* result);
   int readOptionFile(const char* name, ParseResult* result);

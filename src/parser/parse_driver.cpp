@@ -40,15 +40,21 @@ ParseResult* storeOf(IParseResult* result) {
   return isOurs ? static_cast<ParseResult*>(result) : nullptr;
 }
 
-Texts argumentsOf(int argc, const char* const* argv, OwnedMemory& memory) {
-  Texts args(&memory);
-  if (argv != nullptr)
-    args.assign(argv + 1, std::find(argv + 1, argv + argc, nullptr));
-  return args;
+// Those behind the name of the tool, up to a null pointer.
+ArgumentWindow argumentsOf(int argc, const char* const* argv) {
+  if (argv == nullptr)
+    return ArgumentWindow(Texts());
+  const auto count = std::find(argv + 1, argv + argc, nullptr) - (argv + 1);
+  return ArgumentWindow(argv + 1, static_cast<std::size_t>(count));
 }
 
 [[gnu::cold]] string unreadable(const char* file) {
   return joined("Error reading option file '", file, "'");
+}
+
+// Where the texts of values go that are stored in the result, or in none.
+OwnedMemory& textsOf(ParseResult* result, OwnedMemory& otherwise) {
+  return result != nullptr ? result->memory() : otherwise;
 }
 
 // So many option files have been named on the command line and in option files.
@@ -73,12 +79,14 @@ IArgumentParser* chooseRecognizer(const std::array<IArgumentParser*, 2>& recogni
                                   ArgumentWindow& args, OptionList& options) {
   IArgumentParser* best = nullptr;
   int bestPriority = lowestPriority;
+  string unreported;
   for (IArgumentParser* recognizer : recognizers) {
-    string message;  // what recognize() says is not reported
-    if (recognizer->recognize(args, options, message) == 0 &&
-        recognizer->getPriority() > bestPriority) {
+    if (recognizer->recognize(args, options, unreported) != 0)
+      continue;
+    const int priority = recognizer->getPriority();
+    if (priority > bestPriority) {
       best = recognizer;
-      bestPriority = recognizer->getPriority();
+      bestPriority = priority;
     }
   }
   return best;
@@ -94,8 +102,8 @@ int BasicParser::parseArgsVector(int argc, const char* const* argv, IParseResult
     }
     if (argc <= 1)
       return status::success;
-    OwnedMemoryOf<512> memory;
-    ArgumentWindow args = windowOf(argumentsOf(argc, argv, memory), memory);
+    OwnedMemoryOf<128> copies;
+    ArgumentWindow args = safe(argumentsOf(argc, argv), copies);
     return parseVector(args, result);
   } catch (const std::exception&) {
     return status::exceptionCaught;
@@ -107,7 +115,7 @@ int BasicParser::parseStream(const char* text, IParseResult* result) {
     OwnedMemoryOf<512> memory;
     Texts lines(&memory);
     parseStreamToArgs(text, lines);
-    ArgumentWindow args = windowOf(std::move(lines), memory);
+    ArgumentWindow args = safe(ArgumentWindow(std::move(lines)), memory);
     return parseVector(args, result);
   } catch (const std::exception&) {
     return status::exceptionCaught;
@@ -116,11 +124,14 @@ int BasicParser::parseStream(const char* text, IParseResult* result) {
 
 // The arguments are the caller's, and so may change or end in a handler: where there are
 // handlers, they are copied.
-ArgumentWindow BasicParser::windowOf(Texts args, OwnedMemory& memory) const {
-  if (!m_handlers.empty())
-    for (std::string_view& argument : args)
-      argument = memory.copy(argument);
-  return ArgumentWindow(std::move(args));
+ArgumentWindow BasicParser::safe(ArgumentWindow args, OwnedMemory& memory) const {
+  if (m_handlers.empty())
+    return args;
+  Texts copies(&memory);
+  copies.reserve(args.size());
+  for (; !args.empty(); args.drop(1))
+    copies.push_back(memory.copy(args.front()));
+  return ArgumentWindow(std::move(copies));
 }
 
 // A handler may parse more into the result being filled. That only adds arguments: the
@@ -160,8 +171,10 @@ int BasicParser::parse_phase_one(std::string_view separator, ArgumentWindow& arg
   if (store != nullptr)
     store->noteDeclarations(m_storage.identity());
   OptionList& options = m_storage.options();
-  PositionalOptionsParser positional(*this, m_garbage, m_flags, m_storage.index());
-  AbbreviationParser named(*this, m_garbage, m_flags, m_storage.index());
+  OwnedMemoryOf<128> unstored;
+  OwnedMemory& texts = textsOf(store, unstored);
+  PositionalOptionsParser positional(listener(), texts, m_flags, m_storage.index());
+  AbbreviationParser named(listener(), texts, m_flags, m_storage.index());
   const std::array<IArgumentParser*, 2> recognizers = {&positional, &named};
   while (!args.empty() && args.front() != separator) {
     IArgumentParser* recognizer = chooseRecognizer(recognizers, args, options);
@@ -188,8 +201,10 @@ int BasicParser::collectNonparsingArguments(std::string_view separator, Argument
                                             ParseResult* result, string& error) {
   if (args.empty() || args.front() != separator)
     return status::success;
-  PositionalOptionsParser positional(
-      *this, m_garbage, m_flags & ~parserFlags::dashArgumentsAreNeverPositional, m_storage.index());
+  OwnedMemoryOf<128> unstored;
+  PositionalOptionsParser positional(listener(), textsOf(result, unstored),
+                                     m_flags & ~parserFlags::dashArgumentsAreNeverPositional,
+                                     m_storage.index());
   for (std::size_t place = 1; place < args.size(); ++place) {
     const std::string_view argument = args[place];
     const int position = IArgumentParser::getNewPositionIndex();
@@ -235,22 +250,23 @@ int BasicParser::parse_phase_two(std::string_view, ArgumentWindow&, IParseResult
 // The result's own cursor walks the names, and goes on where it was after each file,
 // whatever a handler has read meanwhile.
 int BasicParser::readOptionFiles(ParseResult* result) {
-  if (result == nullptr || !result->present(optionFile, firstPosition, lastPosition))
+  if (result == nullptr)
     return status::success;
+  ResultCursor& cursor = result->cursor();
   OptionFileTrail trail;
-  Value file = result->get(optionFile, firstPosition, lastPosition);
+  Value file = cursor.get(optionFile, firstPosition, lastPosition);
   while (const char* name = file.as<const char*>()) {
     trail.named(countOptionFiles(*result));
     if (!trail.enter(BEDROCK::file_identity(name))) {
       m_lastError = unreadable(name);
       return status::optionFileUnreadable;
     }
-    const ResultCursor::Place place = result->cursor().place();
+    const ResultCursor::Place place = cursor.place();
     const int read = readOptionFile(name, result);
     if (read != status::success)
       return read;
-    result->cursor().returnTo(place);
-    file = result->next(optionFile);
+    cursor.returnTo(place);
+    file = cursor.next();
   }
   return status::success;
 }

@@ -43,9 +43,9 @@ bool isNegated(const DeclarationIndex::Match& match) {
 
 }  // namespace
 
-AbbreviationParser::AbbreviationParser(EventHandler& handler, Garbage& garbage, int flags,
+AbbreviationParser::AbbreviationParser(EventHandler* handler, OwnedMemory& texts, int flags,
                                        DeclarationIndex& index)
-    : IArgumentParser(handler, garbage, flags), m_index(index) {
+    : IArgumentParser(handler, texts, flags), m_index(index) {
   m_name = "AbbreviationParser";
 }
 
@@ -57,7 +57,9 @@ int AbbreviationParser::recognize(ArgumentWindow& args, OptionList& options, str
   if (argument.size() < shortestArgument || dashLength(argument) == 0)
     return 1;
 
-  m_parts = splitArgument(argument);
+  if (m_handler != nullptr)
+    m_whiteSpace = WhiteSpace();  // it may have changed the locale
+  m_parts = splitArgument(argument, m_whiteSpace);
   m_match = m_index.findBest(m_parts.name, options);
   if (m_match.kind == DeclarationIndex::Match::none)
     return 1;
@@ -94,7 +96,7 @@ int AbbreviationParser::parse(ArgumentWindow& args, IResultCollector* collector,
   if (decided != status::success)
     return decided;
   const bool isValueNext = m_parts.value.empty() && option.m_type != vtBool && !value.empty();
-  m_handler->onOptionParse(option.firstName().data());
+  announce(option);
   trace(": sent event on option parsed");
   const int bound = parseValueAndAddOption(value, error, option, args, collector);
   if (bound != status::success)

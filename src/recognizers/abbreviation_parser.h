@@ -17,7 +17,7 @@ namespace kivo_3_3 {
 class AbbreviationParser final : public IArgumentParser {
  public:
   // `index` is that of the options that recognize() and parse() are called with.
-  AbbreviationParser(EventHandler& handler, Garbage& garbage, int flags, DeclarationIndex& index);
+  AbbreviationParser(EventHandler* handler, OwnedMemory& texts, int flags, DeclarationIndex& index);
 
   int recognize(ArgumentWindow& args, OptionList& options, std::string& error) override;
   int parse(ArgumentWindow& args, IResultCollector* collector, OptionList& options,
@@ -40,6 +40,7 @@ class AbbreviationParser final : public IArgumentParser {
   std::string m_candidates;         // the names an ambiguous argument may stand for, quoted
   DeclarationIndex::Match m_match;  // what recognize() matched
   ArgumentParts m_parts;            // of the argument that was recognized
+  WhiteSpace m_whiteSpace;
   DeclarationIndex& m_index;
 };
 

@@ -9,7 +9,6 @@
 #include <kivo/status.h>
 
 #include <algorithm>
-#include <cstring>
 
 #include "base/quoted.h"
 
@@ -27,10 +26,6 @@ struct IArgumentParser::Binding {
 };
 
 namespace {
-
-const char* skipZeros(const char* begin, const char* end) {
-  return std::find_if(begin, end, [](char character) { return character != '\0'; });
-}
 
 [[gnu::cold]] string validationProblem(std::string_view argument, const string& reason) {
   return joined("Value validation problem in argument '", argument, "': ", reason);
@@ -57,8 +52,8 @@ int IArgumentParser::getNewPositionIndex() {
   return position;
 }
 
-IArgumentParser::IArgumentParser(EventHandler& handler, Garbage& garbage, int flags)
-    : m_handler(&handler), m_garbage(&garbage), m_flags(flags) {}
+IArgumentParser::IArgumentParser(EventHandler* handler, OwnedMemory& texts, int flags)
+    : m_handler(handler), m_flags(flags), m_texts(texts) {}
 
 string IArgumentParser::formatTokenMessage(std::string_view token) const {
   return joined(" in argument: '", token, "'");
@@ -70,6 +65,11 @@ int IArgumentParser::fail(string& error, string message) const {
   return status::usageError;
 }
 
+void IArgumentParser::announce(const OptionDescription& option) const {
+  if (m_handler != nullptr)
+    m_handler->onOptionParse(option.firstName().data());
+}
+
 int IArgumentParser::parseValueAndAddOption(std::string_view value, string& error,
                                             const OptionDescription& option,
                                             const ArgumentWindow& args,
@@ -78,7 +78,6 @@ int IArgumentParser::parseValueAndAddOption(std::string_view value, string& erro
   m_data.positions.push_back(getNewPositionIndex());
   if (!value.empty()) {
     trace(": adding values to result container:");
-    m_value.assign(value);
     const int bound = bindTokens({value, option, args.front(), option.m_tokenizer != '\0', error});
     if (bound != status::success)
       return bound;
@@ -92,62 +91,62 @@ int IArgumentParser::parseValueAndAddOption(std::string_view value, string& erro
 int IArgumentParser::bindTokens(const Binding& binding) {
   if (!binding.isSplit) {
     trace(": not using tokenizer");
-    return bindOne(m_value, m_value.c_str(), binding);
+    std::string_view value = m_texts.copy(binding.value);
+    return bindOne(value, binding);
   }
   const char separator = binding.option.m_tokenizer;
   trace(": using tokenizer on char: '", std::string_view(&separator, 1), "'");
-  if (binding.value.find(separator) == std::string_view::npos)
-    return bindToken(m_value, m_value.c_str(), binding);
   return bindEachToken(separator, binding);
 }
 
-// Separators that lead, trail or repeat make no empty token. A zero takes the place of
-// each, so that the tokens are texts as they stand.
+// Separators that lead, trail or repeat make no empty token.
 int IArgumentParser::bindEachToken(char separator, const Binding& binding) {
-  std::replace(m_value.begin(), m_value.end(), separator, '\0');
-  const char* const end = m_value.c_str() + m_value.size();
-  const char* text = skipZeros(m_value.c_str(), end);
-  if (text == end)
-    return fail(binding.error, noValueParsed(binding.value, binding.option));
-  while (text != end) {
-    m_token = text;
-    const char* const behind = text + m_token.size();
-    const int bound = bindToken(m_token, text, binding);
-    if (bound != status::success)
-      return bound;
-    text = skipZeros(behind, end);
+  bool isAnyBound = false;
+  for (std::string_view rest = binding.value; !rest.empty();) {
+    const std::size_t length = std::min(rest.find(separator), rest.size());
+    if (length != 0) {
+      const int bound = bindToken(m_texts.copy(rest.substr(0, length)), binding);
+      if (bound != status::success)
+        return bound;
+      isAnyBound = true;
+    }
+    rest.remove_prefix(std::min(length + 1, rest.size()));
   }
-  return status::success;
+  return isAnyBound ? status::success
+                    : fail(binding.error, noValueParsed(binding.value, binding.option));
 }
 
-int IArgumentParser::bindToken(string& token, const char* text, const Binding& binding) {
+int IArgumentParser::bindToken(std::string_view token, const Binding& binding) {
   trace(": value is: '", token, "'");
-  const int bound = bindOne(token, text, binding);
+  const int bound = bindOne(token, binding);
   if (bound == status::success)
     trace(": sent event on value parsed, option: '", binding.option.firstName(), "', value: '",
           token, "'");
   return bound;
 }
 
-// `text` is that of the token, where it stays until the value is stored. A typed value that is
-// a text has it inside, completed.
-int IArgumentParser::bindOne(string& token, const char* text, const Binding& binding) {
+// The token, kept, is completed where it is an abbreviation; the whole text is kept then too,
+// for it is the option's.
+int IArgumentParser::bindOne(std::string_view& token, const Binding& binding) {
   const OptionDescription& option = binding.option;
-  Value value(nullptr, variant_t(), 0);
-  if (!option.validate(token, value.value, binding.error))
+  const char* const typed = token.data();
+  variant_t value;
+  if (!option.validate(token, value, binding.error))
     return fail(binding.error, validationProblem(binding.argument, binding.error));
+  if (token.data() != typed) {
+    token = m_texts.copy(token);
+    value = variant_t(token.data(), true);
+  }
 
-  value.text = token.c_str();
-  value.position = getNewPositionIndex();
-  if (!m_handler->onValueParse(option.firstName().data(), value)) {
+  const int position = getNewPositionIndex();
+  if (m_handler != nullptr &&
+      !m_handler->onValueParse(option.firstName().data(), {token.data(), value, position})) {
     binding.error = isNotValid(binding.isSplit ? binding.value : token, option, binding.argument);
     // No separator here: the lines have always run together.
     trace(binding.error, " One of the handler signaled the value is not valid.");
     return status::valueRefused;
   }
-  const bool isText = value.value.can_get<const char*>();
-  m_data.values.push_back(
-      {isText ? value.value.get<const char*>() : text, std::move(value.value), value.position});
+  m_data.values.push_back({token.data(), std::move(value), position});
   return status::success;
 }
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/garbage.h"
+#include "base/owned_memory.h"
 #include "base/trace.h"
 #include "options/option_data.h"
 #include "options/option_description.h"
@@ -18,7 +18,9 @@ namespace kivo_3_3 {
 // of the highest priority then parses it.
 class IArgumentParser {
  public:
-  IArgumentParser(EventHandler& handler, Garbage& garbage, int flags);
+  // `handler` is null where nobody listens. The texts of values are kept in `texts`, for
+  // whoever stores them.
+  IArgumentParser(EventHandler* handler, OwnedMemory& texts, int flags);
   IArgumentParser(const IArgumentParser&) = delete;
   IArgumentParser& operator=(const IArgumentParser&) = delete;
 
@@ -42,6 +44,9 @@ class IArgumentParser {
   KIVO_API static int m_idx;
 
  protected:
+  // Tells that the option was met.
+  void announce(const OptionDescription& option) const;
+
   // Splits a value where the option asks for it, converts, checks and announces each
   // piece, and stores the option. An empty value stores the option without values.
   int parseValueAndAddOption(std::string_view value, std::string& error,
@@ -57,9 +62,8 @@ class IArgumentParser {
     internal::traceLine(m_name, parts...);
   }
 
-  EventHandler* m_handler;
+  EventHandler* m_handler;  // if any
   const char* m_name = "UndefinedParser";
-  Garbage* m_garbage;
   int m_flags;
 
  private:
@@ -67,14 +71,13 @@ class IArgumentParser {
 
   int bindTokens(const Binding& binding);
   int bindEachToken(char separator, const Binding& binding);
-  int bindToken(std::string& token, const char* text, const Binding& binding);
-  int bindOne(std::string& token, const char* text, const Binding& binding);
+  int bindToken(std::string_view token, const Binding& binding);
+  int bindOne(std::string_view& token, const Binding& binding);
 
-  // Kept from one argument to the next for the room they have.
+  OwnedMemory& m_texts;
+  // Kept from one argument to the next for the room it has.
   OwnedMemoryOf<128> m_memory;
   OptionData m_data{&m_memory};
-  std::string m_value;
-  std::string m_token;
 };
 
 }  // namespace kivo_3_3

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "base/white_space.h"
 #include "bedrock/unicode.h"
 #include "recognizers/split_argument.h"
 
@@ -43,20 +42,22 @@ std::size_t typographicDashLength(std::string_view text) {
   return 0;
 }
 
-ArgumentParts splitArgument(std::string_view argument) {
-  const WhiteSpace isSpace;
-  std::string_view plain = argument;
-  plain.remove_prefix(dashLength(plain));
-  plain.remove_prefix(dashLength(plain));
-  const auto end = std::find_if(plain.begin(), plain.end(), [&](char character) {
-    return character == '=' || isSpace(character);
-  });
-  const auto length = static_cast<std::size_t>(end - plain.begin());
-  if (length == plain.size())
-    return {plain, {}, false};
-  const auto rest = *end == '=' ? end + 1 : std::find_if_not(end, plain.end(), isSpace);
-  return {plain.substr(0, length), plain.substr(static_cast<std::size_t>(rest - plain.begin())),
-          true};
+ArgumentParts splitArgument(std::string_view argument, const WhiteSpace& isSpace) {
+  std::string_view rest = argument;
+  rest.remove_prefix(dashLength(rest));
+  rest.remove_prefix(dashLength(rest));
+  std::size_t length = 0;
+  while (length < rest.size() && rest[length] != '=' && !isSpace(rest[length]))
+    ++length;
+  ArgumentParts parts = {{rest.data(), length}, {}, length < rest.size()};
+  rest.remove_prefix(length);
+  if (parts.hasValue && rest.front() == '=')
+    rest.remove_prefix(1);
+  else
+    while (!rest.empty() && isSpace(rest.front()))
+      rest.remove_prefix(1);
+  parts.value = rest;
+  return parts;
 }
 
 unsigned int getDashLength(const std::string& text, unsigned int pos) {
@@ -64,7 +65,7 @@ unsigned int getDashLength(const std::string& text, unsigned int pos) {
 }
 
 bool splitOptionValue(const std::string& arg, std::string* name, std::string* value) {
-  const ArgumentParts parts = splitArgument(arg);
+  const ArgumentParts parts = splitArgument(arg, WhiteSpace());
   if (name != nullptr)
     name->assign(parts.name);
   if (value != nullptr && parts.hasValue)

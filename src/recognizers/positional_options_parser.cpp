@@ -6,9 +6,9 @@ namespace kivo_3_3 {
 
 using std::string;
 
-PositionalOptionsParser::PositionalOptionsParser(EventHandler& handler, Garbage& garbage, int flags,
-                                                 DeclarationIndex& index)
-    : IArgumentParser(handler, garbage, flags), m_index(index) {
+PositionalOptionsParser::PositionalOptionsParser(EventHandler* handler, OwnedMemory& texts,
+                                                 int flags, DeclarationIndex& index)
+    : IArgumentParser(handler, texts, flags), m_index(index) {
   m_name = "PositionalOptionsParser";
 }
 
@@ -27,7 +27,7 @@ int PositionalOptionsParser::parse(ArgumentWindow& args, IResultCollector* colle
   optionIndex = m_index.findPositional(options).value_or(static_cast<unsigned int>(options.size()));
   const OptionDescription& option = options.at(optionIndex);
   trace(": option is '", option.firstName(), "'");
-  m_handler->onOptionParse(option.firstName().data());
+  announce(option);
   const int bound = parseValueAndAddOption(args.front(), error, option, args, collector);
   if (bound != status::success)
     return bound;

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "base/white_space.h"
+
 namespace kivo_3_3 {
 
 // What an argument consists of, as splitOptionValue() tells.
@@ -12,7 +14,7 @@ struct ArgumentParts {
   bool hasValue = false;  // even if that is empty
 };
 
-ArgumentParts splitArgument(std::string_view argument);
+ArgumentParts splitArgument(std::string_view argument, const WhiteSpace& isSpace);
 
 // The length of the dash outside of ASCII that `text` begins with.
 std::size_t typographicDashLength(std::string_view text);

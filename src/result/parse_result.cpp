@@ -42,7 +42,7 @@ int ParseResult::getNextArgument(const char** text) {
   return 0;
 }
 
-void ParseResult::store(const OptionDescription& option, OptionData& data) {
+void ParseResult::store(const OptionDescription& option, const OptionData& data) {
   m_options.store(option.m_names, data, option.m_identity);
 }
 

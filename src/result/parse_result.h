@@ -41,7 +41,7 @@ class ParseResult final : public IParseResult, public IResultCollector {
   ~ParseResult() override = default;
 
   // Adds an occurrence under every name of the option. Occurrences add up.
-  void store(const OptionDescription& option, OptionData& data) override;
+  void store(const OptionDescription& option, const OptionData& data) override;
 
   // Gives the options that declare a default that, under each of their names and with a
   // position for each. Raises std::out_of_range behind those that have a name.
@@ -49,6 +49,9 @@ class ParseResult final : public IParseResult, public IResultCollector {
 
   // Adds an argument that stood behind "--".
   void addArgument(std::string_view text, int position);
+
+  // For the texts of what is stored.
+  OwnedMemory& memory() { return m_memory; }
 
   const StoredOptions& options() const { return m_options; }
   const std::vector<Argument>& arguments() const { return m_arguments; }

@@ -1,6 +1,7 @@
 #include "result/result_cursor.h"
 
 #include <algorithm>
+#include <new>
 
 namespace kivo_3_3 {
 
@@ -34,6 +35,16 @@ std::size_t firstValue(const OptionData& data, std::size_t begin, int from) {
               [&](const auto& value) { return value.position < from; });
 }
 
+// A value for readers, who may keep it for longer than the result: if there is memory for
+// that.
+variant_t lasting(const variant_t& value) {
+  try {
+    return ownValue(value);
+  } catch (const std::bad_alloc&) {
+    return value;
+  }
+}
+
 }  // namespace
 
 Value ResultCursor::get(const char* name, int from, int to) {
@@ -64,7 +75,7 @@ Value ResultCursor::next() {
       data->values[m_place.value].position > m_place.rangeTo)
     return {};
   const GivenValue& value = data->values[m_place.value++];
-  return {value.text, value.value, value.position};
+  return {value.text, lasting(value.value), value.position};
 }
 
 bool ResultCursor::present(const char* name, int from, int to) {

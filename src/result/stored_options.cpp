@@ -13,8 +13,7 @@ constexpr std::size_t typicalOptions = 8;
 
 }  // namespace
 
-void StoredOptions::store(const Names& names, OptionData& occurrence, std::uint64_t option) {
-  keepTexts(occurrence);
+void StoredOptions::store(const Names& names, const OptionData& occurrence, std::uint64_t option) {
   if (option == 0 || option != m_last.option || names.size() != m_last.names)
     m_last = {option, names.size(), lookUp(names)};
   if (m_last.data != none) {
@@ -37,12 +36,6 @@ StoredOptions::Number StoredOptions::lookUp(const Names& names) {
   for (const HashedName& name : names)
     m_numbers.push_back(numberOf(name));
   return isAlone(m_numbers) ? m_names[m_numbers[0]].data : none;
-}
-
-void StoredOptions::keepTexts(OptionData& occurrence) {
-  for (GivenValue& value : occurrence.values)
-    if (!value.value.can_get<const char*>())
-      value.text = m_memory.copy(value.text).data();
 }
 
 // Whether these names were stored under together, in this order, and share their data with
@@ -70,12 +63,11 @@ bool StoredOptions::areNew(const Numbers& names) const {
 
 // For an option that the result does not know, in the place of what another option may have
 // stored under one of the names. Whatever may fail for want of memory comes first.
-void StoredOptions::storeFirst(const Numbers& names, OptionData& occurrence) {
+void StoredOptions::storeFirst(const Numbers& names, const OptionData& occurrence) {
   if (m_data.empty())
     m_data.reserve(typicalOptions);
   const auto data = static_cast<Number>(m_data.size());
-  m_data.emplace_back(&m_memory).makeRoomFor(occurrence);
-  m_data[data].append(occurrence);
+  m_data.emplace_back(occurrence, &m_memory);
   Number next = none;
   for (auto number = names.rbegin(); number != names.rend(); ++number) {
     Name& name = m_names[*number];
@@ -89,7 +81,6 @@ void StoredOptions::storeFirst(const Numbers& names, OptionData& occurrence) {
 // Under names that do not share their data, or not with each other alone: each gets data of
 // its own, which no reader can tell. Whatever may fail for want of memory comes first.
 void StoredOptions::storeApart(const Numbers& names, const OptionData& occurrence) {
-  std::vector<OptionData> copies(names.size(), occurrence);
   std::vector<Number> own;
   for (const Number name : names) {
     const auto before = std::find(names.begin(), names.end(), name) - names.begin();
@@ -102,7 +93,7 @@ void StoredOptions::storeApart(const Numbers& names, const OptionData& occurrenc
     name.data = own[i];
     name.next = none;
     name.isFirst = true;
-    m_data[own[i]].append(copies[i]);
+    m_data[own[i]].append(occurrence);
   }
 }
 

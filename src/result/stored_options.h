@@ -39,9 +39,9 @@ class StoredOptions {
         m_applied(&memory) {}
 
   // Adds an occurrence under each of the names: under all of them or, when memory runs
-  // out, under none. Its values are moved away. `option`, if any, tells whose names they are:
-  // what comes again and again finds its place at once.
-  void store(const Names& names, OptionData& occurrence, std::uint64_t option = 0);
+  // out, under none. The texts of its values must live as long. `option`, if any, tells whose
+  // names they are: what comes again and again finds its place at once.
+  void store(const Names& names, const OptionData& occurrence, std::uint64_t option = 0);
 
   // Puts these defaults in the place of former ones of the same names, and draws a
   // position for each.
@@ -78,13 +78,12 @@ class StoredOptions {
     int firstPosition;
   };
 
-  void keepTexts(OptionData& occurrence);
   Number lookUp(const Names& names);
   [[gnu::cold]] void makeLatest(std::shared_ptr<const DeclaredDefaults> defaults);
   bool isGiven(Number name) const { return m_names[name].data != none; }
   bool isAlone(const Numbers& names) const;
   bool areNew(const Numbers& names) const;
-  void storeFirst(const Numbers& names, OptionData& occurrence);
+  void storeFirst(const Numbers& names, const OptionData& occurrence);
   [[gnu::cold]] void storeApart(const Numbers& names, const OptionData& occurrence);
   [[gnu::cold]] Number ownData(Number name);
   [[gnu::cold]] bool isShared(Number data) const;

@@ -1,4 +1,4 @@
-// Queries while there is no memory: they need none, and answer in full.
+// Queries while there is no memory: they answer in full.
 
 #include <gtest/gtest.h>
 #include <kivo/kivo.h>
@@ -18,6 +18,7 @@ using testing::Command;
 using testing::Failing;
 
 constexpr const char* longText = "a text too long to be kept without memory";
+constexpr const char* listed = "--list=a text too long to be kept without memory";
 
 // A result to ask, and what it answered.
 struct Asking {
@@ -25,7 +26,7 @@ struct Asking {
     command.option("level,l", vtS32);
     command.option("list", vtString)->tokenize(';');
     command.option("tone", vtString)->defaultValue(longText);
-    command.parse({"--level=17", "-l", "18", "--list=x", "--", longText, "b"});
+    command.parse({"--level=17", "-l", "18", "--list=x", listed, "--", longText, "b"});
   }
 
   IParseResult& result() { return command.result(); }
@@ -36,6 +37,13 @@ struct Asking {
     EXPECT_STREQ("17", result().get("level").text);
     EXPECT_STREQ("18", result().next("level").text);
     EXPECT_EQ((std::vector<std::string>{longText, "b"}), leftoverTexts());
+  }
+
+  // A text of its own, unlike one that only refers to the result's.
+  void expectList(const char* text, variant_type_t type, const Value& value) {
+    EXPECT_STREQ(text, value.text);
+    EXPECT_STREQ(text, value.value.get<const char*>());
+    EXPECT_EQ(type, value.value.type());
   }
 
   std::vector<std::string> leftoverTexts() {
@@ -55,6 +63,21 @@ TEST(MemoryRunsOut, GetNeedsNone) {
     EXPECT_STREQ("17", value.text);
     EXPECT_EQ(17, value.value.get<s32_t>());
   }
+  scene.expectUsable();
+}
+
+TEST(MemoryRunsOut, TextsThatAreReadReferToTheResult) {
+  Asking scene;
+  {
+    const AllocationLimit limit(0, Failing::forEver);
+    scene.expectList("x", stratum2::vtStringReference, scene.result().get("list"));
+    scene.expectList(longText, stratum2::vtStringReference, scene.result().next("list"));
+    EXPECT_EQ(1, scene.result().next("list").isEmpty);
+    scene.expectList(longText, stratum2::vtStringReference, getLastValue(&scene.result(), "list"));
+    EXPECT_TRUE(limit.reached());
+  }
+  scene.expectList("x", vtString, scene.result().get("list"));
+  scene.expectList(longText, vtString, scene.result().next("list"));
   scene.expectUsable();
 }
 

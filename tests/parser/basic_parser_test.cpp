@@ -374,6 +374,18 @@ TEST(HandlerTexts, LiveAsLongAsTheParser) {
   EXPECT_STREQ("unknown and just as long", keeper.unknown);
 }
 
+TEST(HandlerTexts, TypedValuesOutliveTheParserAndTheResult) {
+  Keeper keeper;
+  {
+    Command command;
+    command.parser().addHandler(&keeper);
+    command.option("level", vtString)->allowValue("high and much longer than a short string");
+    command.parse({"--level=high"});
+  }
+  EXPECT_EQ(vtString, keeper.value.value.type());
+  EXPECT_STREQ("high and much longer than a short string", keeper.value.value.get<const char*>());
+}
+
 TEST(HandlerTexts, AreTheKeptOnes) {
   BasicParser parser(0);
   Keeper first;

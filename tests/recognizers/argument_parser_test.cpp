@@ -40,7 +40,7 @@ class Binder final : public IArgumentParser {
 // Renders what is stored, positions relative to the last one before.
 class Collector final : public IResultCollector {
  public:
-  void store(const OptionDescription& option, OptionData& data) override {
+  void store(const OptionDescription& option, const OptionData& data) override {
     text += option.firstName();
     for (const int position : data.positions)
       text += at(position);
@@ -77,7 +77,7 @@ class ValueBinding : public ::testing::Test {
 
   Garbage garbage;
   RecordingHandler handler;
-  Binder binder{handler, garbage, 0};
+  Binder binder{&handler, garbage.memory(), 0};
   OptionDescription option = makeOption({"level", "l"}, vtString, &garbage);
   int drawn = 0;
 };
@@ -204,7 +204,7 @@ TEST_F(ValueBinding, RefusalQuotesWhatWasTypedOnlyWhereItIsSplit) {
 
 TEST_F(ValueBinding, TypedValueIsStored) {
   struct Typed final : IResultCollector {
-    void store(const OptionDescription&, OptionData& data) override {
+    void store(const OptionDescription&, const OptionData& data) override {
       for (const GivenValue& value : data.values)
         values.push_back(value.value);
     }
@@ -231,7 +231,7 @@ class ValueKeeper final : public testing::TestHandler {
 
 TEST_F(ValueBinding, HandlerReceivesTheFirstNameAndTheWholeValue) {
   ValueKeeper keeper;
-  Binder announcing(keeper, garbage, 0);
+  Binder announcing(&keeper, garbage.memory(), 0);
   option.m_type = vtS32;
   string error;
   const ArgumentWindow args({"--level=07"});

@@ -370,6 +370,38 @@ TEST(Result, IsIndependentOfItsParser) {
   EXPECT_STREQ("rest", text);
 }
 
+TEST(Result, TypedValuesThatWereReadOutliveIt) {
+  Value given;
+  Value standby;
+  {
+    const ParserHandle parser = makeParser();
+    parser->option("tone", "", vtString)->allowValue("a tone too long for itself");
+    parser->option("mood", "", vtString)->defaultValue("a mood too long for itself");
+    const ResultHandle result = makeResult(*parser);
+    const char* argv[] = {"tool", "--tone=a"};
+    EXPECT_EQ(0, parser->parseArgsVector(2, argv, result.get()));
+    given = result->get("tone");
+    standby = result->get("mood");
+  }
+  EXPECT_EQ(vtString, given.value.type());
+  EXPECT_STREQ("a tone too long for itself", given.value.get<const char*>());
+  EXPECT_EQ(vtString, standby.value.type());
+  EXPECT_STREQ("a mood too long for itself", standby.value.get<const char*>());
+}
+
+TEST(Result, TextOfACompletedValueOutlivesTheParser) {
+  ResultHandle result;
+  {
+    const ParserHandle parser = makeParser();
+    parser->option("tone", "", vtString)->allowValue("friendly")->allowValue("cool");
+    result = makeResult(*parser);
+    const char* argv[] = {"tool", "--tone=fr,c"};
+    EXPECT_EQ(0, parser->parseArgsVector(2, argv, result.get()));
+  }
+  EXPECT_STREQ("friendly", result->get("tone").text);
+  EXPECT_STREQ("cool", result->next("tone").text);
+}
+
 TEST(Result, TextsStayValidUntilItsEnd) {
   Command command;
   command.option("level", vtString);

@@ -41,8 +41,11 @@ void variant_t::retain() noexcept {
   m_value.m_data->m_references.fetch_add(1, std::memory_order_relaxed);
 }
 
+// The only owner needs not say that it is gone.
 void variant_t::release() noexcept {
-  if (m_value.m_data->m_references.fetch_sub(1, std::memory_order_acq_rel) == 1)
+  std::atomic<int>& references = m_value.m_data->m_references;
+  if (references.load(std::memory_order_acquire) == 1 ||
+      references.fetch_sub(1, std::memory_order_acq_rel) == 1)
     m_mem.free(m_value.m_data);
 }
 
