@@ -74,8 +74,8 @@ template <class Entry>
 std::uint32_t NameTable<Entry>::add(Entry entry) {
   makeRoom();
   const auto number = static_cast<std::uint32_t>(m_entries.size());
-  put({entry.name.hash, number}, m_slots);
   m_entries.push_back(std::move(entry));
+  put({m_entries.back().name.hash, number}, m_slots);
   return number;
 }
 
@@ -91,7 +91,7 @@ void NameTable<Entry>::put(Slot slot, Slots& slots) {
 template <class Entry>
 void NameTable<Entry>::makeRoom() {
   const std::size_t count = m_entries.size();
-  if (count != m_entries.capacity() && count * 2 < m_slots.size())
+  if (count * 2 < m_slots.size())
     return;
   const std::size_t room = std::max(fewestEntries, count * 2);
   m_entries.reserve(room);

@@ -58,34 +58,33 @@ DeclarationIndex::Match DeclarationIndex::findBest(std::string_view typed,
 
 std::optional<unsigned int> DeclarationIndex::findPositional(const OptionList& options) {
   catchUp(options);
-  if (!m_positional && !options.empty() && options.back().m_positional)
-    return static_cast<unsigned int>(options.size() - 1);
+  if (!m_positional && m_last != nullptr && m_last->m_positional)
+    return m_nextOption;
   return m_positional;
 }
 
 bool DeclarationIndex::hasActions(const OptionList& options) {
   catchUp(options);
-  return m_hasActions || (!options.empty() && options.back().isAction());
+  return m_hasActions || (m_last != nullptr && m_last->isAction());
 }
 
 std::shared_ptr<const DeclaredDefaults> DeclarationIndex::defaults(const OptionList& options) {
   catchUp(options);
-  if (options.empty())
+  if (m_last == nullptr)
     return nullptr;
-  const OptionDescription& last = options.back();
-  if (m_defaultsOf == options.size() && m_defaultsOfChanges == last.m_changes)
+  if (m_defaultsOf == options.size() && m_defaultsOfChanges == m_lastChanges)
     return m_defaults;
 
   std::shared_ptr<DeclaredDefaults> defaults;
-  if (!m_withDefault.empty() || last.m_hasDefault) {
+  if (!m_withDefault.empty() || m_last->m_hasDefault) {
     defaults = std::make_shared<DeclaredDefaults>();
     for (const std::uint32_t option : m_withDefault)
       defaults->add(options[option]);
-    defaults->add(last);
+    defaults->add(*m_last);
   }
   m_defaults = std::move(defaults);
   m_defaultsOf = options.size();
-  m_defaultsOfChanges = last.m_changes;
+  m_defaultsOfChanges = m_lastChanges;
   return m_defaults;
 }
 
@@ -95,11 +94,13 @@ void DeclarationIndex::learn(const OptionList& options) {
     for (; m_nextName < option.m_names.size(); ++m_nextName)
       m_names.add({option.m_names[m_nextName], m_nextOption, option.m_type == vtBool});
     if (m_nextOption + 1 == options.size())
-      return;  // its builder may still change it
+      break;  // its builder may still change it
     settle(m_nextOption, options);
     ++m_nextOption;
     m_nextName = 0;
   }
+  m_last = &options.back();
+  m_lastChanges = m_last->m_changes;
 }
 
 // What may fail for want of memory comes first.

@@ -60,7 +60,7 @@ class DeclarationIndex {
   struct Matches;
 
   void catchUp(const OptionList& options) {
-    if (m_nextOption + 1 != options.size() || m_nextName != options.back().m_names.size())
+    if (!options.empty() && (&options.back() != m_last || m_last->m_changes != m_lastChanges))
       learn(options);
   }
   void learn(const OptionList& options);
@@ -74,6 +74,10 @@ class DeclarationIndex {
   Sorted m_sortedBooleans;         // those with a "no-" form
   std::uint32_t m_nextOption = 0;  // the name not yet indexed: that of this option
   std::uint32_t m_nextName = 0;    // and of this number
+
+  // The last option, and how often it had changed.
+  const OptionDescription* m_last = nullptr;
+  std::uint32_t m_lastChanges = 0;
 
   // Of all options but the last:
   std::optional<std::uint32_t> m_positional;  // the first positional one

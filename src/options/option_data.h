@@ -2,6 +2,8 @@
 
 #include <kivo/value.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <vector>
 
 #include "base/owned_memory.h"
@@ -34,7 +36,10 @@ struct OptionData {
         isAscending(other.isAscending) {}
 
   // Room for what so many calls of append() will add, so that they cannot fail.
-  void makeRoomFor(const OptionData& occurrence, std::size_t times = 1);
+  void makeRoomFor(const OptionData& occurrence, std::size_t times = 1) {
+    makeRoom(positions, occurrence.positions.size() * times);
+    makeRoom(values, occurrence.values.size() * times);
+  }
   // Puts the values of `occurrence` behind those here.
   void append(const OptionData& occurrence) noexcept;
   // Leaves nothing but the room.
@@ -45,6 +50,13 @@ struct OptionData {
   // Whether positions and values both ascend. They do unless one parse stored into the
   // result in the midst of another, or the counter has wrapped.
   bool isAscending = true;
+
+ private:
+  template <class List>
+  static void makeRoom(List& list, std::size_t more) {
+    if (list.capacity() - list.size() < more)
+      list.reserve(std::max(list.size() * 2, list.size() + more));
+  }
 };
 
 // Where recognizers hand over what they have bound.

@@ -77,14 +77,15 @@ int AbbreviationParser::recognize(ArgumentWindow& args, OptionList& options, str
 
 int AbbreviationParser::parse(ArgumentWindow& args, IResultCollector* collector,
                               OptionList& options, unsigned int& optionIndex, string& error) {
+  const std::string_view argument = args.front();
   optionIndex = static_cast<unsigned int>(m_optionIndex);
-  trace(": parsing argument '", args.front(), "'");
+  trace(": parsing argument '", argument, "'");
   if (m_parts.name.empty() || startsWithHyphen(m_parts.name)) {
-    error = joined("Unknown option '", args.front(), "'");
+    error = joined("Unknown option '", argument, "'");
     return status::usageError;
   }
   if (!m_candidates.empty()) {
-    error = joined("Ambiguous option '", m_parts.name, "'", formatTokenMessage(args.front()),
+    error = joined("Ambiguous option '", m_parts.name, "'", formatTokenMessage(argument),
                    ", could be: ", m_candidates);
     return status::usageError;
   }

@@ -49,7 +49,12 @@ class ArgumentWindow {
   void lookAtFront() {
     if (!empty())
       m_front = text(0);
+    if (m_argv != nullptr && m_left > farAhead)
+      __builtin_prefetch(m_argv[m_used + farAhead]);
   }
+
+  // A long command line is in no cache: its texts come while others are parsed.
+  static constexpr std::size_t farAhead = 6;
 
   const char* const* m_argv = nullptr;
   Texts m_texts;  // without the former

@@ -13,6 +13,9 @@ int load_file(const char* name, std::string& text) {
   if (file == nullptr)
     return 1;
   std::string read;
+  struct stat status = {};
+  if (fstat(fileno(file.get()), &status) == 0)
+    read.reserve(static_cast<std::size_t>(status.st_size));
   char buffer[16 * 1024];
   while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, file.get()))
     read.append(buffer, count);
