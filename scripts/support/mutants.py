@@ -28,7 +28,7 @@ PREFIX = re.compile(r"\s*(?:(else|do)\b|(?:case\b(?:::|[^:;])*|default\s*):(?!:)
 EXPRESSION = re.compile(r"(?!return\b|auto\b)(?:throw\b|(?:\+\+|--|\*|\()*[\w:]+(?:<[\w:* ]+>)?\s*"
                         r"(?:\(|\.|->|\[|\+\+|--|(?:[-+*/%|&^]|<<|>>)?=(?!=)|<<|>>))")
 # What `return {}` would not change, or could not compile to.
-DEFAULT = re.compile(r"\d+|true|false|nullptr|__|\*this|[\w:<>*]*(\{\}|\(\))|\{.*\}", re.DOTALL)
+DEFAULT = re.compile(r"\d+|true|false|nullptr|std::nullopt|__|\*this|[\w:<>*]*(\{\}|\(\))|\{.*\}", re.DOTALL)
 
 
 def room_of(file):

@@ -44,6 +44,14 @@ class Table : public ::testing::Test {
   NameTable<Entry> table{&memory};
 };
 
+TEST(HashedName, IsAnotherWhereOnlyTheHashIsTheSame) {
+  HashedName other("b");
+  other.hash = HashedName("a").hash;
+  EXPECT_FALSE(other == HashedName("a"));
+  EXPECT_TRUE(HashedName("a") == HashedName(string("a")));
+  EXPECT_FALSE(HashedName("a") == HashedName("b"));
+}
+
 TEST_F(Table, FindsNothingInNothing) {
   EXPECT_EQ("none", found("a"));
   EXPECT_EQ("none", found(""));

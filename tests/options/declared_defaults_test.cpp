@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -90,6 +91,29 @@ TEST(DeclaredDefaults, OneNameTwiceHasTheLaterPlace) {
   defaults.add(optionWith({"a", "a"}, vtS32, 1));
   EXPECT_EQ("a=1@1", listed(defaults));
   EXPECT_EQ(2u, defaults.count());
+}
+
+TEST(DeclaredDefaults, ANameDeclaredAgainIsStillTheirOwn) {
+  DeclaredDefaults defaults;
+  defaults.add(optionWith({"a"}, vtS32, 1));
+  const char* const kept = defaults.find("a")->name.text.data();
+  defaults.add(optionWith({"a"}, vtS32, 2));
+  EXPECT_EQ(kept, defaults.find("a")->name.text.data());
+  EXPECT_EQ("a=2@1", listed(defaults));
+}
+
+TEST(DeclaredDefaults, KnowWhetherTheyHaveAllOfOthers) {
+  const auto defaultsOf = [](const std::vector<string>& names) {
+    auto defaults = std::make_unique<DeclaredDefaults>();
+    defaults->add(optionWith(names, vtS32, 1));
+    return defaults;
+  };
+  const auto ab = defaultsOf({"a", "b"});
+  EXPECT_TRUE(ab->hasAllOf(DeclaredDefaults()));
+  EXPECT_TRUE(ab->hasAllOf(*defaultsOf({"b"})));
+  EXPECT_TRUE(ab->hasAllOf(*ab));
+  EXPECT_FALSE(ab->hasAllOf(*defaultsOf({"b", "c"})));
+  EXPECT_FALSE(DeclaredDefaults().hasAllOf(*ab));
 }
 
 TEST(DeclaredDefaults, AnOptionWithoutNamesIsOutOfRange) {

@@ -6,6 +6,7 @@
 
 #include <stdexcept>
 
+#include "allocation/allocation_limit.h"
 #include "base/quoted.h"
 #include "options/make_option.h"
 #include "recognizers/argument_parser.h"
@@ -17,8 +18,10 @@ namespace kivo_3_3 {
 namespace {
 
 using std::string;
+using testing::AllocationLimit;
 using testing::applyDefault;
 using testing::Command;
+using testing::Failing;
 using testing::given;
 using testing::givenTo;
 using testing::makeOption;
@@ -83,6 +86,7 @@ TEST(OptionData, KnowsWhetherItsPositionsAscend) {
       {"as they are drawn", {{1}, {4}}, {{2, 3}, {5}}, true},
       {"nothing", {{}, {}}, {{}, {}}, true},
       {"one of each kind", {{1}, {}}, {{2}, {}}, true},
+      {"one position several times", {{1, 1}, {1}}, {{2, 2}, {2}}, true},
       {"occurrences turn back between two", {{4}, {1}}, {{5}, {6}}, false},
       {"occurrences turn back within one", {{2, 1}, {}}, {{3}, {}}, false},
       {"occurrences turn back within the second", {{1}, {3, 2}}, {{4}, {5}}, false},
@@ -130,6 +134,19 @@ TEST(OptionData, RoomThatWasMadeIsEnough) {
   EXPECT_EQ(positions, entry.positions.capacity());
   EXPECT_EQ(values, entry.values.capacity());
   EXPECT_EQ("@1 @1 @1 a@2 b@3 a@2 b@3 a@2 b@3", render(entry));
+}
+
+TEST(OptionData, RoomForOneMoreIsEnoughAtEverySize) {
+  OptionData entry;
+  for (int position = 1; position < 40; ++position) {
+    const OptionData data = occurrence(position, "a");
+    entry.makeRoomFor(data);
+    const AllocationLimit limit(0, Failing::forEver);
+    entry.append(data);
+    ASSERT_FALSE(limit.reached()) << position;
+  }
+  EXPECT_EQ(39u, entry.positions.size());
+  EXPECT_EQ(39u, entry.values.size());
 }
 
 TEST(OptionData, ClearedHasNothingLeft) {
