@@ -13,12 +13,13 @@ const char* Garbage::init(const char* text) {
 const char* Garbage::keep(const char* text) {
   if (text == nullptr)
     return "";
-  HashedName wanted(text);
-  if (const auto known = m_texts.find(wanted))
-    return m_texts[*known].name.text.data();
-  wanted.text = m_memory.copy(wanted.text);
-  m_texts.add({wanted});
-  return wanted.text.data();
+  const HashedName wanted(text);
+  const std::uint32_t number = m_texts.findOrAdd(wanted, [&] {
+    HashedName kept = wanted;
+    kept.text = m_memory.copy(wanted.text);
+    return Text{kept};
+  });
+  return m_texts[number].name.text.data();
 }
 
 }  // namespace kivo_3_3

@@ -10,8 +10,7 @@ namespace kivo_3_3 {
 struct HashedName {
   HashedName() = default;
   // NOLINTNEXTLINE(google-explicit-constructor): a name is a text
-  HashedName(std::string_view name)
-      : text(name), hash(static_cast<std::uint32_t>(std::hash<std::string_view>()(name))) {}
+  HashedName(std::string_view name) : text(name), hash(hashOf(name)) {}
   // NOLINTNEXTLINE(google-explicit-constructor)
   HashedName(const char* name) : HashedName(std::string_view(name)) {}
 
@@ -20,6 +19,14 @@ struct HashedName {
 
   std::string_view text;
   std::uint32_t hash = 0;
+
+ private:
+  static std::uint32_t hashOf(std::string_view name) {
+    std::uint32_t hash = 2166136261;
+    for (const char character : name)
+      hash = (hash ^ static_cast<unsigned char>(character)) * 16777619;
+    return hash;
+  }
 };
 
 inline bool operator==(const HashedName& left, const HashedName& right) {

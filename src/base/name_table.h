@@ -18,7 +18,9 @@ class NameTable {
  public:
   using Entries = std::vector<Entry, OwnedAllocator<Entry>>;
 
-  explicit NameTable(OwnedMemory* memory) : m_entries(memory), m_slots(memory) {}
+  // So many entries are expected, a power of two, once there is one.
+  explicit NameTable(OwnedMemory* memory, std::size_t expected = 16)
+      : m_entries(memory), m_slots(memory), m_expected(expected) {}
 
   const Entries& entries() const { return m_entries; }
   Entry& operator[](std::uint32_t number) { return m_entries[number]; }
@@ -35,6 +37,11 @@ class NameTable {
   // Returns the number of the entry. When memory runs out, nothing has changed.
   std::uint32_t add(Entry entry);
 
+  // The number of the entry with this name; where there is none, of that which `make` returns,
+  // and which is added. When memory runs out, nothing has changed.
+  template <class Make>
+  std::uint32_t findOrAdd(const HashedName& name, Make make);
+
  private:
   // Open addressing: an entry stands in the first free place from that of its hash on.
   struct Slot {
@@ -44,13 +51,13 @@ class NameTable {
   using Slots = std::vector<Slot, OwnedAllocator<Slot>>;
 
   static constexpr std::uint32_t noEntry = 0xFFFFFFFF;
-  static constexpr std::size_t fewestEntries = 16;
 
   static void put(Slot slot, Slots& slots);
   void makeRoom();
 
   Entries m_entries;
   Slots m_slots;  // none without entries, else a power of two and at most half full
+  std::size_t m_expected;
 };
 
 template <class Entry>
@@ -80,6 +87,21 @@ std::uint32_t NameTable<Entry>::add(Entry entry) {
 }
 
 template <class Entry>
+template <class Make>
+std::uint32_t NameTable<Entry>::findOrAdd(const HashedName& name, Make make) {
+  makeRoom();
+  const std::size_t last = m_slots.size() - 1;
+  std::size_t place = name.hash & last;
+  for (; m_slots[place].number != noEntry; place = (place + 1) & last)
+    if (m_slots[place].hash == name.hash && m_entries[m_slots[place].number].name == name)
+      return m_slots[place].number;
+  const auto number = static_cast<std::uint32_t>(m_entries.size());
+  m_entries.push_back(make());
+  m_slots[place] = {name.hash, number};
+  return number;
+}
+
+template <class Entry>
 void NameTable<Entry>::put(Slot slot, Slots& slots) {
   std::size_t place = slot.hash & (slots.size() - 1);
   while (slots[place].number != noEntry)
@@ -93,7 +115,7 @@ void NameTable<Entry>::makeRoom() {
   const std::size_t count = m_entries.size();
   if (count * 2 < m_slots.size())
     return;
-  const std::size_t room = std::max(fewestEntries, count * 2);
+  const std::size_t room = std::max(m_expected, count * 2);
   m_entries.reserve(room);
   Slots wider(room * 2, m_slots.get_allocator());
   for (std::uint32_t number = 0; number < count; ++number)

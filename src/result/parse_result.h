@@ -62,7 +62,7 @@ class ParseResult final : public IParseResult, public IResultCollector {
   bool isFilledByOthers() const { return m_isFilledByOthers; }
 
  private:
-  OwnedMemoryOf<2560> m_memory;
+  OwnedMemoryOf<4096> m_memory;
   StoredOptions m_options{m_memory};
   ResultCursor m_cursor{m_options};
   std::vector<Argument> m_arguments;

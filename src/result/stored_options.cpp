@@ -7,12 +7,6 @@
 
 namespace kivo_3_3 {
 
-namespace {
-
-constexpr std::size_t typicalOptions = 8;
-
-}  // namespace
-
 void StoredOptions::store(const Names& names, const OptionData& occurrence, std::uint64_t option) {
   if (option == 0 || option != m_last.option || names.size() != m_last.names)
     m_last = {option, names.size(), lookUp(names)};
@@ -65,7 +59,7 @@ bool StoredOptions::areNew(const Numbers& names) const {
 // stored under one of the names. Whatever may fail for want of memory comes first.
 void StoredOptions::storeFirst(const Numbers& names, const OptionData& occurrence) {
   if (m_data.empty())
-    m_data.reserve(typicalOptions);
+    m_data.reserve(expectedOptions);
   const auto data = static_cast<Number>(m_data.size());
   m_data.emplace_back(occurrence, &m_memory);
   Number next = none;
@@ -116,11 +110,11 @@ bool StoredOptions::isShared(Number data) const {
 }
 
 StoredOptions::Number StoredOptions::numberOf(const HashedName& name) {
-  if (const auto known = m_names.find(name))
-    return *known;
-  HashedName kept = name;
-  kept.text = m_memory.copy(name.text);
-  return m_names.add({kept, none, none, false});
+  return m_names.findOrAdd(name, [&] {
+    HashedName kept = name;
+    kept.text = m_memory.copy(name.text);
+    return Name{kept, none, none, false};
+  });
 }
 
 std::optional<StoredOptions::Number> StoredOptions::find(const HashedName& name) const {

@@ -33,7 +33,7 @@ class StoredOptions {
 
   explicit StoredOptions(OwnedMemory& memory)
       : m_memory(memory),
-        m_names(&memory),
+        m_names(&memory, expectedNames),
         m_numbers(&memory),
         m_data(&memory),
         m_applied(&memory) {}
@@ -59,6 +59,8 @@ class StoredOptions {
 
  private:
   static constexpr Number none = 0xFFFFFFFF;
+  static constexpr std::size_t expectedNames = 32;
+  static constexpr std::size_t expectedOptions = 16;
 
   using Numbers = std::vector<Number, OwnedAllocator<Number>>;
   struct Name {

@@ -91,6 +91,41 @@ TEST_F(Table, OfEqualNamesTheFirstThatIsMeantIsFound) {
   EXPECT_EQ((Numbers{0, 2, 4}), row("a"));
 }
 
+TEST_F(Table, AddsOnlyWhatIsNotThere) {
+  const auto findOrAdd = [&](const string& name, int tag) {
+    return table.findOrAdd(std::string_view(name), [&] { return Entry{memory.copy(name), tag}; });
+  };
+  for (int tag = 0; tag < 1'000; ++tag) {
+    const auto number = static_cast<std::uint32_t>(tag);
+    ASSERT_EQ(number, findOrAdd("name" + std::to_string(tag), tag));
+    ASSERT_EQ(number / 2, findOrAdd("name" + std::to_string(tag / 2), -1));
+    ASSERT_EQ(std::to_string(tag), found("name" + std::to_string(tag)));
+  }
+  EXPECT_EQ(1'000u, table.entries().size());
+  EXPECT_EQ(7, table[7].tag);
+}
+
+TEST_F(Table, AddsNothingWhereNothingIsMade) {
+  add("a");
+  const auto make = []() -> Entry { throw std::bad_alloc(); };
+  EXPECT_EQ(0u, table.findOrAdd("a", make));
+  EXPECT_THROW(table.findOrAdd("b", make), std::bad_alloc);
+  EXPECT_EQ("none", found("b"));
+  EXPECT_EQ(1u, table.entries().size());
+  EXPECT_EQ(1u, table.findOrAdd("b", [] { return Entry{"b"}; }));
+}
+
+// Only by its hash it would be found.
+TEST_F(Table, TellsNamesOfOneHashApart) {
+  HashedName other("b");
+  other.hash = HashedName("a").hash;
+  add("a");
+  EXPECT_FALSE(table.find(other));
+  EXPECT_EQ(1u, table.findOrAdd(other, [&] { return Entry{other}; }));
+  EXPECT_EQ(1u, table.find(other));
+  EXPECT_EQ(0u, table.find("a"));
+}
+
 TEST_F(Table, AnEntryCanBeChangedUnderItsName) {
   add("a", 1);
   table[0].tag = 7;
