@@ -16,7 +16,7 @@ OwnedMemory::~OwnedMemory() {
 void* OwnedMemory::allocateElsewhere(std::size_t size) {
   if (size > largestSmall)
     return ::operator new(size);
-  m_blockSize = std::max(m_blockSize * 2, largestSmall);
+  m_blockSize = std::clamp(m_blockSize * 2, largestSmall, largestBlock);
   char* const piece = addBlock(m_blockSize);
   m_next = piece + size;
   m_end = piece + m_blockSize;

@@ -7,9 +7,8 @@
 
 namespace kivo_3_3 {
 
-// Memory for what ends together with its owner. Small pieces are cut from blocks, each as
-// large as all before, and given back with all others at the end; large ones come and go
-// one by one.
+// Memory for what ends together with its owner. Small pieces are cut from a few larger
+// blocks, and given back with all others at the end; large ones come and go one by one.
 class OwnedMemory {
  public:
   OwnedMemory(const OwnedMemory&) = delete;
@@ -50,6 +49,7 @@ class OwnedMemory {
   };
 
   static constexpr std::size_t largestSmall = 1536;
+  static constexpr std::size_t largestBlock = std::size_t{64} * 1024;
 
   static constexpr std::size_t rounded(std::size_t bytes) {
     return (bytes + alignment - 1) / alignment * alignment;
