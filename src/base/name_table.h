@@ -52,7 +52,10 @@ class NameTable {
 
   static constexpr std::uint32_t noEntry = 0xFFFFFFFF;
 
+  // The place of the name, or the free one that it would take.
+  std::size_t placeOf(const HashedName& name) const;
   static void put(Slot slot, Slots& slots);
+  bool hasRoom() const { return m_entries.size() * 2 < m_slots.size(); }
   void makeRoom();
 
   Entries m_entries;
@@ -79,7 +82,8 @@ std::optional<std::uint32_t> NameTable<Entry>::find(const HashedName& name, IsMe
 
 template <class Entry>
 std::uint32_t NameTable<Entry>::add(Entry entry) {
-  makeRoom();
+  if (!hasRoom())
+    makeRoom();
   const auto number = static_cast<std::uint32_t>(m_entries.size());
   m_entries.push_back(std::move(entry));
   put({m_entries.back().name.hash, number}, m_slots);
@@ -89,16 +93,30 @@ std::uint32_t NameTable<Entry>::add(Entry entry) {
 template <class Entry>
 template <class Make>
 std::uint32_t NameTable<Entry>::findOrAdd(const HashedName& name, Make make) {
-  makeRoom();
-  const std::size_t last = m_slots.size() - 1;
-  std::size_t place = name.hash & last;
-  for (; m_slots[place].number != noEntry; place = (place + 1) & last)
-    if (m_slots[place].hash == name.hash && m_entries[m_slots[place].number].name == name)
+  std::size_t place = 0;
+  for (;; makeRoom()) {
+    if (m_slots.empty())
+      continue;
+    place = placeOf(name);
+    if (m_slots[place].number != noEntry)
       return m_slots[place].number;
+    if (hasRoom())
+      break;
+  }
   const auto number = static_cast<std::uint32_t>(m_entries.size());
   m_entries.push_back(make());
   m_slots[place] = {name.hash, number};
   return number;
+}
+
+template <class Entry>
+std::size_t NameTable<Entry>::placeOf(const HashedName& name) const {
+  const std::size_t last = m_slots.size() - 1;
+  std::size_t place = name.hash & last;
+  while (m_slots[place].number != noEntry &&
+         !(m_slots[place].hash == name.hash && m_entries[m_slots[place].number].name == name))
+    place = (place + 1) & last;
+  return place;
 }
 
 template <class Entry>
@@ -113,8 +131,6 @@ void NameTable<Entry>::put(Slot slot, Slots& slots) {
 template <class Entry>
 void NameTable<Entry>::makeRoom() {
   const std::size_t count = m_entries.size();
-  if (count * 2 < m_slots.size())
-    return;
   const std::size_t room = std::max(m_expected, count * 2);
   m_entries.reserve(room);
   Slots wider(room * 2, m_slots.get_allocator());

@@ -16,8 +16,9 @@ OwnedMemory::~OwnedMemory() {
 void* OwnedMemory::allocateElsewhere(std::size_t size) {
   if (size > largestSmall)
     return ::operator new(size);
-  m_blockSize = std::clamp(m_blockSize * 2, largestSmall, largestBlock);
-  char* const piece = addBlock(m_blockSize);
+  const std::size_t blockSize = std::clamp(m_blockSize * 2, largestSmall, largestBlock);
+  char* const piece = addBlock(blockSize);
+  m_blockSize = blockSize;
   m_next = piece + size;
   m_end = piece + m_blockSize;
   return piece;

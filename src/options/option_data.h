@@ -48,7 +48,7 @@ struct OptionData {
   std::vector<int, OwnedAllocator<int>> positions;  // one for each occurrence
   std::vector<GivenValue, OwnedAllocator<GivenValue>> values;
   // Whether positions and values both ascend. They do unless one parse stored into the
-  // result in the midst of another, or the counter has wrapped.
+  // result in the midst of another, or the counter has wrapped between two occurrences.
   bool isAscending = true;
 
  private:

@@ -98,13 +98,13 @@ IOption* RegisteredOptionStorage::modifier(const char* names, const char* action
 // "key:title", split at the first colon. The first title given for a key stays.
 const RegisteredOptionStorage::Group& RegisteredOptionStorage::groupFor(std::string_view text) {
   const std::size_t colon = std::min(text.find(':'), text.size());
-  HashedName key = text.substr(0, colon);
-  if (const auto known = m_groups.find(key))
-    return m_groups[*known];
-  OwnedMemory& memory = m_garbage->memory();
-  const std::string_view title = text.substr(std::min(colon + 1, text.size()));
-  key.text = memory.copy(key.text);
-  return m_groups[m_groups.add({key, memory.copy(title)})];
+  const HashedName key = text.substr(0, colon);
+  return m_groups[m_groups.findOrAdd(key, [&] {
+    OwnedMemory& memory = m_garbage->memory();
+    HashedName kept = key;
+    kept.text = memory.copy(key.text);
+    return Group{kept, memory.copy(text.substr(std::min(colon + 1, text.size())))};
+  })];
 }
 
 bool RegisteredOptionStorage::isTaken(const Names& names) {

@@ -205,7 +205,8 @@ bool BasicParser::onValueParse(const char* name, const Value& value) {
   if (m_handlers.empty())
     return true;
   const char* keptName = m_garbage.keep(name);
-  const Value keptValue(m_garbage.keep(value.text), ownValue(value.value), value.position);
+  Value keptValue = value;
+  keptValue.text = m_garbage.keep(value.text);
   bool accepted = true;
   forEachHandler([&](EventHandler& handler) {
     accepted = handler.onValueParse(keptName, keptValue);

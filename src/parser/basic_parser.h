@@ -80,7 +80,7 @@ class BasicParser : public IParser {
   template <class Write>
   const char* composeTopic(const char* topic, bool hidden, Write write);
 
-  ArgumentWindow safe(ArgumentWindow args, OwnedMemory& memory) const;
+  [[gnu::cold]] ArgumentWindow safe(ArgumentWindow args, OwnedMemory& memory) const;
   int parseArguments(ArgumentWindow& args, IParseResult* result);
   int readOptionFiles(ParseResult* result);
   int readOptionFile(const char* name, ParseResult* result);

@@ -52,9 +52,9 @@ ArgumentWindow argumentsOf(int argc, const char* const* argv) {
   return joined("Error reading option file '", file, "'");
 }
 
-// Where the texts of values go that are stored in the result, or in none.
-OwnedMemory& textsOf(ParseResult* result, OwnedMemory& otherwise) {
-  return result != nullptr ? result->memory() : otherwise;
+// Where the texts of values go that are stored in the result.
+OwnedMemory* textsOf(ParseResult* result) {
+  return result != nullptr ? &result->memory() : nullptr;
 }
 
 // So many option files have been named on the command line and in option files.
@@ -171,10 +171,8 @@ int BasicParser::parse_phase_one(std::string_view separator, ArgumentWindow& arg
   if (store != nullptr)
     store->noteDeclarations(m_storage.identity());
   OptionList& options = m_storage.options();
-  OwnedMemoryOf<128> unstored;
-  OwnedMemory& texts = textsOf(store, unstored);
-  PositionalOptionsParser positional(listener(), texts, m_flags, m_storage.index());
-  AbbreviationParser named(listener(), texts, m_flags, m_storage.index());
+  PositionalOptionsParser positional(listener(), textsOf(store), m_flags, m_storage.index());
+  AbbreviationParser named(listener(), textsOf(store), m_flags, m_storage.index());
   const std::array<IArgumentParser*, 2> recognizers = {&positional, &named};
   while (!args.empty() && args.front() != separator) {
     IArgumentParser* recognizer = chooseRecognizer(recognizers, args, options);
@@ -201,8 +199,7 @@ int BasicParser::collectNonparsingArguments(std::string_view separator, Argument
                                             ParseResult* result, string& error) {
   if (args.empty() || args.front() != separator)
     return status::success;
-  OwnedMemoryOf<128> unstored;
-  PositionalOptionsParser positional(listener(), textsOf(result, unstored),
+  PositionalOptionsParser positional(listener(), textsOf(result),
                                      m_flags & ~parserFlags::dashArgumentsAreNeverPositional,
                                      m_storage.index());
   for (std::size_t place = 1; place < args.size(); ++place) {

@@ -43,7 +43,7 @@ bool isNegated(const DeclarationIndex::Match& match) {
 
 }  // namespace
 
-AbbreviationParser::AbbreviationParser(EventHandler* handler, OwnedMemory& texts, int flags,
+AbbreviationParser::AbbreviationParser(EventHandler* handler, OwnedMemory* texts, int flags,
                                        DeclarationIndex& index)
     : IArgumentParser(handler, texts, flags), m_index(index) {
   m_name = "AbbreviationParser";

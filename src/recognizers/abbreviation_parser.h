@@ -17,7 +17,7 @@ namespace kivo_3_3 {
 class AbbreviationParser final : public IArgumentParser {
  public:
   // `index` is that of the options that recognize() and parse() are called with.
-  AbbreviationParser(EventHandler* handler, OwnedMemory& texts, int flags, DeclarationIndex& index);
+  AbbreviationParser(EventHandler* handler, OwnedMemory* texts, int flags, DeclarationIndex& index);
 
   int recognize(ArgumentWindow& args, OptionList& options, std::string& error) override;
   int parse(ArgumentWindow& args, IResultCollector* collector, OptionList& options,

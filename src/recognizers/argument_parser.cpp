@@ -9,6 +9,7 @@
 #include <kivo/status.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "base/quoted.h"
 
@@ -52,7 +53,7 @@ int IArgumentParser::getNewPositionIndex() {
   return position;
 }
 
-IArgumentParser::IArgumentParser(EventHandler* handler, OwnedMemory& texts, int flags)
+IArgumentParser::IArgumentParser(EventHandler* handler, OwnedMemory* texts, int flags)
     : m_handler(handler), m_flags(flags), m_texts(texts) {}
 
 string IArgumentParser::formatTokenMessage(std::string_view token) const {
@@ -88,10 +89,15 @@ int IArgumentParser::parseValueAndAddOption(std::string_view value, string& erro
   return status::success;
 }
 
+// With a zero behind it. Nobody looks twice at what nobody stores.
+std::string_view IArgumentParser::kept(std::string_view text) {
+  return m_texts != nullptr ? m_texts->copy(text) : m_unstored.assign(text);
+}
+
 int IArgumentParser::bindTokens(const Binding& binding) {
   if (!binding.isSplit) {
     trace(": not using tokenizer");
-    std::string_view value = m_texts.copy(binding.value);
+    std::string_view value = kept(binding.value);
     return bindOne(value, binding);
   }
   const char separator = binding.option.m_tokenizer;
@@ -105,7 +111,7 @@ int IArgumentParser::bindEachToken(char separator, const Binding& binding) {
   for (std::string_view rest = binding.value; !rest.empty();) {
     const std::size_t length = std::min(rest.find(separator), rest.size());
     if (length != 0) {
-      const int bound = bindToken(m_texts.copy(rest.substr(0, length)), binding);
+      const int bound = bindToken(kept(rest.substr(0, length)), binding);
       if (bound != status::success)
         return bound;
       isAnyBound = true;
@@ -134,13 +140,13 @@ int IArgumentParser::bindOne(std::string_view& token, const Binding& binding) {
   if (!option.validate(token, value, binding.error))
     return fail(binding.error, validationProblem(binding.argument, binding.error));
   if (token.data() != typed) {
-    token = m_texts.copy(token);
+    token = kept(token);
     value = variant_t(token.data(), true);
   }
 
   const int position = getNewPositionIndex();
-  if (m_handler != nullptr &&
-      !m_handler->onValueParse(option.firstName().data(), {token.data(), value, position})) {
+  if (m_handler != nullptr && !m_handler->onValueParse(option.firstName().data(),
+                                                       {token.data(), ownValue(value), position})) {
     binding.error = isNotValid(binding.isSplit ? binding.value : token, option, binding.argument);
     // No separator here: the lines have always run together.
     trace(binding.error, " One of the handler signaled the value is not valid.");

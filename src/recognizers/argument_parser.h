@@ -18,9 +18,9 @@ namespace kivo_3_3 {
 // of the highest priority then parses it.
 class IArgumentParser {
  public:
-  // `handler` is null where nobody listens. The texts of values are kept in `texts`, for
-  // whoever stores them.
-  IArgumentParser(EventHandler* handler, OwnedMemory& texts, int flags);
+  // `handler` is null where nobody listens. The texts of values are kept in `texts`, which
+  // is null where nobody stores them.
+  IArgumentParser(EventHandler* handler, OwnedMemory* texts, int flags);
   IArgumentParser(const IArgumentParser&) = delete;
   IArgumentParser& operator=(const IArgumentParser&) = delete;
 
@@ -69,12 +69,14 @@ class IArgumentParser {
  private:
   struct Binding;
 
+  std::string_view kept(std::string_view text);
   int bindTokens(const Binding& binding);
   int bindEachToken(char separator, const Binding& binding);
   int bindToken(std::string_view token, const Binding& binding);
   int bindOne(std::string_view& token, const Binding& binding);
 
-  OwnedMemory& m_texts;
+  OwnedMemory* m_texts;    // if any
+  std::string m_unstored;  // the text in hand, without
   // Kept from one argument to the next for the room it has.
   OwnedMemoryOf<128> m_memory;
   OptionData m_data{&m_memory};

@@ -6,7 +6,7 @@ namespace kivo_3_3 {
 
 using std::string;
 
-PositionalOptionsParser::PositionalOptionsParser(EventHandler* handler, OwnedMemory& texts,
+PositionalOptionsParser::PositionalOptionsParser(EventHandler* handler, OwnedMemory* texts,
                                                  int flags, DeclarationIndex& index)
     : IArgumentParser(handler, texts, flags), m_index(index) {
   m_name = "PositionalOptionsParser";

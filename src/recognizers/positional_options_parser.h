@@ -10,7 +10,7 @@ namespace kivo_3_3 {
 class PositionalOptionsParser final : public IArgumentParser {
  public:
   // `index` is that of the options that recognize() and parse() are called with.
-  PositionalOptionsParser(EventHandler* handler, OwnedMemory& texts, int flags,
+  PositionalOptionsParser(EventHandler* handler, OwnedMemory* texts, int flags,
                           DeclarationIndex& index);
 
   int recognize(ArgumentWindow& args, OptionList& options, std::string& error) override;

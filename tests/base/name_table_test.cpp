@@ -115,6 +115,16 @@ TEST_F(Table, AddsNothingWhereNothingIsMade) {
   EXPECT_EQ(1u, table.findOrAdd("b", [] { return Entry{"b"}; }));
 }
 
+TEST_F(Table, WhatIsThereIsFoundWithoutMemory) {
+  for (int count = 1; count < 200; ++count) {
+    const string name = "name" + std::to_string(count);
+    add(name);
+    const AllocationLimit limit(0, Failing::forEver);
+    table.findOrAdd(std::string_view(name), []() -> Entry { throw std::bad_alloc(); });
+    ASSERT_FALSE(limit.reached()) << count;
+  }
+}
+
 // Only by its hash it would be found.
 TEST_F(Table, TellsNamesOfOneHashApart) {
   HashedName other("b");

@@ -77,7 +77,7 @@ class ValueBinding : public ::testing::Test {
 
   Garbage garbage;
   RecordingHandler handler;
-  Binder binder{&handler, garbage.memory(), 0};
+  Binder binder{&handler, &garbage.memory(), 0};
   OptionDescription option = makeOption({"level", "l"}, vtString, &garbage);
   int drawn = 0;
 };
@@ -231,7 +231,7 @@ class ValueKeeper final : public testing::TestHandler {
 
 TEST_F(ValueBinding, HandlerReceivesTheFirstNameAndTheWholeValue) {
   ValueKeeper keeper;
-  Binder announcing(&keeper, garbage.memory(), 0);
+  Binder announcing(&keeper, &garbage.memory(), 0);
   option.m_type = vtS32;
   string error;
   const ArgumentWindow args({"--level=07"});

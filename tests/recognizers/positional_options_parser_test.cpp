@@ -33,7 +33,7 @@ class PositionalRecognizer : public ::testing::Test {
 
   int recognize(const string& argument, int flags) {
     ArgumentWindow window({argument, "next"});
-    const int recognized = PositionalOptionsParser(&handler, garbage.memory(), flags, index)
+    const int recognized = PositionalOptionsParser(&handler, &garbage.memory(), flags, index)
                                .recognize(window, options, message);
     args = leftOf(window);
     return recognized;
@@ -49,7 +49,7 @@ class PositionalRecognizer : public ::testing::Test {
   Garbage garbage;
   RecordingHandler handler;
   DeclarationIndex index{&garbage.memory()};
-  PositionalOptionsParser parser{&handler, garbage.memory(), 0, index};
+  PositionalOptionsParser parser{&handler, &garbage.memory(), 0, index};
   OptionList options;
   ParseResult result;
   std::vector<string> args;  // what is left of those given last

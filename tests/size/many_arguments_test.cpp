@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "size/allocation_count.h"
 #include "size/measurement.h"
 #include "support/command.h"
 #include "support/temporary_folder.h"
@@ -88,6 +89,17 @@ TEST_F(ManyArguments, NamedOnTheCommandLineAreAllThere) {
   }
   const Measurement measured("a million values, read");
   EXPECT_EQ("", differenceOfValues(command, "t", "", million));
+}
+
+TEST_F(ManyArguments, WithoutAResultNothingIsKept) {
+  const Arguments arguments = numberedArguments("--text=", million);
+  std::vector<const char*> argv = {"tool"};
+  for (const string& argument : arguments)
+    argv.push_back(argument.c_str());
+  const int argc = static_cast<int>(argv.size());
+  startCounting();
+  EXPECT_EQ(0, command.parser().parseArgsVector(argc, argv.data(), nullptr));
+  EXPECT_GT(1'000, countedSoFar().peakBytes);
 }
 
 TEST_F(ManyArguments, NamedWithTheirValuesBehindThemAreAllThere) {

@@ -14,7 +14,7 @@ int load_file(const char* name, std::string& text) {
     return 1;
   std::string read;
   struct stat status = {};
-  if (fstat(fileno(file.get()), &status) == 0)
+  if (fstat(fileno(file.get()), &status) == 0 && S_ISREG(status.st_mode))
     read.reserve(static_cast<std::size_t>(status.st_size));
   char buffer[16 * 1024];
   while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, file.get()))
