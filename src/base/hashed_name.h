@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 namespace kivo_3_3 {
@@ -20,7 +22,12 @@ struct HashedName {
   std::uint32_t hash = 0;
 
  private:
+  static constexpr std::size_t longestName = 32;
+
+  // Byte by byte is quick enough for names, but not for all texts that are kept.
   static std::uint32_t hashOf(std::string_view name) {
+    if (name.size() > longestName)
+      return static_cast<std::uint32_t>(std::hash<std::string_view>()(name));
     std::uint32_t hash = 2166136261;
     for (const char character : name)
       hash = (hash ^ static_cast<unsigned char>(character)) * 16777619;
