@@ -5,6 +5,7 @@ from measure import CPP_PEERS, PEERS
 MORE = 50   # arguments of the longer command line of W2 and W6
 FEW = 3     # and of the shorter one
 LOST = "lost in noise"
+NOISE = 0.25  # the share of a time below which a difference to another one says nothing
 
 
 class Figures:
@@ -31,7 +32,8 @@ class Figures:
             work = "W2 one more argument" if family.startswith("W2") else \
                 "W6 one abbreviated argument"
             few = self.times[peer, f"{family[:2]}/parse3/{size}"]
-            self.put(work, size, peer, (time - few) / (min(MORE, size) - FEW))
+            more = time - few if time - few > few * NOISE else 0
+            self.put(work, size, peer, more / (min(MORE, size) - FEW))
 
     def put(self, work, size, peer, time):
         self.lines.setdefault((work, size), {})[peer] = time
@@ -44,10 +46,17 @@ class Figures:
         return self.lines[work, size].get(peer)
 
     def best(self, work, size):
-        """The best C++ peer, None where there is none: one lost in the noise is not chosen."""
-        line = self.lines[work, size]
-        return min((peer for peer in CPP_PEERS if line.get(peer, 0) > 0), key=line.get,
-                   default=None)
+        """The best C++ peer and its time, None where there is none. One that is lost in the
+        noise counts with its time at the largest size below, which is no more."""
+        times = {}
+        for smaller in self.sizes(work):
+            for peer in CPP_PEERS:
+                time = self.get(work, smaller, peer)
+                if time is None and smaller == size:
+                    times.pop(peer, None)
+                elif time and smaller <= size:
+                    times[peer] = time
+        return min(times.items(), key=lambda one: one[1], default=(None, None))
 
 
 def table(header, rows):
@@ -77,11 +86,11 @@ def work_table(figures, peers):
     rows = []
     for work, size in sorted(figures.lines):
         line = figures.lines[work, size]
-        best = figures.best(work, size)
+        best, least = figures.best(work, size)
         rows.append([work + (f", {size:,}" if size > 1 else ""),
                      *(number_above_zero(line.get(peer)) for peer in peers),
                      number_above_zero(ratio(line["kivo"], line.get("getopt_long"))),
-                     number_above_zero(ratio(line["kivo"], line.get(best))),
+                     number_above_zero(ratio(line["kivo"], least)),
                      PEERS.get(best, "")])
     return table(["nanoseconds", *(PEERS[peer] for peer in peers), "kivo / getopt_long",
                   "kivo / best C++ peer", "which is"], rows)
@@ -121,8 +130,7 @@ def targets(figures, heap, tools, library_bytes):
 
     def against_best(work, size, most):
         rows.append((f"{work}{f', {size:,}' if size > 1 else ''}, of the best C++ library's",
-                     most, ratio(figures.get(work, size),
-                                 figures.get(work, size, figures.best(work, size)))))
+                     most, ratio(figures.get(work, size), figures.best(work, size)[1])))
 
     def growth(work, small, large, most):
         rows.append((f"{work} at {large:,}, of its own at {small:,}", most,
