@@ -27,7 +27,8 @@ class Validation : public ::testing::Test {
   bool check(const std::string& given) {
     const ConsoleCapture console;
     error = "untouched";
-    std::string_view checked = given;
+    m_given = given;
+    std::string_view checked = m_given;
     const bool passed = m_option.validate(checked, value, error);
     text = checked;
     const bool isText = passed && value.can_get<const char*>();
@@ -54,6 +55,7 @@ class Validation : public ::testing::Test {
   std::string warning;
 
  private:
+  std::string m_given;  // accepted texts refer to it
   Garbage m_garbage;
   OptionDescription m_option;
 };

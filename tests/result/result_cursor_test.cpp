@@ -468,8 +468,8 @@ TEST(Occurrences, InAnyOrderAreReadAsIfWalked) {
       OptionData data;
       data.positions = {static_cast<int>(random() % largest)};
       const int at = static_cast<int>(random() % largest);
-      const string text = std::to_string(at);
-      data.values.push_back(given(at, text.c_str(), at));
+      const char* const text = result.memory().copy(std::to_string(at)).data();
+      data.values.push_back(given(at, text, at));
       result.store(option, data);
     }
     const OptionData& all = givenTo(result, "name");
