@@ -12,16 +12,19 @@ OwnedMemory::~OwnedMemory() {
   }
 }
 
-// What is left of the block before goes unused.
 void* OwnedMemory::allocateElsewhere(std::size_t size) {
   if (size > largestSmall)
     return ::operator new(size);
-  const std::size_t blockSize = std::clamp(m_blockSize * 2, largestSmall, largestBlock);
-  char* const piece = addBlock(blockSize);
-  m_blockSize = blockSize;
-  m_next = piece + size;
-  m_end = piece + m_blockSize;
-  return piece;
+  beginBlock();
+  return allocate(size);
+}
+
+// What is left of the block before goes unused.
+void OwnedMemory::beginBlock() {
+  const std::size_t size = std::clamp(m_blockSize * growth, largestSmall, largestBlock);
+  m_next = addBlock(size);
+  m_end = m_next + size;
+  m_blockSize = size;
 }
 
 char* OwnedMemory::addBlock(std::size_t size) {
@@ -32,10 +35,16 @@ char* OwnedMemory::addBlock(std::size_t size) {
 
 std::string_view OwnedMemory::copy(std::string_view text) {
   const std::size_t size = text.size() + 1;
-  char* const place = size > largestSmall ? addBlock(size) : static_cast<char*>(allocate(size));
+  char* const place = size > largestSmall ? addBlock(size) : cutFromEnd(size);
   text.copy(place, text.size());
   place[text.size()] = '\0';
   return {place, text.size()};
+}
+
+char* OwnedMemory::cutFromEnd(std::size_t size) {
+  if (size > static_cast<std::size_t>(m_end - m_next))
+    beginBlock();
+  return m_end -= size;
 }
 
 }  // namespace kivo_3_3

@@ -8,7 +8,8 @@
 namespace kivo_3_3 {
 
 // Memory for what ends together with its owner. Small pieces are cut from a few larger
-// blocks, and given back with all others at the end; large ones come and go one by one.
+// blocks, texts from their ends, and given back with all others at the end; large ones come
+// and go one by one.
 class OwnedMemory {
  public:
   OwnedMemory(const OwnedMemory&) = delete;
@@ -31,6 +32,11 @@ class OwnedMemory {
       m_next = static_cast<char*>(piece);
   }
 
+  // The same, for what stays to the end.
+  void* allocateForGood(std::size_t bytes) {
+    return bytes > largestSmall ? addBlock(bytes) : allocate(bytes);
+  }
+
   // A copy of `text`, with a zero behind it, that stays to the end.
   std::string_view copy(std::string_view text);
 
@@ -49,12 +55,18 @@ class OwnedMemory {
   };
 
   static constexpr std::size_t largestSmall = 1536;
-  static constexpr std::size_t largestBlock = std::size_t{64} * 1024;
+  // Each block is so much longer than the one before that the last is most of all. The C
+  // library goes by the largest piece below 32 MB that was ever freed: twice as much of free
+  // memory it keeps at hand, so that who parses again need not get it from the system anew.
+  static constexpr std::size_t growth = 4;
+  static constexpr std::size_t largestBlock = std::size_t{31} << 20;
 
   static constexpr std::size_t rounded(std::size_t bytes) {
     return (bytes + alignment - 1) / alignment * alignment;
   }
   void* allocateElsewhere(std::size_t size);
+  void beginBlock();
+  char* cutFromEnd(std::size_t size);
   char* addBlock(std::size_t size);
 
   char* m_next;

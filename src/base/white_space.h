@@ -5,9 +5,9 @@
 
 namespace kivo_3_3 {
 
-// White space in the classic locale.
+// White space in the classic locale. Letters are done with at once.
 constexpr bool isClassicSpace(char character) {
-  return character == ' ' || (character >= '\t' && character <= '\r');
+  return character <= ' ' && (character == ' ' || (character >= '\t' && character <= '\r'));
 }
 
 // Tells white space as the global locale of the moment classifies it. Asking the

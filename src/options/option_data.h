@@ -2,8 +2,6 @@
 
 #include <kivo/value.h>
 
-#include <algorithm>
-#include <cstddef>
 #include <vector>
 
 #include "base/owned_memory.h"
@@ -25,38 +23,12 @@ inline variant_t ownValue(const variant_t& value) {
   return value.type() == stratum2::vtStringReference ? variant_t(value.get<const char*>()) : value;
 }
 
-// What was parsed for one option, in the order it was met.
+// One occurrence of an option, as recognizers hand it over.
 struct OptionData {
   explicit OptionData(OwnedMemory* memory = nullptr) : positions(memory), values(memory) {}
 
-  // A copy that is kept in `memory`.
-  OptionData(const OptionData& other, OwnedMemory* memory)
-      : positions(other.positions, memory),
-        values(other.values, memory),
-        isAscending(other.isAscending) {}
-
-  // Room for what so many calls of append() will add, so that they cannot fail.
-  void makeRoomFor(const OptionData& occurrence, std::size_t times = 1) {
-    makeRoom(positions, occurrence.positions.size() * times);
-    makeRoom(values, occurrence.values.size() * times);
-  }
-  // Puts the values of `occurrence` behind those here.
-  void append(const OptionData& occurrence) noexcept;
-  // Leaves nothing but the room.
-  void clear() noexcept;
-
-  std::vector<int, OwnedAllocator<int>> positions;  // one for each occurrence
+  std::vector<int, OwnedAllocator<int>> positions;  // that of the occurrence
   std::vector<GivenValue, OwnedAllocator<GivenValue>> values;
-  // Whether positions and values both ascend. They do unless one parse stored into the
-  // result in the midst of another, or the counter has wrapped between two occurrences.
-  bool isAscending = true;
-
- private:
-  template <class List>
-  static void makeRoom(List& list, std::size_t more) {
-    if (list.capacity() - list.size() < more)
-      list.reserve(std::max(list.size() * 2, list.size() + more));
-  }
 };
 
 // Where recognizers hand over what they have bound.

@@ -80,12 +80,11 @@ class BasicParser : public IParser {
   template <class Write>
   const char* composeTopic(const char* topic, bool hidden, Write write);
 
-  [[gnu::cold]] ArgumentWindow safe(ArgumentWindow args, OwnedMemory& memory) const;
   int parseArguments(ArgumentWindow& args, IParseResult* result);
   int readOptionFiles(ParseResult* result);
   int readOptionFile(const char* name, ParseResult* result);
-  int bindLeftover(std::string_view argument, PositionalOptionsParser& recognizer,
-                   ParseResult* result, std::string& error);
+  int bindLeftover(ArgumentWindow args, PositionalOptionsParser& recognizer, ParseResult* result,
+                   std::string& error);
 
   Garbage m_garbage;  // owns every text handed out, and what the declarations need
   RegisteredOptionStorage m_storage{&m_garbage};

@@ -7,14 +7,12 @@
 #include <unordered_set>
 #include <vector>
 
-#include "options/name_list.h"
+#include "recognizers/argument_window.h"
 
 namespace kivo_3_3 {
 
-// Appends the arguments in `text`, one a line, to `args`, which refers to the text. White
-// space ahead of an argument goes, and so do empty lines and those that begin with ';' or
-// '#'; the rest of a line stays as it is. A null text counts as the empty one.
-void parseStreamToArgs(const char* text, Texts& args);
+// The arguments in `text`, one a line. A null text counts as the empty one.
+ArgumentWindow parseStreamToArgs(const char* text, const WhiteSpace& isSpace);
 
 // Remembers which option file named which, to tell a ring from a file that is merely
 // read twice. Files are read in the order in which they were named.

@@ -43,13 +43,23 @@ ParseResult* storeOf(IParseResult* result) {
 // Those behind the name of the tool, up to a null pointer.
 ArgumentWindow argumentsOf(int argc, const char* const* argv) {
   if (argv == nullptr)
-    return ArgumentWindow(Texts());
+    return ArgumentWindow(nullptr, 0);
   const auto count = std::find(argv + 1, argv + argc, nullptr) - (argv + 1);
   return ArgumentWindow(argv + 1, static_cast<std::size_t>(count));
 }
 
 [[gnu::cold]] string unreadable(const char* file) {
   return joined("Error reading option file '", file, "'");
+}
+
+using Arguments = std::vector<const char*, OwnedAllocator<const char*>>;
+
+// The same arguments, kept where `copies` are.
+[[gnu::cold]] ArgumentWindow copied(ArgumentWindow args, Arguments& copies) {
+  OwnedMemory& memory = *copies.get_allocator().memory();
+  for (; !args.empty(); args.drop())
+    copies.push_back(memory.copy(args.front()).data());
+  return ArgumentWindow(copies.data(), copies.size());
 }
 
 // Where the texts of values go that are stored in the result.
@@ -94,6 +104,8 @@ IArgumentParser* chooseRecognizer(const std::array<IArgumentParser*, 2>& recogni
 
 }  // namespace
 
+// What the caller hands over may change or end in a handler: so where there are handlers,
+// it is copied.
 int BasicParser::parseArgsVector(int argc, const char* const* argv, IParseResult* result) {
   try {
     if (ParseResult* store = storeOf(result)) {
@@ -102,8 +114,11 @@ int BasicParser::parseArgsVector(int argc, const char* const* argv, IParseResult
     }
     if (argc <= 1)
       return status::success;
-    OwnedMemoryOf<128> copies;
-    ArgumentWindow args = safe(argumentsOf(argc, argv), copies);
+    OwnedMemoryOf<128> memory;
+    Arguments copies(&memory);
+    ArgumentWindow args = argumentsOf(argc, argv);
+    if (!m_handlers.empty())
+      args = copied(args, copies);
     return parseVector(args, result);
   } catch (const std::exception&) {
     return status::exceptionCaught;
@@ -113,25 +128,13 @@ int BasicParser::parseArgsVector(int argc, const char* const* argv, IParseResult
 int BasicParser::parseStream(const char* text, IParseResult* result) {
   try {
     OwnedMemoryOf<512> memory;
-    Texts lines(&memory);
-    parseStreamToArgs(text, lines);
-    ArgumentWindow args = safe(ArgumentWindow(std::move(lines)), memory);
+    const bool isCopied = text != nullptr && !m_handlers.empty();
+    const WhiteSpace isSpace;
+    ArgumentWindow args = parseStreamToArgs(isCopied ? memory.copy(text).data() : text, isSpace);
     return parseVector(args, result);
   } catch (const std::exception&) {
     return status::exceptionCaught;
   }
-}
-
-// The arguments are the caller's, and so may change or end in a handler: where there are
-// handlers, they are copied.
-ArgumentWindow BasicParser::safe(ArgumentWindow args, OwnedMemory& memory) const {
-  if (m_handlers.empty())
-    return args;
-  Texts copies(&memory);
-  copies.reserve(args.size());
-  for (; !args.empty(); args.drop(1))
-    copies.push_back(memory.copy(args.front()));
-  return ArgumentWindow(std::move(copies));
 }
 
 // A handler may parse more into the result being filled. That only adds arguments: the
@@ -165,7 +168,7 @@ int BasicParser::parse_phase_one(std::string_view separator, ArgumentWindow& arg
                                  IParseResult* result, string& error) {
   internal::kivoLogEnabled = !args.empty() && args.front() == traceSwitch;
   if (internal::kivoLogEnabled)
-    args.drop(1);
+    args.drop();
 
   ParseResult* store = storeOf(result);
   if (store != nullptr)
@@ -183,7 +186,7 @@ int BasicParser::parse_phase_one(std::string_view separator, ArgumentWindow& arg
         return status::usageError;
       }
       internal::traceLine("ignoring ", args.front());
-      args.drop(1);
+      args.drop();
       continue;
     }
     unsigned int optionIndex = 0;
@@ -202,26 +205,26 @@ int BasicParser::collectNonparsingArguments(std::string_view separator, Argument
   PositionalOptionsParser positional(listener(), textsOf(result),
                                      m_flags & ~parserFlags::dashArgumentsAreNeverPositional,
                                      m_storage.index());
-  for (std::size_t place = 1; place < args.size(); ++place) {
-    const std::string_view argument = args[place];
+  ArgumentWindow rest = args;
+  for (rest.drop(); !rest.empty(); rest.drop()) {
+    const std::string_view argument = rest.front();
     const int position = IArgumentParser::getNewPositionIndex();
     if (result != nullptr)
       result->addArgument(argument, position);
     traceStored(argument);
     if ((m_flags & parserFlags::leftoverArgumentsArePositional) == 0)
       continue;
-    const int bound = bindLeftover(argument, positional, result, error);
+    const int bound = bindLeftover(rest, positional, result, error);
     if (bound != status::success)
       return bound;
   }
-  args.drop(args.size());
+  args = rest;
   return status::success;
 }
 
-// A leftover argument that the positional option does not claim is merely kept.
-int BasicParser::bindLeftover(std::string_view argument, PositionalOptionsParser& recognizer,
+// Binds the first of these leftover arguments where the positional option claims it.
+int BasicParser::bindLeftover(ArgumentWindow args, PositionalOptionsParser& recognizer,
                               ParseResult* result, string& error) {
-  ArgumentWindow args(Texts{argument});
   OptionList& options = m_storage.options();
   const int recognized = recognizer.recognize(args, options, error);
   traceOutcome("recognize", recognized, error);
@@ -274,9 +277,8 @@ int BasicParser::readOptionFile(const char* name, ParseResult* result) {
     m_lastError = unreadable(name);
     return status::optionFileUnreadable;
   }
-  Texts lines;
-  parseStreamToArgs(text.c_str(), lines);
-  ArgumentWindow args(std::move(lines));
+  const WhiteSpace isSpace;
+  ArgumentWindow args = parseStreamToArgs(text.c_str(), isSpace);
   return parseArguments(args, result);
 }
 

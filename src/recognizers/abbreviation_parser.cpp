@@ -105,7 +105,7 @@ int AbbreviationParser::parse(ArgumentWindow& args, IResultCollector* collector,
 
   for (int count = isValueNext ? 2 : 1; count != 0; --count) {
     trace(": removing argument: '", args.front(), "'");
-    args.drop(1);
+    args.drop();
   }
   return status::success;
 }
@@ -131,14 +131,15 @@ int AbbreviationParser::takeValueFromNext(const OptionDescription& option,
                                           const ArgumentWindow& args, std::string_view& value,
                                           string& error) const {
   trace(": no value in the same argument, looking next");
-  if (args.size() < 2)
+  const std::optional<std::string_view> next = args.second();
+  if (!next)
     return fail(error, requiresValue(option, formatTokenMessage(args.front())));
-  if (startsWithHyphen(args[1]))
-    return fail(error, seemsToBeOption(option, args[1]));
-  trace(": got value from the next argument: '", args[1], "'");
-  if (args[1].empty())
+  if (startsWithHyphen(*next))
+    return fail(error, seemsToBeOption(option, *next));
+  trace(": got value from the next argument: '", *next, "'");
+  if (next->empty())
     return fail(error, requiresValue(option, formatTokenMessage(args.front())));
-  value = args[1];
+  value = *next;
   return status::success;
 }
 

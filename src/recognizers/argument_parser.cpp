@@ -75,7 +75,8 @@ int IArgumentParser::parseValueAndAddOption(std::string_view value, string& erro
                                             const OptionDescription& option,
                                             const ArgumentWindow& args,
                                             IResultCollector* collector) {
-  m_data.clear();
+  m_data.positions.clear();
+  m_data.values.clear();
   m_data.positions.push_back(getNewPositionIndex());
   if (!value.empty()) {
     trace(": adding values to result container:");

@@ -46,9 +46,9 @@ ArgumentParts splitArgument(std::string_view argument, const WhiteSpace& isSpace
   std::string_view rest = argument;
   rest.remove_prefix(dashLength(rest));
   rest.remove_prefix(dashLength(rest));
-  std::size_t length = 0;
-  while (length < rest.size() && rest[length] != '=' && !isSpace(rest[length]))
-    ++length;
+  const auto endsName = [&](char character) { return character == '=' || isSpace(character); };
+  const auto nameEnd = std::find_if(rest.begin(), rest.end(), endsName);
+  const auto length = static_cast<std::size_t>(nameEnd - rest.begin());
   ArgumentParts parts = {{rest.data(), length}, {}, length < rest.size()};
   rest.remove_prefix(length);
   if (parts.hasValue && rest.front() == '=')

@@ -1,66 +1,62 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <stdexcept>
 #include <string_view>
-#include <utility>
 
-#include "options/name_list.h"
+#include "recognizers/argument_lines.h"
 
 namespace kivo_3_3 {
 
 // The arguments of a parse that have not been used yet. Recognizers look at the first two
-// of them, and drop from the front what they have used. The texts are the caller's.
+// of them, and drop from the front what they have used. The texts are the caller's, and each
+// is looked at when its turn has come.
 class ArgumentWindow {
  public:
-  explicit ArgumentWindow(Texts args) : m_texts(std::move(args)), m_left(m_texts.size()) {
-    lookAtFront();
+  // So many as the process got them.
+  ArgumentWindow(const char* const* argv, std::size_t count) : m_next(argv), m_end(argv + count) {
+    drop();
   }
-  // So many as the process got them, each of which is looked at when its turn has come.
-  ArgumentWindow(const char* const* argv, std::size_t count) : m_argv(argv), m_left(count) {
-    lookAtFront();
-  }
+  explicit ArgumentWindow(ArgumentLines lines) : m_lines(lines) { drop(); }
 
-  std::size_t size() const { return m_left; }
-  bool empty() const { return m_left == 0; }
+  bool empty() const { return m_front.data() == nullptr; }
 
   // Out of range where there is none.
-  std::string_view operator[](std::size_t place) const {
-    if (place >= m_left)
+  std::string_view front() const {
+    if (empty())
       throwMissing();
-    return place == 0 ? m_front : text(place);
+    return m_front;
   }
-  std::string_view front() const { return (*this)[0]; }
 
-  // So many must be there.
-  void drop(std::size_t count) {
-    m_used += count;
-    m_left -= count;
-    lookAtFront();
+  // The one behind the front, if any.
+  std::optional<std::string_view> second() const {
+    ArgumentWindow behind = *this;
+    behind.drop();
+    return behind.empty() ? std::nullopt : std::make_optional(behind.m_front);
   }
+
+  // Takes the front away, if there is one.
+  void drop() { m_front = m_next != m_end ? nextOfProcess() : m_lines.next(); }
 
  private:
   [[noreturn, gnu::cold, gnu::noinline]] static void throwMissing() {
     throw std::out_of_range("There is no such argument.");
   }
-  std::string_view text(std::size_t place) const {
-    return m_argv != nullptr ? std::string_view(m_argv[m_used + place]) : m_texts[m_used + place];
-  }
-  void lookAtFront() {
-    if (!empty())
-      m_front = text(0);
-    if (m_argv != nullptr && m_left > farAhead)
-      __builtin_prefetch(m_argv[m_used + farAhead]);
-  }
 
   // A long command line is in no cache: its texts come while others are parsed.
-  static constexpr std::size_t farAhead = 6;
+  std::string_view nextOfProcess() {
+    if (m_end - m_next > farAhead)
+      __builtin_prefetch(m_next[farAhead]);
+    return *m_next++;
+  }
 
-  const char* const* m_argv = nullptr;
-  Texts m_texts;  // without the former
-  std::size_t m_used = 0;
-  std::size_t m_left;
-  std::string_view m_front;
+  static constexpr std::ptrdiff_t farAhead = 6;
+
+  const char* const* m_next = nullptr;
+  const char* const* m_end = nullptr;
+  ArgumentLines m_lines;     // without the former
+  std::string_view m_front;  // null where there is none
 };
 
 }  // namespace kivo_3_3

@@ -32,7 +32,7 @@ int PositionalOptionsParser::parse(ArgumentWindow& args, IResultCollector* colle
   if (bound != status::success)
     return bound;
   trace(": removing argument: '", args.front(), "'");
-  args.drop(1);
+  args.drop();
   return status::success;
 }
 

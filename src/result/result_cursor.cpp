@@ -1,6 +1,5 @@
 #include "result/result_cursor.h"
 
-#include <algorithm>
 #include <new>
 
 namespace kivo_3_3 {
@@ -11,16 +10,19 @@ namespace {
 // walked, so that each of many occurrences can be asked for what is its own.
 template <class List, class IsBefore>
 std::size_t skip(const List& list, std::size_t begin, bool isOrdered, IsBefore isBefore) {
-  if (begin >= list.size() || !isBefore(list[begin]))
-    return begin;
-  const auto first = list.begin() + static_cast<std::ptrdiff_t>(begin);
-  const auto found = isOrdered ? std::partition_point(first, list.end(), isBefore)
-                               : std::find_if_not(first, list.end(), isBefore);
-  return static_cast<std::size_t>(found - list.begin());
+  std::size_t end = list.size();
+  while (begin < end && isBefore(list[begin])) {
+    const std::size_t middle = isOrdered ? begin + (end - begin) / 2 : begin;
+    if (isBefore(list[middle]))
+      begin = middle + 1;
+    else
+      end = middle;
+  }
+  return begin;
 }
 
 // The range is exclusive above, unlike that of values.
-std::size_t firstOccurrence(const OptionData& data, int from, int to) {
+std::size_t firstOccurrence(const GivenOption& data, int from, int to) {
   if (!data.isAscending)
     return skip(data.positions, 0, false,
                 [&](int position) { return position < from || position >= to; });
@@ -30,7 +32,7 @@ std::size_t firstOccurrence(const OptionData& data, int from, int to) {
                                                                      : data.positions.size();
 }
 
-std::size_t firstValue(const OptionData& data, std::size_t begin, int from) {
+std::size_t firstValue(const GivenOption& data, std::size_t begin, int from) {
   return skip(data.values, begin, data.isAscending,
               [&](const auto& value) { return value.position < from; });
 }
@@ -55,7 +57,7 @@ Value ResultCursor::get(const char* name, int from, int to) {
 }
 
 Value ResultCursor::next() {
-  const OptionData* const data = given();
+  const GivenOption* const data = given();
   if (data == nullptr) {
     // This range is how present() leaves a default that is still to be delivered.
     if (m_place.rangeFrom != lastPosition || m_place.rangeTo != lastPosition)
@@ -88,7 +90,7 @@ bool ResultCursor::present(const char* name, int from, int to) {
 }
 
 int ResultCursor::nextPosition() {
-  const OptionData* const data = given();
+  const GivenOption* const data = given();
   return data != nullptr && m_place.position < data->positions.size()
              ? data->positions[m_place.position++]
              : lastPosition;
@@ -107,14 +109,14 @@ ResultCursor::Found ResultCursor::select(const char* name, int from, int to) {
       m_place.defaultName = found->name;
     return found && *found->text != '\0' ? Found::byDefault : Found::nothing;
   }
-  const OptionData& data = m_options.given(*m_place.option);
+  const GivenOption& data = m_options.given(*m_place.option);
   m_place.position = firstOccurrence(data, from, to);
   return m_place.position < data.positions.size() ? Found::occurrence : Found::nothing;
 }
 
 // What was given for the selected option; null when there is nothing. A handler may have
 // selected one that was given only afterwards.
-const OptionData* ResultCursor::given() {
+const GivenOption* ResultCursor::given() {
   if (!m_place.option && m_place.defaultName.text.data() != nullptr)
     m_place.option = m_options.find(m_place.defaultName);
   return m_place.option ? &m_options.given(*m_place.option) : nullptr;

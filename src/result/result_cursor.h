@@ -47,7 +47,7 @@ class ResultCursor {
   enum class Found { nothing, occurrence, byDefault };
 
   Found select(const char* name, int from, int to);
-  const OptionData* given();
+  const GivenOption* given();
   Value defaultValue() const;
 
   Place m_place;

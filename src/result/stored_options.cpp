@@ -8,10 +8,15 @@
 namespace kivo_3_3 {
 
 void StoredOptions::store(const Names& names, const OptionData& occurrence, std::uint64_t option) {
-  if (option == 0 || option != m_last.option || names.size() != m_last.names)
-    m_last = {option, names.size(), lookUp(names)};
+  if (option == 0 || option != m_last.option || names.size() != m_last.names) {
+    if (lookUp(names) == names.size() && !names.empty()) {
+      m_last = {option, names.size(), storeFirst(m_numbers, occurrence)};
+      return;
+    }
+    m_last = {option, names.size(), isAlone(m_numbers) ? m_names[m_numbers[0]].data : none};
+  }
   if (m_last.data != none) {
-    m_data[m_last.data].makeRoomFor(occurrence);
+    m_data[m_last.data].makeRoomFor(occurrence, m_memory);
     m_data[m_last.data].append(occurrence);
     return;
   }
@@ -24,12 +29,13 @@ void StoredOptions::store(const Names& names, const OptionData& occurrence, std:
     storeApart(m_numbers, occurrence);
 }
 
-// Finds the names, and the data that is theirs alone, if there is such.
-StoredOptions::Number StoredOptions::lookUp(const Names& names) {
+// Finds the numbers of the names. Returns how many of them were met for the first time.
+std::size_t StoredOptions::lookUp(const Names& names) {
+  const std::size_t before = m_names.entries().size();
   m_numbers.clear();
   for (const HashedName& name : names)
     m_numbers.push_back(numberOf(name));
-  return isAlone(m_numbers) ? m_names[m_numbers[0]].data : none;
+  return m_names.entries().size() - before;
 }
 
 // Whether these names were stored under together, in this order, and share their data with
@@ -57,11 +63,14 @@ bool StoredOptions::areNew(const Numbers& names) const {
 
 // For an option that the result does not know, in the place of what another option may have
 // stored under one of the names. Whatever may fail for want of memory comes first.
-void StoredOptions::storeFirst(const Numbers& names, const OptionData& occurrence) {
+StoredOptions::Number StoredOptions::storeFirst(const Numbers& names,
+                                                const OptionData& occurrence) {
   if (m_data.empty())
     m_data.reserve(expectedOptions);
   const auto data = static_cast<Number>(m_data.size());
-  m_data.emplace_back(occurrence, &m_memory);
+  GivenOption& given = m_data.emplace_back();
+  given.makeRoomFor(occurrence, m_memory);
+  given.append(occurrence);
   Number next = none;
   for (auto number = names.rbegin(); number != names.rend(); ++number) {
     Name& name = m_names[*number];
@@ -70,6 +79,7 @@ void StoredOptions::storeFirst(const Numbers& names, const OptionData& occurrenc
     name.isFirst = number + 1 == names.rend();
     next = *number;
   }
+  return data;
 }
 
 // Under names that do not share their data, or not with each other alone: each gets data of
@@ -80,7 +90,7 @@ void StoredOptions::storeApart(const Numbers& names, const OptionData& occurrenc
     const auto before = std::find(names.begin(), names.end(), name) - names.begin();
     const auto place = static_cast<std::size_t>(before);
     own.push_back(place < own.size() ? own[place] : ownData(name));
-    m_data[own.back()].makeRoomFor(occurrence, names.size());
+    m_data[own.back()].makeRoomFor(occurrence, m_memory, names.size());
   }
   for (std::size_t i = 0; i < names.size(); ++i) {
     Name& name = m_names[names[i]];
@@ -96,10 +106,11 @@ StoredOptions::Number StoredOptions::ownData(Number name) {
   const Number data = m_names[name].data;
   if (data != none && !isShared(data))
     return data;
-  if (data == none)
-    m_data.emplace_back(&m_memory);
-  else
-    m_data.emplace_back(OptionData(m_data[data], &m_memory));
+  GivenOption& own = m_data.emplace_back();
+  if (data != none) {
+    own.makeRoomFor(m_data[data], m_memory);
+    own.append(m_data[data]);
+  }
   return static_cast<Number>(m_data.size() - 1);
 }
 
@@ -157,8 +168,8 @@ std::optional<StoredOptions::Default> StoredOptions::findDefault(const HashedNam
   return std::nullopt;
 }
 
-std::vector<std::string_view> StoredOptions::names() const {
-  std::vector<std::string_view> all;
+Texts StoredOptions::names() const {
+  Texts all;
   for (const Name& name : m_names.entries())
     if (name.data != none)
       all.push_back(name.name.text);

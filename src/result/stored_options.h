@@ -10,7 +10,7 @@
 #include "base/owned_memory.h"
 #include "options/declared_defaults.h"
 #include "options/name_list.h"
-#include "options/option_data.h"
+#include "result/given_option.h"
 
 namespace kivo_3_3 {
 
@@ -50,12 +50,12 @@ class StoredOptions {
   // The number of the name that something was given under.
   std::optional<Number> find(const HashedName& name) const;
   // What was given under the name of this number.
-  const OptionData& given(Number name) const { return m_data[m_names[name].data]; }
+  const GivenOption& given(Number name) const { return m_data[m_names[name].data]; }
 
   std::optional<Default> findDefault(const HashedName& name) const;
 
   // All names that something was given under or that have a default, in order.
-  std::vector<std::string_view> names() const;
+  Texts names() const;
 
  private:
   static constexpr Number none = 0xFFFFFFFF;
@@ -80,12 +80,12 @@ class StoredOptions {
     int firstPosition;
   };
 
-  Number lookUp(const Names& names);
+  std::size_t lookUp(const Names& names);
   [[gnu::cold]] void makeLatest(std::shared_ptr<const DeclaredDefaults> defaults);
   bool isGiven(Number name) const { return m_names[name].data != none; }
   bool isAlone(const Numbers& names) const;
   bool areNew(const Numbers& names) const;
-  void storeFirst(const Numbers& names, const OptionData& occurrence);
+  Number storeFirst(const Numbers& names, const OptionData& occurrence);
   [[gnu::cold]] void storeApart(const Numbers& names, const OptionData& occurrence);
   [[gnu::cold]] Number ownData(Number name);
   [[gnu::cold]] bool isShared(Number data) const;
@@ -95,7 +95,7 @@ class StoredOptions {
   NameTable<Name> m_names;
   Last m_last;
   Numbers m_numbers;  // of the names being stored, kept for the room it has
-  std::vector<OptionData, OwnedAllocator<OptionData>> m_data;
+  std::vector<GivenOption, OwnedAllocator<GivenOption>> m_data;
   std::vector<Applied, OwnedAllocator<Applied>> m_applied;  // the latest last
   // What later ones have taken the place of, name by name: its texts have been handed out.
   std::vector<std::shared_ptr<const DeclaredDefaults>> m_outdated;

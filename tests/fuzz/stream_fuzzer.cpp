@@ -5,6 +5,7 @@
 #include "fuzz/parsing.h"
 #include "fuzz/script.h"
 #include "parser/option_file.h"
+#include "support/arguments.h"
 #include "support/console_capture.h"
 #include "support/global_locale.h"
 
@@ -52,10 +53,9 @@ string told(int flags, Parse parseInto) {
 
 void compare(const string& text, const std::vector<int>& flagsOfParsers) {
   const std::vector<string> expected = naiveTokens(text);
-  Texts actual;
-  parseStreamToArgs(text.c_str(), actual);
-  expectEqual("a text has the arguments that its lines hold", joined(expected),
-              joined({actual.begin(), actual.end()}));
+  const WhiteSpace isSpace;
+  const std::vector<string> actual = testing::leftOf(parseStreamToArgs(text.c_str(), isSpace));
+  expectEqual("a text has the arguments that its lines hold", joined(expected), joined(actual));
   const auto asList = [&](IParser& parser, IParseResult& result) {
     return parse(parser, expected, &result);
   };

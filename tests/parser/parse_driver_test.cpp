@@ -21,6 +21,7 @@ using testing::Command;
 using testing::givenTo;
 using testing::leftOf;
 using testing::RecordingHandler;
+using testing::WindowOn;
 using Arguments = std::vector<string>;
 
 constexpr int unknownIsError = parserFlags::unknownArgumentIsError;
@@ -279,7 +280,7 @@ TEST(ArgumentsLeft, FailureKeepsTheDefaults) {
 TEST(PhaseOne, LeavesTheSeparatorAndWhatFollows) {
   Command command;
   command.option("level", vtS32);
-  ArgumentWindow args({"--level=1", "x", "++", "--level=2", "--"});
+  WindowOn args({"--level=1", "x", "++", "--level=2", "--"});
   string error = "untouched";
   EXPECT_EQ(0, basic(command).parse_phase_one("++", args, &command.result(), error));
   EXPECT_EQ((Arguments{"++", "--level=2", "--"}), leftOf(args));
@@ -288,7 +289,7 @@ TEST(PhaseOne, LeavesTheSeparatorAndWhatFollows) {
 
 TEST(PhaseOne, WritesItsMessageWhereItIsTold) {
   Command command(unknownIsError);
-  ArgumentWindow args({"x"});
+  WindowOn args({"x"});
   string error;
   EXPECT_EQ(2, basic(command).parse_phase_one("--", args, &command.result(), error));
   EXPECT_EQ("Unknown option: x", error);
@@ -297,7 +298,7 @@ TEST(PhaseOne, WritesItsMessageWhereItIsTold) {
 
 TEST(PhaseOne, TakesNothingFromNothing) {
   Command command;
-  ArgumentWindow args({});
+  WindowOn args({});
   string error;
   EXPECT_EQ(0, basic(command).parse_phase_one("--", args, &command.result(), error));
   EXPECT_TRUE(args.empty());
@@ -305,7 +306,7 @@ TEST(PhaseOne, TakesNothingFromNothing) {
 
 TEST(Collecting, TakesTheSeparatorAndAllThatStandsBehindIt) {
   Command command;
-  ArgumentWindow args({"++", "c", "++"});
+  WindowOn args({"++", "c", "++"});
   string error;
   EXPECT_EQ(0, basic(command).collectNonparsingArguments("++", args, &command.result(), error));
   EXPECT_TRUE(args.empty());
@@ -315,7 +316,7 @@ TEST(Collecting, TakesTheSeparatorAndAllThatStandsBehindIt) {
 TEST(Collecting, WithoutASeparatorNothingIsStored) {
   Command command(leftoversToo);
   command.option("files", vtString)->positional();
-  ArgumentWindow args({"a", "b"});
+  WindowOn args({"a", "b"});
   string error;
   EXPECT_EQ(0, basic(command).collectNonparsingArguments("--", args, &command.result(), error));
   EXPECT_EQ((Arguments{"a", "b"}), leftOf(args));

@@ -19,7 +19,7 @@ using testing::Command;
 using testing::givenTo;
 using testing::leftOf;
 using testing::RecordingHandler;
-using testing::windowOn;
+using testing::WindowOn;
 
 // The recognizer alone, over declarations of its own.
 class NamedRecognizer : public ::testing::Test {
@@ -30,7 +30,7 @@ class NamedRecognizer : public ::testing::Test {
 
   int recognize(const string& argument) {
     args = {argument, "next"};
-    ArgumentWindow window = windowOn(args);
+    WindowOn window(args);
     const int recognized = parser.recognize(window, storage.options(), message);
     args = leftOf(window);
     return recognized;
@@ -38,7 +38,7 @@ class NamedRecognizer : public ::testing::Test {
 
   // Recognizes and parses, and returns the status of parse().
   int parse(const std::vector<string>& arguments) {
-    ArgumentWindow window = windowOn(arguments);
+    WindowOn window(arguments);
     EXPECT_EQ(0, parser.recognize(window, storage.options(), message));
     const int status = parser.parse(window, &result, storage.options(), optionIndex, message);
     args = leftOf(window);

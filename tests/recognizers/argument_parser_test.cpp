@@ -8,6 +8,7 @@
 #include <cstdlib>
 
 #include "options/make_option.h"
+#include "support/arguments.h"
 #include "support/command.h"
 #include "support/console_capture.h"
 #include "support/recording_handler.h"
@@ -21,8 +22,10 @@ using std::string;
 using testing::Command;
 using testing::ConsoleCapture;
 using testing::givenTo;
+using testing::leftOf;
 using testing::makeOption;
 using testing::RecordingHandler;
+using testing::WindowOn;
 
 // A recognizer that only binds.
 class Binder final : public IArgumentParser {
@@ -64,11 +67,11 @@ class ValueBinding : public ::testing::Test {
   string bind(const string& value) {
     Collector collector;
     const string argument = "--level=" + value;
-    const ArgumentWindow args({argument, "next"});
+    const WindowOn args({argument, "next"});
     string message = "untouched";
     const int status = binder.parseValueAndAddOption(value, message, option, args, &collector);
     drawn = IArgumentParser::m_idx - 1 - collector.before;
-    EXPECT_EQ(2u, args.size());
+    EXPECT_EQ(2u, leftOf(args).size());
     if (status == 0)
       return collector.text;
     EXPECT_EQ("", collector.text);
@@ -212,7 +215,7 @@ TEST_F(ValueBinding, TypedValueIsStored) {
   } typed;
   option.m_type = vtU64;
   string error;
-  const ArgumentWindow args({"--level=10,0x10"});
+  const WindowOn args({"--level=10,0x10"});
   EXPECT_EQ(0, binder.parseValueAndAddOption("10,0x10", error, option, args, &typed));
   EXPECT_EQ((std::vector<variant_t>{u64_t{10}, u64_t{16}}), typed.values);
   EXPECT_EQ(vtU64, typed.values.back().type());
@@ -234,7 +237,7 @@ TEST_F(ValueBinding, HandlerReceivesTheFirstNameAndTheWholeValue) {
   Binder announcing(&keeper, &garbage.memory(), 0);
   option.m_type = vtS32;
   string error;
-  const ArgumentWindow args({"--level=07"});
+  const WindowOn args({"--level=07"});
   const int before = IArgumentParser::m_idx - 1;
   EXPECT_EQ(0, announcing.parseValueAndAddOption("07", error, option, args, nullptr));
   EXPECT_EQ(0, keeper.value.isEmpty);
@@ -244,7 +247,7 @@ TEST_F(ValueBinding, HandlerReceivesTheFirstNameAndTheWholeValue) {
 
 TEST_F(ValueBinding, WithoutACollectorEverythingButTheStoringIsDone) {
   string error;
-  const ArgumentWindow args({"--level=a,b"});
+  const WindowOn args({"--level=a,b"});
   EXPECT_EQ(0, binder.parseValueAndAddOption("a,b", error, option, args, nullptr));
   EXPECT_EQ("value level=a; value level=b", handler.events);
 }
@@ -357,8 +360,8 @@ TEST(PositionCounterDeathTest, FirstOptionOfAProcessHasPositionOne) {
     Command command;
     command.option("level", vtS32);
     command.parse({"--level=3", "--", "rest"});
-    const int option = givenTo(command.result(), "level").positions.at(0);
-    const int value = givenTo(command.result(), "level").values.at(0).position;
+    const int option = givenTo(command.result(), "level").positions[0];
+    const int value = givenTo(command.result(), "level").values[0].position;
     std::exit(100 * option + 10 * value + command.result().arguments().at(0).position);
   };
   EXPECT_EXIT(leaveWithPositions(), ::testing::ExitedWithCode(123), "");
@@ -377,12 +380,12 @@ TEST(PositionCounter, GoesOnFromParseToParseAndFromParserToParser) {
   first.option("level", vtS32);
   second.option("depth", vtS32);
   first.parse({"--level=1"});
-  const int before = givenTo(first.result(), "level").values.back().position;
+  const int before = givenTo(first.result(), "level").values[0].position;
   second.parse({"--depth=1"});
-  const int between = givenTo(second.result(), "depth").positions.front();
+  const int between = givenTo(second.result(), "depth").positions[0];
   EXPECT_EQ(before + 1, between);
   first.parse({"--level=1"});
-  EXPECT_EQ(between + 2, givenTo(first.result(), "level").positions.front());
+  EXPECT_EQ(between + 2, givenTo(first.result(), "level").positions[0]);
 }
 
 TEST(PositionCounter, FullRangeCoversWhateverPositionAProcessHandsOut) {

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <optional>
 #include <stdexcept>
 
 #include "parser/basic_parser.h"
@@ -26,41 +26,59 @@ using testing::ConsoleCapture;
 using testing::givenTo;
 using testing::leftOf;
 using testing::RecordingHandler;
-using testing::windowOn;
+using testing::WindowOn;
 using Arguments = std::vector<string>;
 
 TEST(ArgumentWindow, ShowsWhatIsLeft) {
-  ArgumentWindow window({"a", "b", "c"});
-  EXPECT_EQ(3u, window.size());
+  WindowOn window({"a", "b", "c"});
   EXPECT_EQ("a", window.front());
-  EXPECT_EQ("b", window[1]);
-  window.drop(2);
-  EXPECT_EQ(1u, window.size());
-  EXPECT_EQ("c", window.front());
+  EXPECT_EQ("b", window.second());
+  window.drop();
+  EXPECT_EQ("b", window.front());
+  EXPECT_EQ("c", window.second());
   EXPECT_FALSE(window.empty());
 }
 
 TEST(ArgumentWindow, ShowsFewerAtTheEnd) {
-  const Arguments one = {"a"};
-  ArgumentWindow window = windowOn(one);
-  EXPECT_THROW(window[1], std::out_of_range);
-  window.drop(1);
+  WindowOn window({""});
+  EXPECT_FALSE(window.empty());
+  EXPECT_EQ("", window.front());
+  EXPECT_EQ(std::nullopt, window.second());
+  window.drop();
   EXPECT_TRUE(window.empty());
+  EXPECT_EQ(std::nullopt, window.second());
   EXPECT_THROW(window.front(), std::out_of_range);
 }
 
 TEST(ArgumentWindow, HasNothingToShowOfNothing) {
-  const ArgumentWindow window({});
+  WindowOn window({});
   EXPECT_TRUE(window.empty());
-  EXPECT_EQ(0u, window.size());
   EXPECT_THROW(window.front(), std::out_of_range);
+  window.drop();
+  EXPECT_TRUE(window.empty());
+}
+
+TEST(ArgumentWindow, ShowsTheLinesOfATextThatHoldArguments) {
+  const WhiteSpace isSpace;
+  ArgumentWindow window(ArgumentLines("\n# note\n  -a b\r\n\n;x\n--level\n3", isSpace));
+  EXPECT_EQ("-a b", window.front());
+  EXPECT_EQ("--level", window.second());
+  const ArgumentWindow before = window;
+  window.drop();
+  window.drop();
+  EXPECT_EQ("3", window.front());
+  EXPECT_EQ(std::nullopt, window.second());
+  window.drop();
+  EXPECT_TRUE(window.empty());
+  EXPECT_EQ((Arguments{"-a b", "--level", "3"}), leftOf(before));
 }
 
 // Takes none, one or two arguments a step, as the digits of `script` tell, and stops.
 void walk(ArgumentWindow& window, int script, int steps, Arguments& fronts) {
   for (; steps != 0 && !window.empty(); --steps, script /= 3) {
     fronts.emplace_back(window.front());
-    window.drop(std::min(static_cast<std::size_t>(script % 3), window.size()));
+    for (int taken = script % 3; taken != 0; --taken)
+      window.drop();
   }
 }
 
@@ -79,7 +97,7 @@ TEST(ArgumentWindow, WalksLikeErasingFromTheFront) {
       for (int steps = 0; steps <= 4; ++steps) {
         const auto end = all.begin() + static_cast<std::ptrdiff_t>(count);
         const Arguments args(all.begin(), end);
-        ArgumentWindow window = windowOn(args);
+        WindowOn window(args);
         Arguments expected = args;
         Arguments fronts, expectedFronts;
         walk(window, script, steps, fronts);
@@ -109,7 +127,7 @@ class Declared {
     RecordingHandler handler;
     m_parser.addHandler(&handler);
     const string outcome = observe(args, handler, [&](ParseResult& result, string& error) {
-      ArgumentWindow window = windowOn(args);
+      WindowOn window(args);
       const int status = m_parser.parse_phase_one("--", window, &result, error);
       args = leftOf(window);
       return status;
@@ -149,7 +167,7 @@ class Declared {
       seen += " '" + argument + "'";
     seen += "\nevents " + handler.events + "\n" + console.out();
     for (const std::string_view name : result.options().names()) {
-      const OptionData& data = givenTo(result, name);
+      const GivenOption& data = givenTo(result, name);
       seen += name;
       for (const int position : data.positions)
         seen += " @" + std::to_string(position - before);
@@ -169,7 +187,7 @@ class Declared {
     OptionList& options = m_storage.options();
     while (!args.empty() && args[0] != "--") {
       string ignored;
-      ArgumentWindow window = windowOn(args);
+      WindowOn window(args);
       const bool isPositional = positional.recognize(window, options, ignored) == 0;
       const bool isNamed = named.recognize(window, options, ignored) == 0;
       unsigned int index = 0;

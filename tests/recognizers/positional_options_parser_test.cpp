@@ -19,7 +19,7 @@ using testing::Command;
 using testing::leftOf;
 using testing::makeOption;
 using testing::RecordingHandler;
-using testing::windowOn;
+using testing::WindowOn;
 
 constexpr int noDashes = parserFlags::dashArgumentsAreNeverPositional;
 
@@ -32,7 +32,7 @@ class PositionalRecognizer : public ::testing::Test {
   }
 
   int recognize(const string& argument, int flags) {
-    ArgumentWindow window({argument, "next"});
+    WindowOn window({argument, "next"});
     const int recognized = PositionalOptionsParser(&handler, &garbage.memory(), flags, index)
                                .recognize(window, options, message);
     args = leftOf(window);
@@ -40,7 +40,7 @@ class PositionalRecognizer : public ::testing::Test {
   }
 
   int parse(const std::vector<string>& arguments) {
-    ArgumentWindow window = windowOn(arguments);
+    WindowOn window(arguments);
     const int status = parser.parse(window, &result, options, optionIndex, message);
     args = leftOf(window);
     return status;

@@ -6,7 +6,6 @@
 
 #include <stdexcept>
 
-#include "allocation/allocation_limit.h"
 #include "base/quoted.h"
 #include "options/make_option.h"
 #include "recognizers/argument_parser.h"
@@ -18,10 +17,8 @@ namespace kivo_3_3 {
 namespace {
 
 using std::string;
-using testing::AllocationLimit;
 using testing::applyDefault;
 using testing::Command;
-using testing::Failing;
 using testing::given;
 using testing::givenTo;
 using testing::makeOption;
@@ -70,91 +67,6 @@ TEST(Value, HoldsWhatItWasMadeOf) {
   EXPECT_EQ(vtS32, value.value.type());
 }
 
-TEST(OptionData, IsEmptyWhenMade) {
-  const OptionData data;
-  EXPECT_EQ("", render(data));
-  EXPECT_TRUE(data.isAscending);
-}
-
-TEST(OptionData, KnowsWhetherItsPositionsAscend) {
-  const struct {
-    const char* why;
-    std::vector<int> positions[2];  // of two occurrences that are appended in turn
-    std::vector<int> values[2];
-    bool ascends;
-  } cases[] = {
-      {"as they are drawn", {{1}, {4}}, {{2, 3}, {5}}, true},
-      {"nothing", {{}, {}}, {{}, {}}, true},
-      {"one of each kind", {{1}, {}}, {{2}, {}}, true},
-      {"one position several times", {{1, 1}, {1}}, {{2, 2}, {2}}, true},
-      {"occurrences turn back between two", {{4}, {1}}, {{5}, {6}}, false},
-      {"occurrences turn back within one", {{2, 1}, {}}, {{3}, {}}, false},
-      {"occurrences turn back within the second", {{1}, {3, 2}}, {{4}, {5}}, false},
-      {"values turn back between two", {{1}, {4}}, {{5, 6}, {3}}, false},
-      {"values turn back within the first", {{1}, {4}}, {{3, 2}, {5}}, false},
-      {"values turn back within the second", {{1}, {4}}, {{2, 3}, {6, 5}}, false},
-      {"values turn back before the last", {{1}, {9}}, {{3, 2, 4}, {10}}, false},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.why);
-    OptionData entry;
-    for (int i = 0; i < 2; ++i) {
-      OptionData data;
-      data.positions.assign(c.positions[i].begin(), c.positions[i].end());
-      for (const int position : c.values[i])
-        data.values.push_back(given("v", nullptr, position));
-      entry.append(data);
-    }
-    EXPECT_EQ(c.ascends, entry.isAscending);
-  }
-}
-
-TEST(OptionData, OnceOutOfOrderStaysOutOfOrder) {
-  OptionData entry;
-  for (const int position : {3, 1, 5}) {
-    OptionData data = occurrence(position, "v");
-    entry.append(data);
-  }
-  EXPECT_FALSE(entry.isAscending);
-}
-
-TEST(OptionData, RoomThatWasMadeIsEnough) {
-  OptionData entry;
-  OptionData data = occurrence(1, "a");
-  data.values.push_back(given("b", nullptr, 3));
-  entry.makeRoomFor(data, 3);
-  const std::size_t positions = entry.positions.capacity();
-  const std::size_t values = entry.values.capacity();
-  EXPECT_LE(3u, positions);
-  EXPECT_LE(6u, values);
-  for (int i = 0; i < 3; ++i) {
-    OptionData copy = data;
-    entry.append(copy);
-  }
-  EXPECT_EQ(positions, entry.positions.capacity());
-  EXPECT_EQ(values, entry.values.capacity());
-  EXPECT_EQ("@1 @1 @1 a@2 b@3 a@2 b@3 a@2 b@3", render(entry));
-}
-
-TEST(OptionData, RoomForOneMoreIsEnoughAtEverySize) {
-  OptionData entry;
-  for (int position = 1; position < 40; ++position) {
-    const OptionData data = occurrence(position, "a");
-    entry.makeRoomFor(data);
-    const AllocationLimit limit(0, Failing::forEver);
-    entry.append(data);
-    ASSERT_FALSE(limit.reached()) << position;
-  }
-  EXPECT_EQ(39u, entry.positions.size());
-  EXPECT_EQ(39u, entry.values.size());
-}
-
-TEST(OptionData, ClearedHasNothingLeft) {
-  OptionData data = occurrence(1, "a");
-  data.clear();
-  EXPECT_EQ("", render(data));
-}
-
 TEST(Store, OneNameTwiceHasEachLaterOccurrenceTwice) {
   ParseResult result;
   store({"level", "l", "l"}, occurrence(1, "a"), result);
@@ -182,7 +94,7 @@ TEST(Store, ThreeTimesUnderTwoSynonymsCountsUnderEveryName) {
   EXPECT_EQ(0, command.parse({"--level=7", "--depth=8", "--level=9"}));
   for (const char* name : {"level", "depth"}) {
     SCOPED_TRACE(name);
-    const OptionData& data = givenTo(command.result(), name);
+    const GivenOption& data = givenTo(command.result(), name);
     EXPECT_EQ(3u, data.positions.size());
     ASSERT_EQ(3u, data.values.size());
     EXPECT_STREQ("7", data.values[0].text);

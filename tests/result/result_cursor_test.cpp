@@ -25,6 +25,7 @@ using testing::applyDefault;
 using testing::given;
 using testing::givenTo;
 using testing::makeOption;
+using testing::render;
 
 // A value rendered as "text@position", "-" for no value.
 string shown(const Value& value) {
@@ -444,9 +445,10 @@ TEST_F(Reading, LeftoverArgumentsAreWalkedApartFromOptions) {
 }
 
 // What get() and next() find, by looking at every occurrence and every value in turn.
-string walked(const OptionData& data, int from, int to) {
-  const bool occurs = std::any_of(data.positions.begin(), data.positions.end(),
-                                  [&](int at) { return from <= at && at < to; });
+string walked(const GivenOption& data, int from, int to) {
+  bool occurs = false;
+  for (const int at : data.positions)
+    occurs = occurs || (from <= at && at < to);
   string texts;
   for (const GivenValue& value : data.values) {
     if (!occurs || value.position > to)
@@ -472,13 +474,13 @@ TEST(Occurrences, InAnyOrderAreReadAsIfWalked) {
       data.values.push_back(given(at, text, at));
       result.store(option, data);
     }
-    const OptionData& all = givenTo(result, "name");
+    const GivenOption& all = givenTo(result, "name");
     for (int from = 0; from < largest; ++from)
       for (int to = from; to <= largest; ++to) {
         string texts;
         for (const Value& value : values(result, "name", from, to))
           texts += value.text + string(" ");
-        ASSERT_EQ(walked(all, from, to), texts) << ::testing::PrintToString(all.positions);
+        ASSERT_EQ(walked(all, from, to), texts) << render(all);
       }
   }
 }

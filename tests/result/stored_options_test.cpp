@@ -62,7 +62,7 @@ class TwoWays {
       data.positions.assign(entry.positions.begin(), entry.positions.end());
       for (const NaiveResult::Piece& value : entry.values)
         data.values.push_back({value.text.c_str(), variant_t(), value.position});
-      all += told(name, data, entry.standby);
+      all += told(name, render(data), entry.standby);
     }
     return all;
   }
@@ -74,17 +74,17 @@ class TwoWays {
       std::optional<NaiveResult::Piece> standby;
       if (const auto found = m_stored.findDefault(name))
         standby = NaiveResult::Piece{found->text, found->position};
-      all += told(string(name), number ? m_stored.given(*number) : OptionData(), standby);
+      all += told(string(name), number ? render(m_stored.given(*number)) : "", standby);
     }
     return all;
   }
 
  private:
   // A default does not show beside what was given.
-  static string told(const string& name, const OptionData& data,
+  static string told(const string& name, const string& given,
                      const std::optional<NaiveResult::Piece>& standby) {
-    string text = name + ": " + render(data);
-    if (data.positions.empty() && standby)
+    string text = name + ": " + given;
+    if (given.empty() && standby)
       text += "(" + standby->text + "@" + std::to_string(standby->position) + ")";
     return text + "; ";
   }
@@ -126,7 +126,7 @@ TEST_F(Storing, NamesOfOneOptionShareTheirData) {
     data.positions = {position};
     options.store({"a", "b", "c"}, data, 1);
   }
-  const OptionData* const shared = &options.given(*options.find("a"));
+  const GivenOption* const shared = &options.given(*options.find("a"));
   EXPECT_EQ("@1 @2 @3", render(*shared));
   EXPECT_EQ(shared, &options.given(*options.find("b")));
   EXPECT_EQ(shared, &options.given(*options.find("c")));

@@ -3,22 +3,39 @@
 // Arguments as the stages of a parse take them.
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "recognizers/argument_window.h"
 
 namespace kivo_3_3::testing {
 
-// It refers to the texts in `args`.
-inline ArgumentWindow windowOn(const std::vector<std::string>& args) {
-  return ArgumentWindow({args.begin(), args.end()});
-}
+// Arguments as a process gets them.
+class ListedArguments {
+ protected:
+  explicit ListedArguments(std::vector<std::string> texts) : m_texts(std::move(texts)) {
+    for (const std::string& text : m_texts)
+      m_argv.push_back(text.c_str());
+  }
+
+  std::vector<std::string> m_texts;
+  std::vector<const char*> m_argv;
+};
+
+// A window on arguments of its own.
+class WindowOn final : private ListedArguments, public ArgumentWindow {
+ public:
+  explicit WindowOn(std::vector<std::string> texts)
+      : ListedArguments(std::move(texts)), ArgumentWindow(m_argv.data(), m_argv.size()) {}
+  WindowOn(const WindowOn&) = delete;
+  WindowOn& operator=(const WindowOn&) = delete;
+};
 
 // What has not been used yet.
-inline std::vector<std::string> leftOf(const ArgumentWindow& window) {
+inline std::vector<std::string> leftOf(ArgumentWindow window) {
   std::vector<std::string> args;
-  for (std::size_t place = 0; place < window.size(); ++place)
-    args.emplace_back(window[place]);
+  for (; !window.empty(); window.drop())
+    args.emplace_back(window.front());
   return args;
 }
 

@@ -12,7 +12,7 @@ namespace kivo_3_3::testing {
 
 namespace {
 
-std::string valuesOf(const OptionData& data, int from, int to) {
+std::string valuesOf(const GivenOption& data, int from, int to) {
   std::string text;
   for (const GivenValue& value : data.values)
     if (value.position > from && value.position < to)
@@ -64,7 +64,7 @@ int Command::parseStream(const char* text) {
 
 int Command::parseVector(std::vector<std::string>& args) {
   startFresh();
-  ArgumentWindow window = windowOn(args);
+  WindowOn window(args);
   const int status = static_cast<BasicParser&>(*m_parser).parseVector(window, m_result.get());
   args = leftOf(window);
   return status;
@@ -91,7 +91,7 @@ std::string Command::render() {
       places[standby->position] = joined(name, "(", standby->text, ")");
     if (!result().options().find(name))
       continue;
-    const OptionData& data = givenTo(result(), name);
+    const GivenOption& data = givenTo(result(), name);
     for (std::size_t i = 0; i < data.positions.size(); ++i) {
       const int next = i + 1 < data.positions.size() ? data.positions[i + 1] : lastPosition;
       places[data.positions[i]] = joined(name, valuesOf(data, data.positions[i], next));

@@ -13,7 +13,7 @@
 namespace kivo_3_3::testing {
 
 // What was given under a name; where that is nothing, std::bad_optional_access is raised.
-inline const OptionData& givenTo(const ParseResult& result, std::string_view name) {
+inline const GivenOption& givenTo(const ParseResult& result, std::string_view name) {
   return result.options().given(result.options().find(name).value());
 }
 
@@ -23,7 +23,8 @@ inline GivenValue given(const variant_t& value, const char* text, int position) 
 }
 
 // "@1 @4 a@2 b@5"
-inline std::string render(const OptionData& data) {
+template <class Given>
+std::string render(const Given& data) {
   std::string text;
   const auto append = [&](const std::string& what, int position) {
     text += (text.empty() ? "" : " ") + what + "@" + std::to_string(position);
