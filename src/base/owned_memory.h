@@ -8,8 +8,8 @@
 namespace kivo_3_3 {
 
 // Memory for what ends together with its owner. Small pieces are cut from a few larger
-// blocks, texts from their ends, and given back with all others at the end; large ones come
-// and go one by one.
+// blocks, texts from their ends, and given back with all others at the end; large ones that
+// are given back come and go one by one.
 class OwnedMemory {
  public:
   OwnedMemory(const OwnedMemory&) = delete;
@@ -32,7 +32,7 @@ class OwnedMemory {
       m_next = static_cast<char*>(piece);
   }
 
-  // The same, for what stays to the end.
+  // Like allocate(), for what stays to the end.
   void* allocateForGood(std::size_t bytes) {
     return bytes > largestSmall ? addBlock(bytes) : allocate(bytes);
   }
@@ -55,9 +55,9 @@ class OwnedMemory {
   };
 
   static constexpr std::size_t largestSmall = 1536;
-  // Each block is so much longer than the one before that the last is most of all. The C
-  // library goes by the largest piece below 32 MB that was ever freed: twice as much of free
-  // memory it keeps at hand, so that who parses again need not get it from the system anew.
+  // Each block is so much longer than the one before that the last is most of all. A C
+  // library may go by the largest piece below 32 MB that it got by itself from the system and
+  // that was freed: twice as much of free memory it keeps at hand for who parses again.
   static constexpr std::size_t growth = 4;
   static constexpr std::size_t largestBlock = std::size_t{31} << 20;
 

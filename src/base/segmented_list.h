@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <memory>
 #include <new>
 #include <type_traits>
@@ -12,9 +11,9 @@
 
 namespace kivo_3_3 {
 
-// A list whose elements stay where they are. It grows by segments of owned memory, each as
-// long as all before it until that is long enough; the first element is inside, for most
-// lists have no other.
+// A list that grows without moving its elements: by segments of owned memory, each as long as
+// all before it until that is long enough. The first element is inside, and moves with the
+// list, for most lists have no other.
 template <class T>
 class SegmentedList {
  public:
@@ -37,8 +36,8 @@ class SegmentedList {
   SegmentedList(SegmentedList&& other) noexcept
       : m_first(std::move(other.m_first)),
         m_size(std::exchange(other.m_size, 0)),
-        m_room(other.m_room),
-        m_segments(other.m_segments) {}
+        m_room(std::exchange(other.m_room, 1)),
+        m_segments(std::exchange(other.m_segments, nullptr)) {}
   SegmentedList& operator=(SegmentedList&&) = delete;
   ~SegmentedList() {
     if (!std::is_trivially_destructible<T>::value && m_size > 1)
@@ -67,6 +66,7 @@ class SegmentedList {
   }
 
  private:
+  static_assert(alignof(T) <= alignof(double), "Owned memory is not aligned for more.");
   static constexpr std::size_t segmentsThatDouble = 6;
   static constexpr std::size_t longest = std::size_t{1} << segmentsThatDouble;
   static constexpr std::size_t shortestTable = 4;

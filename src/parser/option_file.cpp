@@ -1,5 +1,7 @@
 #include "parser/option_file.h"
 
+#include <string_view>
+
 namespace kivo_3_3 {
 
 ArgumentWindow parseStreamToArgs(const char* text, const WhiteSpace& isSpace) {

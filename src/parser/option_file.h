@@ -7,6 +7,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "base/white_space.h"
 #include "recognizers/argument_window.h"
 
 namespace kivo_3_3 {

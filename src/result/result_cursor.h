@@ -11,7 +11,7 @@ namespace kivo_3_3 {
 
 // Reads one option of a result at a time, value by value or occurrence by occurrence.
 //
-// The cursor counts and keeps no address into a vector, so it stays where it is when
+// The cursor counts and keeps no address of what it reads, so it stays where it is when
 // the data under it grows.
 class ResultCursor {
  public:

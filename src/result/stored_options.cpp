@@ -9,7 +9,7 @@ namespace kivo_3_3 {
 
 void StoredOptions::store(const Names& names, const OptionData& occurrence, std::uint64_t option) {
   if (option == 0 || option != m_last.option || names.size() != m_last.names) {
-    if (lookUp(names) == names.size() && !names.empty()) {
+    if (lookUp(names)) {
       m_last = {option, names.size(), storeFirst(m_numbers, occurrence)};
       return;
     }
@@ -29,13 +29,13 @@ void StoredOptions::store(const Names& names, const OptionData& occurrence, std:
     storeApart(m_numbers, occurrence);
 }
 
-// Finds the numbers of the names. Returns how many of them were met for the first time.
-std::size_t StoredOptions::lookUp(const Names& names) {
+// Finds the numbers of the names. Whether all are met for the first time, and differ.
+bool StoredOptions::lookUp(const Names& names) {
   const std::size_t before = m_names.entries().size();
   m_numbers.clear();
   for (const HashedName& name : names)
     m_numbers.push_back(numberOf(name));
-  return m_names.entries().size() - before;
+  return !names.empty() && m_names.entries().size() - before == names.size();
 }
 
 // Whether these names were stored under together, in this order, and share their data with

@@ -3,13 +3,13 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <string_view>
 #include <vector>
 
 #include "base/name_table.h"
 #include "base/owned_memory.h"
 #include "options/declared_defaults.h"
 #include "options/name_list.h"
+#include "options/option_data.h"
 #include "result/given_option.h"
 
 namespace kivo_3_3 {
@@ -80,7 +80,7 @@ class StoredOptions {
     int firstPosition;
   };
 
-  std::size_t lookUp(const Names& names);
+  bool lookUp(const Names& names);
   [[gnu::cold]] void makeLatest(std::shared_ptr<const DeclaredDefaults> defaults);
   bool isGiven(Number name) const { return m_names[name].data != none; }
   bool isAlone(const Numbers& names) const;

@@ -80,6 +80,40 @@ TEST(OwnedMemory, BlocksOfEverySizeAreApartAndAligned) {
   }
 }
 
+TEST(OwnedMemory, WhatStaysToTheEndEndsWithItsOwner) {
+  const long before = liveBlocks();
+  {
+    OwnedMemoryOf<640> memory;
+    for (const std::size_t size : {std::size_t{16}, large, std::size_t{1'536}, 2 * large}) {
+      void* const piece = memory.allocateForGood(size);
+      ASSERT_TRUE(isAligned(piece, alignof(double))) << size;
+      std::memset(piece, 1, size);
+    }
+    EXPECT_EQ(before + 3, liveBlocks());
+  }
+  EXPECT_EQ(before, liveBlocks());
+}
+
+TEST(OwnedMemory, TextsAndPiecesOfOneBlockAreApart) {
+  OwnedMemoryOf<640> memory;
+  std::vector<std::pair<unsigned char*, std::size_t>> pieces;
+  std::vector<std::string_view> texts;
+  for (std::size_t size = 1; size < 1'500; size += 7) {
+    memory.deallocate(memory.allocate(size), size);
+    void* const piece = size % 2 == 0 ? memory.allocateForGood(size) : memory.allocate(size);
+    ASSERT_TRUE(isAligned(piece, alignof(double))) << size;
+    std::memset(piece, static_cast<int>(size % 251), size);
+    pieces.emplace_back(static_cast<unsigned char*>(piece), size);
+    texts.push_back(memory.copy(std::string(size % 97, 'x')));
+  }
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    const auto& [piece, size] = pieces[i];
+    for (std::size_t byte = 0; byte < size; ++byte)
+      ASSERT_EQ(size % 251, piece[byte]) << size;
+    ASSERT_EQ(std::string(size % 97, 'x'), texts[i].data());
+  }
+}
+
 TEST(OwnedMemory, NothingIsLostBesideContainersThatGrow) {
   const long before = liveBlocks();
   {

@@ -1,17 +1,20 @@
-// A list whose elements stay where they are, however many come behind them.
+// A list that grows without moving its elements, however many come behind them.
 
 #include "base/segmented_list.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <new>
+#include <utility>
+#include <vector>
 
 #include "allocation/allocation_limit.h"
 
 namespace kivo_3_3::testing {
 namespace {
 
-constexpr std::size_t many = 1'000;
+constexpr std::size_t many = 20'000;
 
 TEST(SegmentedList, IsEmptyWhenMade) {
   const SegmentedList<int> list;
@@ -106,6 +109,11 @@ TEST(SegmentedList, EndsItsElementsOnceWithItself) {
       ASSERT_EQ(size, taken.size());
       for (std::size_t i = 0; i < size; ++i)
         ASSERT_EQ(counted, taken[i]);
+      ASSERT_TRUE(list.empty());  // and can be used again
+      list.makeRoom(2, memory);
+      list.push_back(nullptr);
+      list.push_back(nullptr);
+      ASSERT_EQ(2u, list.size());
       ASSERT_EQ(static_cast<long>(size) + 1, counted.use_count());
     }
     ASSERT_EQ(1, counted.use_count()) << size;
@@ -115,17 +123,23 @@ TEST(SegmentedList, EndsItsElementsOnceWithItself) {
 TEST(SegmentedList, WhereMemoryRunsOutItSaysSoAndGoesOn) {
   OwnedMemoryOf<128> memory;
   SegmentedList<std::size_t> list;
-  list.makeRoom(1, memory);
-  list.push_back(1);
-  {
-    const AllocationLimit limit(0, Failing::forEver);
-    EXPECT_THROW(list.makeRoom(many, memory), std::bad_alloc);
-  }
-  EXPECT_EQ(1u, list.size());
-  list.makeRoom(many, memory);
-  for (std::size_t element = 2; element <= many; ++element)
+  for (std::size_t element = 0; element < many; ++element) {
+    {
+      const AllocationLimit limit(0, Failing::forEver);
+      try {
+        list.makeRoom(1, memory);
+      } catch (const std::bad_alloc&) {
+        ASSERT_TRUE(limit.reached());
+      }
+    }
+    list.makeRoom(1, memory);
     list.push_back(element);
-  EXPECT_EQ(many, list[many - 1]);
+  }
+  for (std::size_t element = 0; element < many; ++element)
+    ASSERT_EQ(element, list[element]);
+  const AllocationLimit limit(0, Failing::forEver);
+  EXPECT_THROW(list.makeRoom(many * many, memory), std::bad_alloc);
+  EXPECT_EQ(many, list.size());
 }
 
 }  // namespace

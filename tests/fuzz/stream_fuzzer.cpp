@@ -1,6 +1,7 @@
 // A text of arguments is parsed as the list of arguments that a plain walk over its lines
 // finds. The input is the text.
 
+#include "base/white_space.h"
 #include "fuzz/naive_tokens.h"
 #include "fuzz/parsing.h"
 #include "fuzz/script.h"

@@ -448,6 +448,20 @@ TEST(HostileHandlerOfArguments, MayChangeWhatIsWhiteSpaceInThem) {
   EXPECT_EQ("a=1@+1 b=5@+3", command.parsed({"--a=1", "--b_5"}));
 }
 
+// The lines of a text end and begin as they did when the parse began.
+TEST(HostileHandlerOfArguments, MayChangeWhatIsWhiteSpaceAheadOfThem) {
+  const testing::GlobalLocale restored{std::locale()};
+  Command command;
+  RecordingHandler handler;
+  command.option("a", vtS32);
+  command.option("b", vtS32);
+  command.parser().addHandler(&handler);
+  handler.alsoDo = [] { std::locale::global(testing::localeWithUnderscoreAsSpace()); };
+  EXPECT_EQ(0, command.parseStream("--a=1\n_--b=5\n"));
+  EXPECT_EQ("a=1@+1", command.render());
+  EXPECT_EQ("option a; value a=1; unknown _--b=5", handler.events);
+}
+
 // The message quotes what was split when the value was.
 TEST(HostileHandlerOfArguments, MayTurnOffSplittingWhileItRefuses) {
   Command command;

@@ -6,6 +6,7 @@
 
 #include <filesystem>
 
+#include "base/white_space.h"
 #include "support/arguments.h"
 #include "support/command.h"
 #include "support/global_locale.h"

@@ -373,26 +373,29 @@ TEST_F(Storing, DoesAsANaiveResultWithManyNames) {
   EXPECT_EQ(result.expected(), result.actual());
 }
 
-// What a result holds before memory runs out, somewhere in the first blocks of its memory.
+// One occurrence with two values.
+OptionData twoValues(int position) {
+  OptionData data;
+  data.positions = {position};
+  data.values.push_back(given(position, longText, position));
+  data.values.push_back(given(longText, nullptr, position));
+  return data;
+}
+
+// What a result holds before memory runs out, and so many bytes left where it cuts pieces from.
 struct Filled {
-  explicit Filled(std::size_t padding) {
-    for (; padding != 0; --padding)
-      memory.copy("12345678901234567890123");
+  explicit Filled(std::size_t left) {
     OptionDescription option = makeOption({"x", "y", "new"}, vtString, &garbage);
     option.defaultValue("d");
     const auto defaults = std::make_shared<DeclaredDefaults>();
     defaults->add(option);
     stored.apply(defaults);
-    store({"a", "b"}, 1);
-    store({"b", "c"}, 2);
-  }
-
-  void store(const Names& names, int position) {
-    OptionData data;
-    data.positions = {position};
-    data.values.push_back(given(position, longText, position));
-    data.values.push_back(given(longText, nullptr, position));
-    stored.store(names, data);
+    stored.store({"a", "b"}, twoValues(1));
+    stored.store({"b", "c"}, twoValues(2));
+    const auto* const begin = static_cast<const char*>(memory.allocate(0));
+    const char* const end = memory.copy({}).data();
+    for (auto room = static_cast<std::size_t>(end - begin); room >= left + 8; room -= 8)
+      memory.allocate(8);
   }
 
   // "a: @1 x@2; new: (d@3)"
@@ -411,24 +414,25 @@ struct Filled {
 };
 
 // Whether memory ran out, with so many allocations allowed.
-bool storeWithLittleMemory(const Names& names, std::size_t padding, long allowed) {
-  Filled result(padding);
+bool storeWithLittleMemory(const Names& names, std::size_t left, long allowed) {
+  Filled result(left);
   const string before = result.told();
+  const OptionData occurrence = twoValues(5);
   bool raised = false;
   {
     const AllocationLimit limit(allowed, Failing::forEver);
     try {
-      result.store(names, 5);
+      result.stored.store(names, occurrence);
     } catch (const std::bad_alloc&) {
       raised = true;
     }
     EXPECT_EQ(limit.reached(), raised);
   }
-  Filled all(padding);
-  all.store(names, 5);
+  Filled all(left);
+  all.stored.store(names, occurrence);
   EXPECT_EQ(raised ? before : all.told(), result.told());
   if (raised) {
-    result.store(names, 5);
+    result.stored.store(names, occurrence);
     EXPECT_EQ(all.told(), result.told());
   }
   return raised;
@@ -440,17 +444,17 @@ TEST_F(Storing, StoresNothingHalfWhenMemoryRunsOut) {
                          {"x", "x"},      {"a", "a"},      {"a", "n", "y"}};
   for (const Names& names : cases) {
     SCOPED_TRACE(listed(names));
-    for (std::size_t padding = 0; padding < 60; ++padding) {
-      SCOPED_TRACE(padding);
+    long failures = 0;
+    for (std::size_t left = 0; left < 480; left += 8) {
+      SCOPED_TRACE(left);
       const long blocks = liveBlocks();
-      long allowed = 0;
-      while (storeWithLittleMemory(names, padding, allowed))
-        ++allowed;
-      EXPECT_LT(0, allowed);
+      for (long allowed = 0; storeWithLittleMemory(names, left, allowed); ++allowed)
+        ++failures;
       EXPECT_EQ(blocks, liveBlocks());
       if (HasFailure())
         return;  // those that follow would say the same
     }
+    EXPECT_LT(0, failures);
   }
 }
 
