@@ -105,9 +105,9 @@ void SegmentedList<T>::addSegments(std::size_t room, OwnedMemory& memory) {
       std::copy_n(m_segments, segment, table);
       m_segments = table;
     }
-    const std::size_t end = beginOf(segment + 1);
-    m_segments[segment] = static_cast<T*>(memory.allocateForGood((end - m_room) * sizeof(T)));
-    m_room = end;
+    const std::size_t widened = beginOf(segment + 1);
+    m_segments[segment] = static_cast<T*>(memory.allocateForGood((widened - m_room) * sizeof(T)));
+    m_room = widened;
   }
 }
 

@@ -38,7 +38,6 @@ class RegisteredOptionStorage final {
   void setTokenizer(char tokenizer) { m_tokenizer = tokenizer; }
 
   OptionList& options() { return m_options; }
-  const OptionList& options() const { return m_options; }
   // One for each distinct key, in order of first use.
   const Groups& groups() const { return m_groups.entries(); }
   DeclarationIndex& index() { return m_index; }

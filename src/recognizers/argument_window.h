@@ -18,7 +18,7 @@ class ArgumentWindow {
   ArgumentWindow(const char* const* argv, std::size_t count) : m_next(argv), m_end(argv + count) {
     drop();
   }
-  explicit ArgumentWindow(ArgumentLines lines) : m_lines(lines) { drop(); }
+  explicit ArgumentWindow(const ArgumentLines& lines) : m_lines(lines) { drop(); }
 
   bool empty() const { return m_front.data() == nullptr; }
 

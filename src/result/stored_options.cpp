@@ -68,9 +68,9 @@ StoredOptions::Number StoredOptions::storeFirst(const Numbers& names,
   if (m_data.empty())
     m_data.reserve(expectedOptions);
   const auto data = static_cast<Number>(m_data.size());
-  GivenOption& given = m_data.emplace_back();
-  given.makeRoomFor(occurrence, m_memory);
-  given.append(occurrence);
+  GivenOption& added = m_data.emplace_back();
+  added.makeRoomFor(occurrence, m_memory);
+  added.append(occurrence);
   Number next = none;
   for (auto number = names.rbegin(); number != names.rend(); ++number) {
     Name& name = m_names[*number];

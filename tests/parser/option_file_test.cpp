@@ -135,6 +135,9 @@ TEST(ParseStream, NullTextParsesNothing) {
   EXPECT_EQ(0, command.parse({}));
   EXPECT_EQ(2, command.parser().parseStream(nullptr, &command.result()));
   EXPECT_STREQ("No action defined.", command.error());
+  RecordingHandler handler;
+  command.parser().addHandler(&handler);
+  EXPECT_EQ(0, command.parseStream(nullptr));
 }
 
 TEST(ParseStream, NullResultIsCheckedAndAnnounced) {
@@ -215,6 +218,13 @@ TEST_F(OptionFiles, AreReadInTheOrderGiven) {
   write("b", "--level=2");
   EXPECT_EQ(0, read({"b", "a", "b"}));  // one file may be read twice
   EXPECT_EQ("212", levels());
+}
+
+TEST_F(OptionFiles, OneGivenTwiceMayNameAnother) {
+  write("a", "--level=1\n" + include("b"));
+  write("b", "--level=2");
+  EXPECT_EQ(0, read({"a", "a"}));
+  EXPECT_EQ("1122", levels());
 }
 
 TEST_F(OptionFiles, MayBeGivenInOneArgument) {
@@ -329,6 +339,17 @@ TEST_F(OptionFiles, DefaultFileIsRead) {
   EXPECT_EQ(2u, givenTo(withDefault.result(), "level").values.size());
   EXPECT_EQ(0, withDefault.parse({}));  // no arguments: nothing but the defaults
   EXPECT_FALSE(withDefault.result().options().find("level"));
+}
+
+TEST_F(OptionFiles, DefaultFileThatNamesItselfIsReadOnce) {
+  write("a", "--level=1\n" + include("a"));
+  Command withDefault;
+  withDefault.option("level", vtS32);
+  withDefault.option("option-file", vtString)->defaultValue(folder.path("a").c_str());
+  withDefault.parser().addOptionFileOption("", nullptr);  // rejected, but files are read now
+  EXPECT_EQ(6, withDefault.parse({"x"}));
+  EXPECT_EQ(unreadable("a"), withDefault.error());
+  EXPECT_EQ(1u, givenTo(withDefault.result(), "level").values.size());
 }
 
 TEST_F(OptionFiles, OptionOfThatNameAloneReadsNothing) {

@@ -375,6 +375,16 @@ TEST(SameResult, OptionOfAnotherParserIsNotFound) {
   EXPECT_STREQ("", second.error());
 }
 
+TEST(SameResult, DefaultOfAnotherParserIsNotFound) {
+  Command first;
+  first.option("level", vtS32)->defaultValue(2);
+  EXPECT_EQ(0, first.parse({}));
+  Command second;
+  second.option("depth", vtS32);
+  const char* argv[] = {"tool", "--depth=1"};
+  EXPECT_EQ(1, second.parser().parseArgsVector(2, argv, &first.result()));
+}
+
 TEST(ThrowingHandler, EndsTheParseWithStatusFour) {
   for (const char* argument : {"--level=1", "x"}) {
     SCOPED_TRACE(argument);

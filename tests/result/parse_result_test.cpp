@@ -318,6 +318,16 @@ TEST(Result, TypedValuesThatWereReadOutliveIt) {
   EXPECT_STREQ("a mood too long for itself", standby.value.get<const char*>());
 }
 
+TEST(Store, TypedTextRefersToTheTextThatIsKept) {
+  Command command;
+  command.option("unit", vtString)->allowValue("metre")->allowValue("mile");
+  EXPECT_EQ(0, command.parse({"--unit=metre,me"}));
+  for (const GivenValue& value : givenTo(command.result(), "unit").values) {
+    EXPECT_STREQ("metre", value.text);
+    EXPECT_EQ(value.text, value.value.get<const char*>());
+  }
+}
+
 TEST(Result, TextOfACompletedValueOutlivesTheParser) {
   ResultHandle result;
   {
