@@ -23,10 +23,10 @@ void StoredOptions::store(const Names& names, const OptionData& occurrence, std:
   // An option that the result knows, if only by its default, adds to what stands under its
   // names; any other takes them over.
   m_last = {};
-  if (areNew(m_numbers) || !(isGiven(m_numbers[0]) || findDefault(names[0])))
-    storeFirst(m_numbers, occurrence);
-  else
+  if (isGiven(m_numbers[0]) || findDefault(names[0]))
     storeApart(m_numbers, occurrence);
+  else
+    storeFirst(m_numbers, occurrence);
 }
 
 // Finds the numbers of the names. Whether all are met for the first time, and differ.
@@ -51,14 +51,6 @@ bool StoredOptions::isAlone(const Numbers& names) const {
     expected = m_names[name].next;
   }
   return expected == none;
-}
-
-// Whether nothing was given under these names, and none stands there twice.
-bool StoredOptions::areNew(const Numbers& names) const {
-  for (auto name = names.begin(); name != names.end(); ++name)
-    if (isGiven(*name) || std::find(names.begin(), name, *name) != name)
-      return false;
-  return true;
 }
 
 // For an option that the result does not know, in the place of what another option may have
@@ -142,8 +134,9 @@ void StoredOptions::apply(std::shared_ptr<const DeclaredDefaults> defaults) {
     IArgumentParser::getNewPositionIndex();
 }
 
+// Where others have to go, there is room for these; where none has, nothing has changed yet
+// when memory runs out.
 void StoredOptions::makeLatest(std::shared_ptr<const DeclaredDefaults> defaults) {
-  m_applied.reserve(m_applied.size() + 1);
   m_outdated.reserve(m_outdated.size() + m_applied.size());
   const auto isOutdated = [&](const Applied& applied) {
     const bool isSame = applied.defaults == defaults;

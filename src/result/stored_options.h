@@ -84,7 +84,6 @@ class StoredOptions {
   [[gnu::cold]] void makeLatest(std::shared_ptr<const DeclaredDefaults> defaults);
   bool isGiven(Number name) const { return m_names[name].data != none; }
   bool isAlone(const Numbers& names) const;
-  bool areNew(const Numbers& names) const;
   Number storeFirst(const Numbers& names, const OptionData& occurrence);
   [[gnu::cold]] void storeApart(const Numbers& names, const OptionData& occurrence);
   [[gnu::cold]] Number ownData(Number name);

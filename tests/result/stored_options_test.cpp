@@ -5,10 +5,12 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <random>
 #include <stdexcept>
 
 #include "allocation/allocation_limit.h"
+#include "base/quoted.h"
 #include "options/make_option.h"
 #include "recognizers/argument_parser.h"
 #include "support/naive_result.h"
@@ -125,7 +127,9 @@ TEST_F(Storing, NamesOfOneOptionShareTheirData) {
     OptionData data;
     data.positions = {position};
     options.store({"a", "b", "c"}, data, 1);
+    options.store({"x", "y"}, data, 2);
   }
+  EXPECT_EQ(&options.given(*options.find("x")), &options.given(*options.find("y")));
   const GivenOption* const shared = &options.given(*options.find("a"));
   EXPECT_EQ("@1 @2 @3", render(*shared));
   EXPECT_EQ(shared, &options.given(*options.find("b")));
@@ -455,6 +459,51 @@ TEST_F(Storing, StoresNothingHalfWhenMemoryRunsOut) {
         return;  // those that follow would say the same
     }
     EXPECT_LT(0, failures);
+  }
+}
+
+// Defaults of this text for options of these names.
+std::shared_ptr<const DeclaredDefaults> defaultsOf(const std::vector<string>& names,
+                                                   const char* text, Garbage& garbage) {
+  const auto defaults = std::make_shared<DeclaredDefaults>();
+  for (const string& name : names) {
+    OptionDescription option = makeOption({name}, vtString, &garbage);
+    option.defaultValue(text);
+    defaults->add(option);
+  }
+  return defaults;
+}
+
+// "a=first b=second"
+string defaultsIn(const StoredOptions& stored) {
+  string all;
+  for (const std::string_view name : stored.names())
+    all += joined(all.empty() ? "" : " ", name, "=", stored.findDefault(name)->text);
+  return all;
+}
+
+TEST_F(Storing, LaterDefaultsTakeThePlaceOfFormerOnesOrNothingChanges) {
+  Garbage garbage;
+  const auto later = defaultsOf({"a", "c"}, "later", garbage);
+  for (long allowed = 0, failures = 0;; ++allowed, ++failures) {
+    SCOPED_TRACE(allowed);
+    OwnedMemoryOf<640> memory;
+    StoredOptions stored(memory);
+    stored.apply(defaultsOf({"a"}, "first", garbage));
+    stored.apply(defaultsOf({"b"}, "second", garbage));
+    stored.apply(defaultsOf({"c"}, "third", garbage));
+    try {
+      const AllocationLimit limit(allowed, Failing::forEver);
+      stored.apply(later);
+    } catch (const std::bad_alloc&) {
+      EXPECT_EQ("a=first b=second c=third", defaultsIn(stored));
+      stored.apply(later);
+      EXPECT_EQ("a=later b=second c=later", defaultsIn(stored));
+      continue;
+    }
+    EXPECT_EQ("a=later b=second c=later", defaultsIn(stored));
+    EXPECT_LT(0, failures);
+    return;
   }
 }
 
