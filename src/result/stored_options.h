@@ -39,9 +39,9 @@ class StoredOptions {
         m_applied(&memory) {}
 
   // Adds an occurrence under each of the names: under all of them or, when memory runs
-  // out, under none. The texts of its values must live as long. `option`, if any, tells whose
-  // names they are: what comes again and again finds its place at once.
-  void store(const Names& names, const OptionData& occurrence, std::uint64_t option = 0);
+  // out, under none. The texts of its values must live as long. `option`, if it is not
+  // 0, tells whose names they are: what comes again and again finds its place at once.
+  void store(const Names& names, const OptionData& occurrence, std::uint64_t option);
 
   // Puts these defaults in the place of former ones of the same names, and draws a
   // position for each.

@@ -250,7 +250,7 @@ TEST_F(Groups, StoredOptionThatIsNotDeclaredIsNotFound) {
   StoredOptions stored(memory);
   OptionData occurrence;
   occurrence.positions = {1};
-  stored.store({"unknown"}, occurrence);
+  stored.store({"unknown"}, occurrence, 0);
   string error = "untouched";
   EXPECT_EQ(1, ActionRules(storage, groups).check(stored, error));
   EXPECT_EQ("untouched", error);

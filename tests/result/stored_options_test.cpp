@@ -171,7 +171,7 @@ TEST_F(Storing, TextsStayTheCallers) {
   data.values.push_back({number, variant_t(17), 2});
   data.values.push_back({longText, variant_t(longText, true), 3});
   for (int round = 0; round < 2; ++round)
-    options.store({"a"}, data);
+    options.store({"a"}, data, 0);
   const auto& values = options.given(*options.find("a")).values;
   EXPECT_EQ(4u, values.size());
   for (const GivenValue& value : values) {
@@ -185,7 +185,7 @@ TEST_F(Storing, WithoutANameIsOutOfRange) {
   StoredOptions options(memory);
   OptionData data;
   data.positions = {1};
-  EXPECT_THROW(options.store({}, data), std::out_of_range);
+  EXPECT_THROW(options.store({}, data, 0), std::out_of_range);
   EXPECT_TRUE(options.names().empty());
 }
 
@@ -394,8 +394,8 @@ struct Filled {
     const auto defaults = std::make_shared<DeclaredDefaults>();
     defaults->add(option);
     stored.apply(defaults);
-    stored.store({"a", "b"}, twoValues(1));
-    stored.store({"b", "c"}, twoValues(2));
+    stored.store({"a", "b"}, twoValues(1), 0);
+    stored.store({"b", "c"}, twoValues(2), 0);
     const auto* const begin = static_cast<const char*>(memory.allocate(0));
     const char* const end = memory.copy({}).data();
     for (auto room = static_cast<std::size_t>(end - begin); room >= left + 8; room -= 8)
@@ -426,17 +426,17 @@ bool storeWithLittleMemory(const Names& names, std::size_t left, long allowed) {
   {
     const AllocationLimit limit(allowed, Failing::forEver);
     try {
-      result.stored.store(names, occurrence);
+      result.stored.store(names, occurrence, 0);
     } catch (const std::bad_alloc&) {
       raised = true;
     }
     EXPECT_EQ(limit.reached(), raised);
   }
   Filled all(left);
-  all.stored.store(names, occurrence);
+  all.stored.store(names, occurrence, 0);
   EXPECT_EQ(raised ? before : all.told(), result.told());
   if (raised) {
-    result.stored.store(names, occurrence);
+    result.stored.store(names, occurrence, 0);
     EXPECT_EQ(all.told(), result.told());
   }
   return raised;
