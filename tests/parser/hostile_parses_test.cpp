@@ -437,7 +437,7 @@ TEST(HostileHandlerOfArguments, MayEndTheText) {
       command.error());
 }
 
-TEST(HostileHandlerOfArguments, MayChangeWhatIsWhiteSpaceInThem) {
+TEST(HostileHandlerOfArguments, MayChangeWhatIsWhiteSpaceInThemButNotBetweenThem) {
   const testing::GlobalLocale restored{std::locale()};
   Command command;
   RecordingHandler handler;
@@ -446,19 +446,9 @@ TEST(HostileHandlerOfArguments, MayChangeWhatIsWhiteSpaceInThem) {
   command.parser().addHandler(&handler);
   handler.alsoDo = [] { std::locale::global(testing::localeWithUnderscoreAsSpace()); };
   EXPECT_EQ("a=1@+1 b=5@+3", command.parsed({"--a=1", "--b_5"}));
-}
-
-// The lines of a text end and begin as they did when the parse began.
-TEST(HostileHandlerOfArguments, MayChangeWhatIsWhiteSpaceAheadOfThem) {
-  const testing::GlobalLocale restored{std::locale()};
-  Command command;
-  RecordingHandler handler;
-  command.option("a", vtS32);
-  command.option("b", vtS32);
-  command.parser().addHandler(&handler);
-  handler.alsoDo = [] { std::locale::global(testing::localeWithUnderscoreAsSpace()); };
+  std::locale::global(std::locale::classic());
+  handler.events.clear();
   EXPECT_EQ(0, command.parseStream("--a=1\n_--b=5\n"));
-  EXPECT_EQ("a=1@+1", command.render());
   EXPECT_EQ("option a; value a=1; unknown _--b=5", handler.events);
 }
 
