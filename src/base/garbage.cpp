@@ -14,12 +14,12 @@ const char* Garbage::keep(const char* text) {
   if (text == nullptr)
     return "";
   const HashedName wanted(text);
-  const std::uint32_t number = m_texts.findOrAdd(wanted, [&] {
-    HashedName kept = wanted;
-    kept.text = m_memory.copy(wanted.text);
-    return Text{kept};
+  const Text& kept = m_texts.findOrAdd(wanted, [&] {
+    HashedName copy = wanted;
+    copy.text = m_memory.copy(wanted.text);
+    return Text{copy};
   });
-  return m_texts[number].name.text.data();
+  return kept.name.text.data();
 }
 
 }  // namespace kivo_3_3

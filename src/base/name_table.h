@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <optional>
+#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -12,7 +12,8 @@
 namespace kivo_3_3 {
 
 // Entries that are found by name. Each has a number, from 0 on in the order in which they
-// are added, and a member `name`, a HashedName whose text must stay where it is.
+// are added, and a member `name`, a HashedName whose text must stay where it is. Where an
+// entry stands is good until another is added.
 template <class Entry>
 class NameTable {
  public:
@@ -25,106 +26,115 @@ class NameTable {
   const Entries& entries() const { return m_entries; }
   Entry& operator[](std::uint32_t number) { return m_entries[number]; }
   const Entry& operator[](std::uint32_t number) const { return m_entries[number]; }
+  std::uint32_t numberOf(const Entry& entry) const {
+    return static_cast<std::uint32_t>(&entry - m_entries.data());
+  }
 
   // Of the entries with this name, the one added first, and first of those that
-  // `isMeant` accepts.
-  std::optional<std::uint32_t> find(const HashedName& name) const {
+  // `isMeant` accepts; null where there is none.
+  const Entry* find(const HashedName& name) const {
     return find(name, [](const Entry&) { return true; });
   }
   template <class IsMeant>
-  std::optional<std::uint32_t> find(const HashedName& name, IsMeant isMeant) const;
+  const Entry* find(const HashedName& name, IsMeant isMeant) const;
 
-  // Returns the number of the entry. When memory runs out, nothing has changed.
-  std::uint32_t add(Entry entry);
+  // When memory runs out, nothing has changed.
+  Entry& add(Entry entry);
 
-  // The number of the entry with this name; where there is none, of that which `make` returns,
-  // and which is added. When memory runs out, nothing has changed.
+  // The entry with this name; where there is none, that which `make` returns, and which is
+  // added. When memory runs out, nothing has changed.
   template <class Make>
-  std::uint32_t findOrAdd(const HashedName& name, Make make);
+  Entry& findOrAdd(const HashedName& name, Make make);
 
  private:
   // Open addressing: an entry stands in the first free place from that of its hash on.
   struct Slot {
-    std::uint32_t hash = 0;
-    std::uint32_t number = noEntry;
+    bool isFree() const { return next == 0; }
+    std::uint32_t number() const { return next - 1; }
+
+    std::uint32_t hash;
+    std::uint32_t next;  // the number behind that of the entry
   };
   using Slots = std::vector<Slot, OwnedAllocator<Slot>>;
 
-  static constexpr std::uint32_t noEntry = 0xFFFFFFFF;
-
+  static std::uint32_t hashOf(const HashedName& name) {
+    return static_cast<std::uint32_t>(name.hash >> 32);
+  }
   // The place of the name, or the free one that it would take.
   std::size_t placeOf(const HashedName& name) const;
-  static void put(Slot slot, Slots& slots);
-  bool hasRoom() const { return m_entries.size() * 2 < m_slots.size(); }
+  // The first free one from that of the hash on.
+  static std::size_t freePlace(std::uint32_t hash, const Slots& slots);
+  Entry& put(Entry entry, std::size_t place);
   void makeRoom();
 
   Entries m_entries;
-  Slots m_slots;  // none without entries, else a power of two and at most half full
+  Slots m_slots;           // none without entries, else a power of two and at most half full
+  std::size_t m_room = 0;  // for so many more entries
   std::size_t m_expected;
 };
 
 template <class Entry>
 template <class IsMeant>
-std::optional<std::uint32_t> NameTable<Entry>::find(const HashedName& name, IsMeant isMeant) const {
+const Entry* NameTable<Entry>::find(const HashedName& name, IsMeant isMeant) const {
   if (m_slots.empty())
-    return std::nullopt;
+    return nullptr;
   const std::size_t last = m_slots.size() - 1;
-  for (std::size_t place = name.hash & last; m_slots[place].number != noEntry;
-       place = (place + 1) & last) {
-    if (m_slots[place].hash != name.hash)
-      continue;
-    const Entry& entry = m_entries[m_slots[place].number];
-    if (entry.name.text == name.text && isMeant(entry))
-      return m_slots[place].number;
+  const std::uint32_t hash = hashOf(name);
+  for (std::size_t place = hash & last; !m_slots[place].isFree(); place = (place + 1) & last) {
+    const Entry& entry = m_entries[m_slots[place].number()];
+    if (m_slots[place].hash == hash && entry.name == name && isMeant(entry))
+      return &entry;
   }
-  return std::nullopt;
+  return nullptr;
 }
 
 template <class Entry>
-std::uint32_t NameTable<Entry>::add(Entry entry) {
-  if (!hasRoom())
+Entry& NameTable<Entry>::add(Entry entry) {
+  if (m_room == 0)
     makeRoom();
-  const auto number = static_cast<std::uint32_t>(m_entries.size());
-  m_entries.push_back(std::move(entry));
-  put({m_entries.back().name.hash, number}, m_slots);
-  return number;
+  const std::size_t place = freePlace(hashOf(entry.name), m_slots);
+  return put(std::move(entry), place);
 }
 
 template <class Entry>
 template <class Make>
-std::uint32_t NameTable<Entry>::findOrAdd(const HashedName& name, Make make) {
-  std::size_t place = 0;
-  for (;; makeRoom()) {
-    if (m_slots.empty())
-      continue;
-    place = placeOf(name);
-    if (m_slots[place].number != noEntry)
-      return m_slots[place].number;
-    if (hasRoom())
-      break;
+Entry& NameTable<Entry>::findOrAdd(const HashedName& name, Make make) {
+  if (m_room == 0) {
+    if (const Entry* const found = find(name))
+      return m_entries[numberOf(*found)];
+    makeRoom();
   }
-  const auto number = static_cast<std::uint32_t>(m_entries.size());
-  m_entries.push_back(make());
-  m_slots[place] = {name.hash, number};
-  return number;
+  const std::size_t place = placeOf(name);
+  return m_slots[place].isFree() ? put(make(), place) : m_entries[m_slots[place].number()];
+}
+
+template <class Entry>
+Entry& NameTable<Entry>::put(Entry entry, std::size_t place) {
+  m_entries.push_back(std::move(entry));
+  Entry& added = m_entries.back();
+  m_slots[place] = {hashOf(added.name), static_cast<std::uint32_t>(m_entries.size())};
+  --m_room;
+  return added;
 }
 
 template <class Entry>
 std::size_t NameTable<Entry>::placeOf(const HashedName& name) const {
   const std::size_t last = m_slots.size() - 1;
-  std::size_t place = name.hash & last;
-  while (m_slots[place].number != noEntry &&
-         !(m_slots[place].hash == name.hash && m_entries[m_slots[place].number].name == name))
+  const std::uint32_t hash = hashOf(name);
+  std::size_t place = hash & last;
+  while (!m_slots[place].isFree() &&
+         !(m_slots[place].hash == hash && m_entries[m_slots[place].number()].name == name))
     place = (place + 1) & last;
   return place;
 }
 
 template <class Entry>
-void NameTable<Entry>::put(Slot slot, Slots& slots) {
-  std::size_t place = slot.hash & (slots.size() - 1);
-  while (slots[place].number != noEntry)
-    place = (place + 1) & (slots.size() - 1);
-  slots[place] = slot;
+std::size_t NameTable<Entry>::freePlace(std::uint32_t hash, const Slots& slots) {
+  const std::size_t last = slots.size() - 1;
+  std::size_t place = hash & last;
+  while (!slots[place].isFree())
+    place = (place + 1) & last;
+  return place;
 }
 
 // Entries of one name come upon their places in their order, and so are met in it.
@@ -134,9 +144,13 @@ void NameTable<Entry>::makeRoom() {
   const std::size_t room = std::max(m_expected, count * 2);
   m_entries.reserve(room);
   Slots wider(room * 2, m_slots.get_allocator());
-  for (std::uint32_t number = 0; number < count; ++number)
-    put({m_entries[number].name.hash, number}, wider);
+  std::memset(wider.data(), 0, wider.size() * sizeof(Slot));
+  for (std::uint32_t number = 0; number < count; ++number) {
+    const std::uint32_t hash = hashOf(m_entries[number].name);
+    wider[freePlace(hash, wider)] = {hash, number + 1};
+  }
   m_slots.swap(wider);
+  m_room = room - count;
 }
 
 }  // namespace kivo_3_3

@@ -5,15 +5,14 @@
 #include <memory>
 #include <new>
 #include <type_traits>
-#include <utility>
 
 #include "base/owned_memory.h"
 
 namespace kivo_3_3 {
 
 // A list that grows without moving its elements: by segments of owned memory, each as long as
-// all before it until that is long enough. The first element is inside, and moves with the
-// list, for most lists have no other.
+// all before it until that is long enough. The first element is inside, for most lists have
+// no other.
 template <class T>
 class SegmentedList {
  public:
@@ -33,12 +32,8 @@ class SegmentedList {
   };
 
   SegmentedList() = default;
-  SegmentedList(SegmentedList&& other) noexcept
-      : m_first(std::move(other.m_first)),
-        m_size(std::exchange(other.m_size, 0)),
-        m_room(std::exchange(other.m_room, 1)),
-        m_segments(std::exchange(other.m_segments, nullptr)) {}
-  SegmentedList& operator=(SegmentedList&&) = delete;
+  SegmentedList(const SegmentedList&) = delete;
+  SegmentedList& operator=(const SegmentedList&) = delete;
   ~SegmentedList() {
     if (!std::is_trivially_destructible<T>::value && m_size > 1)
       endSegments();

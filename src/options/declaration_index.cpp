@@ -24,31 +24,34 @@ struct DeclarationIndex::Matches {
   const char* ahead = "";
 };
 
-std::optional<unsigned int> DeclarationIndex::find(const HashedName& name,
-                                                   const OptionList& options) {
+const DeclarationIndex::Name* DeclarationIndex::findName(const HashedName& name,
+                                                         const OptionList& options) {
   catchUp(options);
-  std::optional<unsigned int> option;
-  if (const auto named = m_names.find(name))
-    option = m_names[*named].option;
+  const Name* const named = m_names.find(name);
   if (name.text.empty() || name.text.front() != *negation || !beginsWith(name.text, negation))
-    return option;
-  const auto negated =
+    return named;
+  const Name* const negated =
       m_names.find(withoutNegation(name.text), [](const Name& found) { return found.isBoolean; });
-  if (negated && (!option || m_names[*negated].option < *option))
-    option = m_names[*negated].option;
-  return option;
+  const bool isFirst = negated != nullptr && (named == nullptr || negated->option < named->option);
+  return isFirst ? negated : named;
 }
 
-DeclarationIndex::Match DeclarationIndex::findBest(std::string_view typed,
+std::optional<unsigned int> DeclarationIndex::find(const HashedName& name,
                                                    const OptionList& options) {
-  if (const auto exact = find(typed, options))
-    return {Match::unique, *exact, "", typed};
+  const Name* const found = findName(name, options);
+  return found != nullptr ? std::make_optional(found->option) : std::nullopt;
+}
+
+DeclarationIndex::Match DeclarationIndex::findBest(const HashedName& typed,
+                                                   const OptionList& options) {
+  if (const Name* const exact = findName(typed, options))
+    return {Match::unique, exact->option, "", typed.text};
   sortNames();
   Matches matches;
-  collect(m_sorted, typed, "", matches);
-  if (beginsWith(typed, negation))
-    collect(m_sortedBooleans, withoutNegation(typed), negation, matches);
-  else if (beginsWith(negation, typed))
+  collect(m_sorted, typed.text, "", matches);
+  if (beginsWith(typed.text, negation))
+    collect(m_sortedBooleans, withoutNegation(typed.text), negation, matches);
+  else if (beginsWith(negation, typed.text))
     collect(m_sortedBooleans, "", negation, matches);
   if (matches.count != 1)
     return {matches.count == 0 ? Match::none : Match::ambiguous};

@@ -37,7 +37,7 @@ class DeclarationIndex {
   std::optional<unsigned int> find(const HashedName& name, const OptionList& options);
 
   // The option whose name was typed, in full or shortened.
-  Match findBest(std::string_view typed, const OptionList& options);
+  Match findBest(const HashedName& typed, const OptionList& options);
 
   // The first positional option.
   std::optional<unsigned int> findPositional(const OptionList& options);
@@ -59,6 +59,7 @@ class DeclarationIndex {
   // The first two names that begin alike.
   struct Matches;
 
+  const Name* findName(const HashedName& name, const OptionList& options);
   void catchUp(const OptionList& options) {
     if (!options.empty() && (&options.back() != m_last || m_last->m_changes != m_lastChanges))
       learn(options);

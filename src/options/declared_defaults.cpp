@@ -19,23 +19,22 @@ void DeclaredDefaults::add(const OptionDescription& option) {
 }
 
 void DeclaredDefaults::add(Default added) {
-  if (const auto known = m_defaults.find(added.name)) {
-    added.name = m_defaults[*known].name;
-    m_defaults[*known] = std::move(added);
-    return;
-  }
-  added.name.text = m_memory.copy(added.name.text);
-  m_defaults.add(std::move(added));
+  Default& kept = m_defaults.findOrAdd(added.name, [&] {
+    Default first = added;
+    first.name.text = m_memory.copy(added.name.text);
+    return first;
+  });
+  added.name = kept.name;
+  kept = std::move(added);
 }
 
 bool DeclaredDefaults::hasAllOf(const DeclaredDefaults& others) const {
   return std::all_of(others.all().begin(), others.all().end(),
-                     [&](const Default& other) { return m_defaults.find(other.name).has_value(); });
+                     [&](const Default& other) { return m_defaults.find(other.name) != nullptr; });
 }
 
 const DeclaredDefaults::Default* DeclaredDefaults::find(const HashedName& name) const {
-  const auto number = m_defaults.find(name);
-  return number ? &m_defaults[*number] : nullptr;
+  return m_defaults.find(name);
 }
 
 }  // namespace kivo_3_3

@@ -99,12 +99,12 @@ IOption* RegisteredOptionStorage::modifier(const char* names, const char* action
 const RegisteredOptionStorage::Group& RegisteredOptionStorage::groupFor(std::string_view text) {
   const std::size_t colon = std::min(text.find(':'), text.size());
   const HashedName key = text.substr(0, colon);
-  return m_groups[m_groups.findOrAdd(key, [&] {
+  return m_groups.findOrAdd(key, [&] {
     OwnedMemory& memory = m_garbage->memory();
     HashedName kept = key;
     kept.text = memory.copy(key.text);
     return Group{kept, memory.copy(text.substr(std::min(colon + 1, text.size())))};
-  })];
+  });
 }
 
 bool RegisteredOptionStorage::isTaken(const Names& names) {

@@ -43,10 +43,6 @@ class RegisteredOptionStorage final {
   DeclarationIndex& index() { return m_index; }
   const OptionDescription& fallback() const { return m_fallback; }
 
-  // Tells these declarations from all others that the process has made. Each option has an
-  // identity too.
-  std::uint64_t identity() const { return m_identity; }
-
  private:
   IOption* declare(const char* names, const char* tags, const char* description, bool isAction,
                    variant_type_t type, const char* group);

@@ -90,7 +90,7 @@ bool BasicParser::isOptionDeclared(const char* name, bool amongActions, const ch
   return std::any_of(options.begin(), options.end(), isMeant);
 }
 
-const char* BasicParser::getErrorDesc() { return m_garbage.init(m_lastError.c_str()); }
+const char* BasicParser::getErrorDesc() { return m_garbage->init(m_lastError.c_str()); }
 
 const char* BasicParser::getDescription(bool hidden) {
   return compose([&](const HelpGenerator& help) { return help.describeTool(hidden); });
@@ -119,7 +119,7 @@ const char* BasicParser::getGlobalModifiersDescription(bool hidden) {
 template <class Write>
 const char* BasicParser::compose(Write write) {
   try {
-    return m_garbage.init(write(HelpGenerator(m_storage.options(), m_storage.groups())).c_str());
+    return m_garbage->init(write(HelpGenerator(m_storage.options(), m_storage.groups())).c_str());
   } catch (const std::exception&) {
     return helpFailed();
   }
@@ -193,7 +193,7 @@ void BasicParser::forEachHandler(Call call) {
 bool BasicParser::onOptionParse(const char* name) {
   if (m_handlers.empty())
     return true;
-  const char* kept = m_garbage.keep(name);
+  const char* kept = m_garbage->keep(name);
   forEachHandler([&](EventHandler& handler) {
     handler.onOptionParse(kept);
     return true;
@@ -204,9 +204,9 @@ bool BasicParser::onOptionParse(const char* name) {
 bool BasicParser::onValueParse(const char* name, const Value& value) {
   if (m_handlers.empty())
     return true;
-  const char* keptName = m_garbage.keep(name);
+  const char* keptName = m_garbage->keep(name);
   Value keptValue = value;
-  keptValue.text = m_garbage.keep(value.text);
+  keptValue.text = m_garbage->keep(value.text);
   bool accepted = true;
   forEachHandler([&](EventHandler& handler) {
     accepted = handler.onValueParse(keptName, keptValue);
@@ -218,7 +218,7 @@ bool BasicParser::onValueParse(const char* name, const Value& value) {
 bool BasicParser::onUknownArgument(const char* argument) {
   if (m_handlers.empty())
     return true;
-  const char* kept = m_garbage.keep(argument);
+  const char* kept = m_garbage->keep(argument);
   bool accepted = true;
   forEachHandler([&](EventHandler& handler) {
     accepted = handler.onUknownArgument(kept) && accepted;

@@ -2,6 +2,7 @@
 
 #include <kivo/parser.h>
 
+#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
@@ -86,8 +87,10 @@ class BasicParser : public IParser {
   int bindLeftover(ArgumentWindow args, PositionalOptionsParser& recognizer, ParseResult* result,
                    std::string& error);
 
-  Garbage m_garbage;  // owns every text handed out, and what the declarations need
-  RegisteredOptionStorage m_storage{&m_garbage};
+  // Owns every text handed out, and what the declarations need. Results share it, for
+  // the names of what they store.
+  const std::shared_ptr<Garbage> m_garbage = std::make_shared<Garbage>();
+  RegisteredOptionStorage m_storage{m_garbage.get()};
   std::string m_lastError;
   int m_flags;
   std::set<EventHandler*> m_handlers;

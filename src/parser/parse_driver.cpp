@@ -109,7 +109,7 @@ IArgumentParser* chooseRecognizer(const std::array<IArgumentParser*, 2>& recogni
 int BasicParser::parseArgsVector(int argc, const char* const* argv, IParseResult* result) {
   try {
     if (ParseResult* store = storeOf(result)) {
-      store->noteDeclarations(m_storage.identity());
+      store->holdDeclarations(m_garbage);
       store->applyDefaults(m_storage.index().defaults(m_storage.options()));
     }
     if (argc <= 1)
@@ -172,7 +172,7 @@ int BasicParser::parse_phase_one(std::string_view separator, ArgumentWindow& arg
 
   ParseResult* store = storeOf(result);
   if (store != nullptr)
-    store->noteDeclarations(m_storage.identity());
+    store->holdDeclarations(m_garbage);
   OptionList& options = m_storage.options();
   PositionalOptionsParser positional(listener(), textsOf(store), m_flags, m_storage.index());
   AbbreviationParser named(listener(), textsOf(store), m_flags, m_storage.index());
@@ -242,7 +242,7 @@ int BasicParser::parse_phase_two(std::string_view, ArgumentWindow&, IParseResult
   if (store == nullptr)
     return status::success;
   const bool hasActions = m_storage.index().hasActions(m_storage.options());
-  if (!hasActions && !store->isFilledByOthers())
+  if (!hasActions && !store->isFilledByMany())
     return status::success;  // there is nothing to hold the options against
   return ActionRules(m_storage, m_simultaneousActions).check(store->options(), error);
 }

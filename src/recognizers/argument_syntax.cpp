@@ -42,24 +42,6 @@ std::size_t typographicDashLength(std::string_view text) {
   return 0;
 }
 
-ArgumentParts splitArgument(std::string_view argument, const WhiteSpace& isSpace) {
-  std::string_view rest = argument;
-  rest.remove_prefix(dashLength(rest));
-  rest.remove_prefix(dashLength(rest));
-  const auto endsName = [&](char character) { return character == '=' || isSpace(character); };
-  const auto nameEnd = std::find_if(rest.begin(), rest.end(), endsName);
-  const auto length = static_cast<std::size_t>(nameEnd - rest.begin());
-  ArgumentParts parts = {{rest.data(), length}, {}, length < rest.size()};
-  rest.remove_prefix(length);
-  if (parts.hasValue && rest.front() == '=')
-    rest.remove_prefix(1);
-  else
-    while (!rest.empty() && isSpace(rest.front()))
-      rest.remove_prefix(1);
-  parts.value = rest;
-  return parts;
-}
-
 unsigned int getDashLength(const std::string& text, unsigned int pos) {
   return static_cast<unsigned int>(dashLength(std::string_view(text).substr(pos)));
 }

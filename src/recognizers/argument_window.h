@@ -31,9 +31,11 @@ class ArgumentWindow {
 
   // The one behind the front, if any.
   std::optional<std::string_view> second() const {
-    ArgumentWindow behind = *this;
-    behind.drop();
-    return behind.empty() ? std::nullopt : std::make_optional(behind.m_front);
+    if (m_next != m_end)
+      return *m_next;
+    ArgumentLines rest = m_lines;
+    const std::string_view line = rest.next();
+    return line.data() != nullptr ? std::make_optional(line) : std::nullopt;
   }
 
   // Takes the front away, if there is one.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string_view>
 
@@ -14,8 +15,6 @@ struct ArgumentParts {
   bool hasValue = false;  // even if that is empty
 };
 
-ArgumentParts splitArgument(std::string_view argument, const WhiteSpace& isSpace);
-
 // The length of the dash outside of ASCII that `text` begins with.
 std::size_t typographicDashLength(std::string_view text);
 
@@ -26,6 +25,24 @@ inline std::size_t dashLength(std::string_view text) {
   if (static_cast<unsigned char>(text.front()) < 0x80)
     return text.front() == '-' ? 1 : 0;
   return typographicDashLength(text);
+}
+
+inline ArgumentParts splitArgument(std::string_view argument, const WhiteSpace& isSpace) {
+  std::string_view rest = argument;
+  rest.remove_prefix(dashLength(rest));
+  rest.remove_prefix(dashLength(rest));
+  const auto endsName = [&](char character) { return character == '=' || isSpace(character); };
+  const auto nameEnd = std::find_if(rest.begin(), rest.end(), endsName);
+  const auto length = static_cast<std::size_t>(nameEnd - rest.begin());
+  ArgumentParts parts = {{rest.data(), length}, {}, length < rest.size()};
+  rest.remove_prefix(length);
+  if (parts.hasValue && rest.front() == '=')
+    rest.remove_prefix(1);
+  else
+    while (!rest.empty() && isSpace(rest.front()))
+      rest.remove_prefix(1);
+  parts.value = rest;
+  return parts;
 }
 
 }  // namespace kivo_3_3

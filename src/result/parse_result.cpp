@@ -1,5 +1,6 @@
 #include "result/parse_result.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -59,17 +60,21 @@ void ParseResult::addArgument(std::string_view text, int position) {
   m_arguments.push_back({m_memory.copy(text).data(), position});
 }
 
-void ParseResult::noteDeclarations(std::uint64_t identity) {
-  m_isFilledByOthers = m_isFilledByOthers || m_declarations.value_or(identity) != identity;
-  m_declarations = identity;
+void ParseResult::holdDeclarations(const std::shared_ptr<const Garbage>& declarations) {
+  if (std::find(m_declarations.begin(), m_declarations.end(), declarations) == m_declarations.end())
+    m_declarations.push_back(declarations);
 }
 
 Value getLastValue(IParseResult* result, const char* name, int from, int to) {
-  Value last;
   if (result == nullptr || name == nullptr)
-    return last;
-  for (Value value = result->get(name, from, to); value.isEmpty == 0; value = result->next(name))
-    last = std::move(value);
+    return {};
+  Value last = result->get(name, from, to);
+  while (last.isEmpty == 0) {
+    Value behind = result->next(name);
+    if (behind.isEmpty != 0)
+      break;
+    last = std::move(behind);
+  }
   return last;
 }
 

@@ -2,13 +2,12 @@
 
 #include <kivo/parse_result.h>
 
-#include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "base/garbage.h"
 #include "base/owned_memory.h"
 #include "options/option_data.h"
 #include "options/option_description.h"
@@ -40,7 +39,8 @@ class ParseResult final : public IParseResult, public IResultCollector {
   ParseResult& operator=(const ParseResult&) = delete;
   ~ParseResult() override = default;
 
-  // Adds an occurrence under every name of the option. Occurrences add up.
+  // Adds an occurrence under every name of the option. Occurrences add up. The texts of
+  // the names must live as long as the result.
   void store(const OptionDescription& option, const OptionData& data) override;
 
   // Gives the options that declare a default that, under each of their names and with a
@@ -57,9 +57,11 @@ class ParseResult final : public IParseResult, public IResultCollector {
   const std::vector<Argument>& arguments() const { return m_arguments; }
   ResultCursor& cursor() { return m_cursor; }
 
-  // Notes that something is stored by these declarations, and whether others have.
-  void noteDeclarations(std::uint64_t identity);
-  bool isFilledByOthers() const { return m_isFilledByOthers; }
+  // Keeps what owns the texts of declarations that something is stored by. Raises
+  // std::bad_alloc.
+  void holdDeclarations(const std::shared_ptr<const Garbage>& declarations);
+  // Whether more than one parser has stored something.
+  bool isFilledByMany() const { return m_declarations.size() > 1; }
 
  private:
   OwnedMemoryOf<4096> m_memory;
@@ -67,8 +69,8 @@ class ParseResult final : public IParseResult, public IResultCollector {
   ResultCursor m_cursor{m_options};
   std::vector<Argument> m_arguments;
   std::size_t m_argumentCursor = 0;  // the next one to deliver
-  std::optional<std::uint64_t> m_declarations;
-  bool m_isFilledByOthers = false;  // beside those
+  std::vector<std::shared_ptr<const Garbage>, OwnedAllocator<std::shared_ptr<const Garbage>>>
+      m_declarations{&m_memory};  // each once
 };
 
 }  // namespace kivo_3_3

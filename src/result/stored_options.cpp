@@ -8,121 +8,101 @@
 namespace kivo_3_3 {
 
 void StoredOptions::store(const Names& names, const OptionData& occurrence, std::uint64_t option) {
-  if (option == 0 || option != m_last.option || names.size() != m_last.names) {
-    if (lookUp(names)) {
-      m_last = {option, names.size(), storeFirst(m_numbers, occurrence)};
+  const std::size_t count = names.size();
+  if (option == 0 || option != m_last.option || count != m_last.names) {
+    m_last = {};
+    if (Group* const added = storeNew(names, occurrence)) {
+      m_last = {option, count, added};
       return;
     }
-    m_last = {option, names.size(), isAlone(m_numbers) ? m_names[m_numbers[0]].data : none};
+    Group* const known = groupOf(names);
+    if (known == nullptr) {
+      storeApart(names, occurrence);
+      return;
+    }
+    m_last = {option, count, known};
   }
-  if (m_last.data != none) {
-    m_data[m_last.data].makeRoomFor(occurrence, m_memory);
-    m_data[m_last.data].append(occurrence);
-    return;
-  }
-  // An option that the result knows, if only by its default, adds to what stands under its
-  // names; any other takes them over.
-  m_last = {};
-  if (isGiven(m_numbers[0]) || findDefault(names[0]))
-    storeApart(m_numbers, occurrence);
-  else
-    storeFirst(m_numbers, occurrence);
+  GivenOption& data = m_last.group->given;
+  data.makeRoomFor(occurrence, m_memory);
+  data.append(occurrence);
 }
 
-// Finds the numbers of the names. Whether all are met for the first time, and differ.
-bool StoredOptions::lookUp(const Names& names) {
-  const std::size_t before = m_names.entries().size();
-  m_numbers.clear();
+// For names of which each is met for the first time; null where one is not. Whatever may
+// fail for want of memory comes first: a name that leads to nothing tells nobody.
+StoredOptions::Group* StoredOptions::storeNew(const Names& names, const OptionData& occurrence) {
+  const auto count = static_cast<Number>(names.size());
+  const auto first = static_cast<Number>(m_names.entries().size());
   for (const HashedName& name : names)
-    m_numbers.push_back(numberOf(name));
-  return !names.empty() && m_names.entries().size() - before == names.size();
+    m_names.findOrAdd(name, [&] { return Name{name, nullptr}; });
+  if (count == 0 || m_names.entries().size() != first + count)
+    return nullptr;
+
+  Group& added = m_groups.emplace_front();
+  added.given.makeRoomFor(occurrence, m_memory);
+  added.given.append(occurrence);
+  added.firstName = first;
+  added.names = count;
+  for (Number i = 0; i < count; ++i)
+    m_names[first + i].group = &added;
+  return &added;
 }
 
-// Whether these names were stored under together, in this order, and share their data with
-// no other.
-bool StoredOptions::isAlone(const Numbers& names) const {
-  const Number data = m_names[names.at(0)].data;
-  if (data == none || !m_names[names[0]].isFirst)
-    return false;
-  Number expected = names[0];
-  for (const Number name : names) {
-    if (name != expected || m_names[name].data != data)
-      return false;
-    expected = m_names[name].next;
-  }
-  return expected == none;
+// What these names lead to and no other does; null where that is not the same for all.
+StoredOptions::Group* StoredOptions::groupOf(const Names& names) {
+  const Name* const first = m_names.find(names.at(0));
+  Group* const group = first->group;
+  if (group == nullptr || group->firstName != m_names.numberOf(*first) ||
+      group->names != names.size())
+    return nullptr;
+  for (std::size_t i = 0; i < names.size(); ++i)
+    if (first[i].group != group || !(first[i].name == names[i]))
+      return nullptr;
+  return group;
 }
 
-// For an option that the result does not know, in the place of what another option may have
-// stored under one of the names. Whatever may fail for want of memory comes first.
-StoredOptions::Number StoredOptions::storeFirst(const Numbers& names,
-                                                const OptionData& occurrence) {
-  if (m_data.empty())
-    m_data.reserve(expectedOptions);
-  const auto data = static_cast<Number>(m_data.size());
-  GivenOption& added = m_data.emplace_back();
-  added.makeRoomFor(occurrence, m_memory);
-  added.append(occurrence);
-  Number next = none;
-  for (auto number = names.rbegin(); number != names.rend(); ++number) {
-    Name& name = m_names[*number];
-    name.data = data;
-    name.next = next;
-    name.isFirst = number + 1 == names.rend();
-    next = *number;
+// For names that do not share their data, or not with each other alone: each gets data of
+// its own, which no reader can tell. An option that the result knows, if only by its default,
+// adds to what stands under its names; any other takes them over.
+// Whatever may fail for want of memory comes first.
+void StoredOptions::storeApart(const Names& names, const OptionData& occurrence) {
+  const bool isKnown = find(names[0]) || findDefault(names[0]);
+  std::vector<std::pair<Number, Group*>> own;
+  for (const HashedName& name : names) {
+    const Name& place = *m_names.find(name);
+    const Number number = m_names.numberOf(place);
+    const auto same = std::find_if(own.begin(), own.end(),
+                                   [&](const auto& before) { return before.first == number; });
+    Group* const group = same != own.end() ? same->second
+                         : isKnown         ? &ownCopy(place)
+                                           : &m_groups.emplace_front();
+    group->given.makeRoomFor(occurrence, m_memory, names.size());
+    own.emplace_back(number, group);
   }
-  return data;
-}
-
-// Under names that do not share their data, or not with each other alone: each gets data of
-// its own, which no reader can tell. Whatever may fail for want of memory comes first.
-void StoredOptions::storeApart(const Numbers& names, const OptionData& occurrence) {
-  std::vector<Number> own;
-  for (const Number name : names) {
-    const auto before = std::find(names.begin(), names.end(), name) - names.begin();
-    const auto place = static_cast<std::size_t>(before);
-    own.push_back(place < own.size() ? own[place] : ownData(name));
-    m_data[own.back()].makeRoomFor(occurrence, m_memory, names.size());
-  }
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    Name& name = m_names[names[i]];
-    name.data = own[i];
-    name.next = none;
-    name.isFirst = true;
-    m_data[own[i]].append(occurrence);
+  for (const auto& [number, group] : own) {
+    if (isKnown || m_names[number].group != group)
+      group->given.append(occurrence);
+    m_names[number].group = group;
+    group->firstName = number;
+    group->names = 1;
   }
 }
 
-// Data that no other name leads to, with what was given under this one.
-StoredOptions::Number StoredOptions::ownData(Number name) {
-  const Number data = m_names[name].data;
-  if (data != none && !isShared(data))
-    return data;
-  GivenOption& own = m_data.emplace_back();
-  if (data != none) {
-    own.makeRoomFor(m_data[data], m_memory);
-    own.append(m_data[data]);
+// A group that no other name leads to, with what was given under this one.
+StoredOptions::Group& StoredOptions::ownCopy(const Name& name) {
+  if (name.group != nullptr && !isShared(name.group))
+    return *name.group;
+  Group& own = m_groups.emplace_front();
+  if (name.group != nullptr) {
+    own.given.makeRoomFor(name.group->given, m_memory);
+    own.given.append(name.group->given);
   }
-  return static_cast<Number>(m_data.size() - 1);
+  return own;
 }
 
-bool StoredOptions::isShared(Number data) const {
+bool StoredOptions::isShared(const Group* group) const {
   const auto& all = m_names.entries();
   return std::count_if(all.begin(), all.end(),
-                       [&](const Name& name) { return name.data == data; }) > 1;
-}
-
-StoredOptions::Number StoredOptions::numberOf(const HashedName& name) {
-  return m_names.findOrAdd(name, [&] {
-    HashedName kept = name;
-    kept.text = m_memory.copy(name.text);
-    return Name{kept, none, none, false};
-  });
-}
-
-std::optional<StoredOptions::Number> StoredOptions::find(const HashedName& name) const {
-  const auto number = m_names.find(name);
-  return number && isGiven(*number) ? number : std::nullopt;
+                       [&](const Name& name) { return name.group == group; }) > 1;
 }
 
 void StoredOptions::apply(std::shared_ptr<const DeclaredDefaults> defaults) {
@@ -164,7 +144,7 @@ std::optional<StoredOptions::Default> StoredOptions::findDefault(const HashedNam
 Texts StoredOptions::names() const {
   Texts all;
   for (const Name& name : m_names.entries())
-    if (name.data != none)
+    if (name.group != nullptr)
       all.push_back(name.name.text);
   for (const Applied& applied : m_applied)
     for (const DeclaredDefaults::Default& one : applied.defaults->all())

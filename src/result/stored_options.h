@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <forward_list>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -32,15 +33,11 @@ class StoredOptions {
   using Number = std::uint32_t;
 
   explicit StoredOptions(OwnedMemory& memory)
-      : m_memory(memory),
-        m_names(&memory, expectedNames),
-        m_numbers(&memory),
-        m_data(&memory),
-        m_applied(&memory) {}
+      : m_memory(memory), m_names(&memory, expectedNames), m_groups(&memory), m_applied(&memory) {}
 
   // Adds an occurrence under each of the names: under all of them or, when memory runs
-  // out, under none. The texts of its values must live as long. `option`, if it is not
-  // 0, tells whose names they are: what comes again and again finds its place at once.
+  // out, under none. The texts of names and values must live as long. `option`, if it is
+  // not 0, tells whose names they are: what comes again and again finds its place at once.
   void store(const Names& names, const OptionData& occurrence, std::uint64_t option);
 
   // Puts these defaults in the place of former ones of the same names, and draws a
@@ -48,9 +45,14 @@ class StoredOptions {
   void apply(std::shared_ptr<const DeclaredDefaults> defaults);
 
   // The number of the name that something was given under.
-  std::optional<Number> find(const HashedName& name) const;
+  std::optional<Number> find(const HashedName& name) const {
+    const Name* const found = m_names.find(name);
+    return found != nullptr && found->group != nullptr
+               ? std::make_optional(m_names.numberOf(*found))
+               : std::nullopt;
+  }
   // What was given under the name of this number.
-  const GivenOption& given(Number name) const { return m_data[m_names[name].data]; }
+  const GivenOption& given(Number name) const { return m_names[name].group->given; }
 
   std::optional<Default> findDefault(const HashedName& name) const;
 
@@ -58,43 +60,41 @@ class StoredOptions {
   Texts names() const;
 
  private:
-  static constexpr Number none = 0xFFFFFFFF;
   static constexpr std::size_t expectedNames = 32;
-  static constexpr std::size_t expectedOptions = 16;
 
-  using Numbers = std::vector<Number, OwnedAllocator<Number>>;
+  // What was given under some names alone, the numbers of which follow each other, unless
+  // something came between.
+  struct Group {
+    Number firstName = 0;
+    Number names = 0;  // so many
+    GivenOption given;
+  };
   struct Name {
     HashedName name;
-    Number data;   // none while nothing was given
-    Number next;   // the name that stands behind it in the option's list
-    bool isFirst;  // in that list
+    Group* group;  // null while nothing was given
   };
   // What was stored last.
   struct Last {
     std::uint64_t option = 0;
-    std::size_t names = 0;  // so many
-    Number data = none;     // of the option alone, if it has such
+    std::size_t names = 0;   // so many
+    Group* group = nullptr;  // theirs alone, if there is such
   };
   struct Applied {
     std::shared_ptr<const DeclaredDefaults> defaults;
     int firstPosition;
   };
 
-  bool lookUp(const Names& names);
   [[gnu::cold]] void makeLatest(std::shared_ptr<const DeclaredDefaults> defaults);
-  bool isGiven(Number name) const { return m_names[name].data != none; }
-  bool isAlone(const Numbers& names) const;
-  Number storeFirst(const Numbers& names, const OptionData& occurrence);
-  [[gnu::cold]] void storeApart(const Numbers& names, const OptionData& occurrence);
-  [[gnu::cold]] Number ownData(Number name);
-  [[gnu::cold]] bool isShared(Number data) const;
-  Number numberOf(const HashedName& name);
+  Group* storeNew(const Names& names, const OptionData& occurrence);
+  Group* groupOf(const Names& names);
+  [[gnu::cold]] void storeApart(const Names& names, const OptionData& occurrence);
+  [[gnu::cold]] Group& ownCopy(const Name& name);
+  [[gnu::cold]] bool isShared(const Group* group) const;
 
   OwnedMemory& m_memory;
   NameTable<Name> m_names;
   Last m_last;
-  Numbers m_numbers;  // of the names being stored, kept for the room it has
-  std::vector<GivenOption, OwnedAllocator<GivenOption>> m_data;
+  std::forward_list<Group, OwnedAllocator<Group>> m_groups;
   std::vector<Applied, OwnedAllocator<Applied>> m_applied;  // the latest last
   // What later ones have taken the place of, name by name: its texts have been handed out.
   std::vector<std::shared_ptr<const DeclaredDefaults>> m_outdated;

@@ -69,7 +69,7 @@ class Registry {
                   shown(find(step.text(0))));
     else if (step.is("best"))
       expectEqual("a shortened name is found as by a walk", scan().findBest(step.text(0)),
-                  shown(m_storage.index().findBest(step.text(0), options())));
+                  shown(findBest(step.text(0))));
     else
       checkFlags();
   }
@@ -80,7 +80,7 @@ class Registry {
       expectEqual("every name is found", all.find(name), shown(find(name)));
       const string half = name.substr(0, name.size() / 2);
       expectEqual("half of every name is found as by a walk", all.findBest(half),
-                  shown(m_storage.index().findBest(half, options())));
+                  shown(findBest(half)));
     }
     checkFlags();
   }
@@ -89,6 +89,9 @@ class Registry {
   Options& options() { return m_storage.options(); }
   std::optional<unsigned int> find(std::string_view name) {
     return m_storage.index().find(name, options());
+  }
+  DeclarationIndex::Match findBest(std::string_view typed) {
+    return m_storage.index().findBest(typed, options());
   }
   DeclarationScan scan() { return DeclarationScan(options()); }
 

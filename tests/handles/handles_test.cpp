@@ -52,6 +52,23 @@ TEST(Handles, EndWhatTheyOwnThroughDestroy) {
   EXPECT_EQ(1, ends);
 }
 
+TEST(Handles, AResultOutlivesAllWhoFilledIt) {
+  ParserHandle first = makeParser();
+  ParserHandle second = makeParser();
+  first->option("level,l", "", vtS32)->defaultValue(1);
+  second->option("name,n", "", vtString);
+  const ResultHandle result = makeResult(*first);
+  EXPECT_EQ(0, first->parseStream("--level=3", result.get()));
+  // What is stored already is none of the second one's options, which it says.
+  EXPECT_EQ(1, second->parseStream("--name=Ada", result.get()));
+  EXPECT_EQ(1, first->parseStream("--level=4", result.get()));
+  first.reset();
+  second.reset();
+  EXPECT_EQ(4, valueOr(*result, "l", 0));
+  EXPECT_STREQ("Ada", valueOr(*result, "name", ""));
+  EXPECT_FALSE(result->present("other"));
+}
+
 TEST(Handles, AResultOutlivesItsParser) {
   ParserHandle parser = makeParser();
   parser->option("name", "", vtString);

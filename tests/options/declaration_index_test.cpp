@@ -200,7 +200,7 @@ OptionDescription randomOption(Random& random) {
 void expectAgreement(DeclarationIndex& index, const string& typed, const Options& options,
                      const DeclarationScan& scan) {
   ASSERT_EQ(scan.find(typed), shown(index.find(std::string_view(typed), options))) << typed;
-  ASSERT_EQ(scan.findBest(typed), shown(index.findBest(typed, options))) << typed;
+  ASSERT_EQ(scan.findBest(typed), shown(index.findBest(std::string_view(typed), options))) << typed;
 }
 
 // Every text of up to `length` letters.
