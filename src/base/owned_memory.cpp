@@ -33,17 +33,10 @@ char* OwnedMemory::addBlock(std::size_t size) {
   return static_cast<char*>(memory) + sizeof(Block);
 }
 
-std::string_view OwnedMemory::copy(std::string_view text) {
-  const std::size_t size = text.size() + 1;
-  char* const place = size > largestSmall ? addBlock(size) : cutFromEnd(size);
-  text.copy(place, text.size());
-  place[text.size()] = '\0';
-  return {place, text.size()};
-}
-
-char* OwnedMemory::cutFromEnd(std::size_t size) {
-  if (size > static_cast<std::size_t>(m_end - m_next))
-    beginBlock();
+char* OwnedMemory::cutElsewhere(std::size_t size) {
+  if (size > largestSmall)
+    return addBlock(size);
+  beginBlock();
   return m_end -= size;
 }
 

@@ -38,7 +38,14 @@ class OwnedMemory {
   }
 
   // A copy of `text`, with a zero behind it, that stays to the end.
-  std::string_view copy(std::string_view text);
+  std::string_view copy(std::string_view text) {
+    const std::size_t size = text.size() + 1;
+    char* const place =
+        size <= static_cast<std::size_t>(m_end - m_next) ? m_end -= size : cutElsewhere(size);
+    text.copy(place, text.size());
+    place[text.size()] = '\0';
+    return {place, text.size()};
+  }
 
  protected:
   static constexpr std::size_t alignment = alignof(double);
@@ -66,7 +73,7 @@ class OwnedMemory {
   }
   void* allocateElsewhere(std::size_t size);
   void beginBlock();
-  char* cutFromEnd(std::size_t size);
+  char* cutElsewhere(std::size_t size);
   char* addBlock(std::size_t size);
 
   char* m_next;

@@ -32,6 +32,11 @@ WhiteSpace::WhiteSpace() {
   m_classes = &std::use_facet<std::ctype<char>>(*m_locale);
 }
 
-bool isClassicLocale() { return isThereNoLocaleYet() || std::locale() == std::locale::classic(); }
+bool isClassicLocale() {
+  if (isThereNoLocaleYet())
+    return true;
+  static const std::locale& classic = std::locale::classic();
+  return std::locale() == classic;
+}
 
 }  // namespace kivo_3_3

@@ -34,7 +34,7 @@ struct GivenOption {
 };
 
 template <class Occurrences>
-void GivenOption::append(const Occurrences& more) noexcept {
+[[gnu::always_inline]] inline void GivenOption::append(const Occurrences& more) noexcept {
   for (const int position : more.positions) {
     isAscending = isAscending && m_position <= position;
     m_position = position;

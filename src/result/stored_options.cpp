@@ -9,46 +9,37 @@ namespace kivo_3_3 {
 
 void StoredOptions::store(const Names& names, const OptionData& occurrence, std::uint64_t option) {
   const std::size_t count = names.size();
-  if (option == 0 || option != m_last.option || count != m_last.names) {
-    m_last = {};
-    if (Group* const added = storeNew(names, occurrence)) {
-      m_last = {option, count, added};
-      return;
-    }
-    Group* const known = groupOf(names);
-    if (known == nullptr) {
-      storeApart(names, occurrence);
-      return;
-    }
-    m_last = {option, count, known};
+  const bool isRepeated = option != 0 && option == m_last.option && count == m_last.names;
+  Group* const group = isRepeated ? m_last.group : groupFor(names);
+  m_last = {};
+  if (group == nullptr) {
+    storeApart(names, occurrence);
+    return;
   }
-  GivenOption& data = m_last.group->given;
-  data.makeRoomFor(occurrence, m_memory);
-  data.append(occurrence);
+  // Behind this, nothing fails for want of memory.
+  group->given.makeRoomFor(occurrence, m_memory);
+  group->given.append(occurrence);
+  for (Number i = 0; i < count; ++i)
+    m_names[group->firstName + i].group = group;
+  m_last = {option, count, group};
 }
 
-// For names of which each is met for the first time; null where one is not. Whatever may
-// fail for want of memory comes first: a name that leads to nothing tells nobody.
-StoredOptions::Group* StoredOptions::storeNew(const Names& names, const OptionData& occurrence) {
+// What these names lead to and no other does, or are to lead to, where each of them is met for
+// the first time; null where there is no such.
+StoredOptions::Group* StoredOptions::groupFor(const Names& names) {
   const auto count = static_cast<Number>(names.size());
   const auto first = static_cast<Number>(m_names.entries().size());
   for (const HashedName& name : names)
     m_names.findOrAdd(name, [&] { return Name{name, nullptr}; });
   if (count == 0 || m_names.entries().size() != first + count)
-    return nullptr;
-
+    return knownGroup(names);
   Group& added = m_groups.emplace_front();
-  added.given.makeRoomFor(occurrence, m_memory);
-  added.given.append(occurrence);
   added.firstName = first;
   added.names = count;
-  for (Number i = 0; i < count; ++i)
-    m_names[first + i].group = &added;
   return &added;
 }
 
-// What these names lead to and no other does; null where that is not the same for all.
-StoredOptions::Group* StoredOptions::groupOf(const Names& names) {
+StoredOptions::Group* StoredOptions::knownGroup(const Names& names) {
   const Name* const first = m_names.find(names.at(0));
   Group* const group = first->group;
   if (group == nullptr || group->firstName != m_names.numberOf(*first) ||

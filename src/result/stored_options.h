@@ -85,8 +85,8 @@ class StoredOptions {
   };
 
   [[gnu::cold]] void makeLatest(std::shared_ptr<const DeclaredDefaults> defaults);
-  Group* storeNew(const Names& names, const OptionData& occurrence);
-  Group* groupOf(const Names& names);
+  Group* groupFor(const Names& names);
+  Group* knownGroup(const Names& names);
   [[gnu::cold]] void storeApart(const Names& names, const OptionData& occurrence);
   [[gnu::cold]] Group& ownCopy(const Name& name);
   [[gnu::cold]] bool isShared(const Group* group) const;
