@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <utility>
@@ -13,7 +14,7 @@ namespace kivo_3_3 {
 
 // Entries that are found by name. Each has a number, from 0 on in the order in which they
 // are added, and a member `name`, a HashedName whose text must stay where it is. Where an
-// entry stands is good until another is added.
+// entry stands is good until another is to be added.
 template <class Entry>
 class NameTable {
  public:
@@ -22,6 +23,8 @@ class NameTable {
   // So many entries are expected, a power of two, once there is one.
   explicit NameTable(OwnedMemory* memory, std::size_t expected = 16)
       : m_entries(memory), m_slots(memory), m_expected(expected) {}
+  NameTable(const NameTable&) = delete;
+  NameTable& operator=(const NameTable&) = delete;
 
   const Entries& entries() const { return m_entries; }
   Entry& operator[](std::uint32_t number) { return m_entries[number]; }
@@ -47,7 +50,8 @@ class NameTable {
   Entry& findOrAdd(const HashedName& name, Make make);
 
  private:
-  // Open addressing: an entry stands in the first free place from that of its hash on.
+  // Open addressing: an entry stands in the first free place from that of its hash on, round
+  // the end.
   struct Slot {
     bool isFree() const { return next == 0; }
     std::uint32_t number() const { return next - 1; }
@@ -59,6 +63,10 @@ class NameTable {
 
   static std::uint32_t hashOf(const HashedName& name) {
     return static_cast<std::uint32_t>(name.hash >> 32);
+  }
+  // By its highest bits.
+  static std::size_t beginOf(std::uint32_t hash, const Slots& slots) {
+    return static_cast<std::size_t>((std::uint64_t{hash} * slots.size()) >> 32);
   }
   // The place of the name, or the free one that it would take.
   std::size_t placeOf(const HashedName& name) const;
@@ -80,7 +88,8 @@ const Entry* NameTable<Entry>::find(const HashedName& name, IsMeant isMeant) con
     return nullptr;
   const std::size_t last = m_slots.size() - 1;
   const std::uint32_t hash = hashOf(name);
-  for (std::size_t place = hash & last; !m_slots[place].isFree(); place = (place + 1) & last) {
+  for (std::size_t place = beginOf(hash, m_slots); !m_slots[place].isFree();
+       place = (place + 1) & last) {
     const Entry& entry = m_entries[m_slots[place].number()];
     if (m_slots[place].hash == hash && entry.name == name && isMeant(entry))
       return &entry;
@@ -121,7 +130,7 @@ template <class Entry>
 std::size_t NameTable<Entry>::placeOf(const HashedName& name) const {
   const std::size_t last = m_slots.size() - 1;
   const std::uint32_t hash = hashOf(name);
-  std::size_t place = hash & last;
+  std::size_t place = beginOf(hash, m_slots);
   while (!m_slots[place].isFree() &&
          !(m_slots[place].hash == hash && m_entries[m_slots[place].number()].name == name))
     place = (place + 1) & last;
@@ -131,7 +140,7 @@ std::size_t NameTable<Entry>::placeOf(const HashedName& name) const {
 template <class Entry>
 std::size_t NameTable<Entry>::freePlace(std::uint32_t hash, const Slots& slots) {
   const std::size_t last = slots.size() - 1;
-  std::size_t place = hash & last;
+  std::size_t place = beginOf(hash, slots);
   while (!slots[place].isFree())
     place = (place + 1) & last;
   return place;

@@ -57,7 +57,7 @@ class OwnedMemory {
 
  private:
   // A larger block, which begins with this.
-  struct Block {
+  struct alignas(alignment) Block {
     Block* previous;
   };
 

@@ -1,6 +1,7 @@
 #include "options/declaration_index.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace kivo_3_3 {
 

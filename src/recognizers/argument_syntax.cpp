@@ -1,6 +1,5 @@
 #include <kivo/argument_syntax.h>
 
-#include <algorithm>
 #include <array>
 
 #include "bedrock/unicode.h"

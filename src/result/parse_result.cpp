@@ -69,6 +69,8 @@ Value getLastValue(IParseResult* result, const char* name, int from, int to) {
   if (result == nullptr || name == nullptr)
     return {};
   Value last = result->get(name, from, to);
+  if (last.isEmpty != 0)
+    last = Value();
   while (last.isEmpty == 0) {
     Value behind = result->next(name);
     if (behind.isEmpty != 0)

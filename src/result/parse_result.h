@@ -3,7 +3,6 @@
 #include <kivo/parse_result.h>
 
 #include <memory>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -60,7 +59,7 @@ class ParseResult final : public IParseResult, public IResultCollector {
   // Keeps what owns the texts of declarations that something is stored by. Raises
   // std::bad_alloc.
   void holdDeclarations(const std::shared_ptr<const Garbage>& declarations);
-  // Whether more than one parser has stored something.
+  // Whether more than one parser has parsed into this.
   bool isFilledByMany() const { return m_declarations.size() > 1; }
 
  private:

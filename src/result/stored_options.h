@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <forward_list>
 #include <memory>
@@ -62,11 +63,11 @@ class StoredOptions {
  private:
   static constexpr std::size_t expectedNames = 32;
 
-  // What was given under some names alone, the numbers of which follow each other, unless
-  // something came between.
+  // What was given under some names at once. No other leads to it, and these do, unless they
+  // were stored under with others since.
   struct Group {
-    Number firstName = 0;
-    Number names = 0;  // so many
+    Number firstName = 0;  // their numbers begin here and follow each other
+    Number names = 0;      // so many
     GivenOption given;
   };
   struct Name {

@@ -68,6 +68,55 @@ TEST(HashedName, IsTheSameOnlyWhereAllOfItIs) {
   }
 }
 
+TEST(HashedName, MadeOfNothingIsTheEmptyText) {
+  EXPECT_TRUE(HashedName() == HashedName(""));
+  EXPECT_FALSE(HashedName() == HashedName("a"));
+}
+
+// A bit that has no share would make a text of another stand for this one.
+TEST(HashedName, EveryBitOfAShortTextHasAShare) {
+  for (const char all : {'\0', 'a', 'b', '\x80', '\xff'}) {
+    for (std::size_t size = 1; size <= 8; ++size) {
+      const string text(size, all);
+      for (std::size_t bit = 0; bit < size * 8; ++bit) {
+        string changed = text;
+        changed[bit / 8] = static_cast<char>(changed[bit / 8] ^ (1 << (bit % 8)));
+        EXPECT_NE(HashedName(text).hash, HashedName(changed).hash) << size << ", bit " << bit;
+      }
+    }
+  }
+}
+
+// Tables go by the highest bits: these of 1,024 places.
+std::size_t placeIn1024(const string& name) {
+  return static_cast<std::size_t>(HashedName(name).hash >> (64 - 10));
+}
+
+TEST(HashedName, TextsThatDifferInOneCharacterAreSpread) {
+  for (std::size_t size = 1; size <= 24; ++size) {
+    for (std::size_t place = 0; place < size; ++place) {
+      std::set<std::size_t> places;
+      for (int character = 0; character < 256; ++character) {
+        string text(size, 'a');
+        text[place] = static_cast<char>(character);
+        places.insert(placeIn1024(text));
+      }
+      EXPECT_LT(96u, places.size()) << size << " characters, at " << place;
+    }
+  }
+}
+
+TEST(HashedName, NamesAsToolsHaveThemAreSpread) {
+  for (const char* const begin : {"", "o", "opt", "size", "level", "option-", "no-option-name"}) {
+    for (const char* const end : {"", "e", "me", "-name", "-for-output"}) {
+      std::set<std::size_t> places;
+      for (int number = 100; number < 612; ++number)
+        places.insert(placeIn1024(begin + std::to_string(number) + end));
+      EXPECT_LT(320u, places.size()) << begin << "100" << end;
+    }
+  }
+}
+
 TEST(HashedName, HasAHashOfItsOwnForEveryTextOfTwoCharacters) {
   std::set<std::uint64_t> hashes;
   for (int first = 0; first < 256; ++first)
@@ -204,13 +253,13 @@ TEST_F(Table, FindsThousandsOfNamesAsAMapDoes) {
   }
 }
 
-constexpr std::size_t firstSize = 32;
+constexpr std::size_t firstSize = 32;  // two to the power of 5
 
 // A name of which the search begins at this place in a table of the first size.
 string nameFor(std::size_t place) {
   for (int number = 0;; ++number) {
     const string name = "name" + std::to_string(number);
-    if ((HashedName(name).hash >> 32) % firstSize == place)
+    if (HashedName(name).hash >> (64 - 5) == place)
       return name;
   }
 }

@@ -59,7 +59,7 @@ TEST(Handles, AResultOutlivesAllWhoFilledIt) {
   second->option("name,n", "", vtString);
   const ResultHandle result = makeResult(*first);
   EXPECT_EQ(0, first->parseStream("--level=3", result.get()));
-  // What is stored already is none of the second one's options, which it says.
+  // What another has stored already is none of a parser's options, which it says.
   EXPECT_EQ(1, second->parseStream("--name=Ada", result.get()));
   EXPECT_EQ(1, first->parseStream("--level=4", result.get()));
   first.reset();
