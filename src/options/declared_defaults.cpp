@@ -18,14 +18,8 @@ void DeclaredDefaults::add(const OptionDescription& option) {
     add({name, kept, option.m_defaultValue, m_count++});
 }
 
-void DeclaredDefaults::add(Default added) {
-  Default& kept = m_defaults.findOrAdd(added.name, [&] {
-    Default first = added;
-    first.name.text = m_memory.copy(added.name.text);
-    return first;
-  });
-  added.name = kept.name;
-  kept = std::move(added);
+void DeclaredDefaults::add(const Default& added) {
+  m_defaults.findOrAdd(added.name, [&] { return added; }) = added;
 }
 
 bool DeclaredDefaults::hasAllOf(const DeclaredDefaults& others) const {

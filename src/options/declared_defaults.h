@@ -12,7 +12,7 @@
 namespace kivo_3_3 {
 
 // The defaults that a tool has declared, as each parse stores them: one for each name of
-// each option that has one. It owns its texts, so that results may outlive the parser.
+// each option that has one. It owns their texts; those of the names are the declarations'.
 class DeclaredDefaults {
  public:
   struct Default {
@@ -38,7 +38,7 @@ class DeclaredDefaults {
   bool isOutOfRange() const { return m_isOutOfRange; }
 
  private:
-  void add(Default added);
+  void add(const Default& added);
 
   OwnedMemoryOf<512> m_memory;
   NameTable<Default> m_defaults{&m_memory};

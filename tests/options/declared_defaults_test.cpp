@@ -93,15 +93,6 @@ TEST(DeclaredDefaults, OneNameTwiceHasTheLaterPlace) {
   EXPECT_EQ(2u, defaults.count());
 }
 
-TEST(DeclaredDefaults, ANameDeclaredAgainIsStillTheirOwn) {
-  DeclaredDefaults defaults;
-  defaults.add(optionWith({"a"}, vtS32, 1));
-  const char* const kept = defaults.find("a")->name.text.data();
-  defaults.add(optionWith({"a"}, vtS32, 2));
-  EXPECT_EQ(kept, defaults.find("a")->name.text.data());
-  EXPECT_EQ("a=2@1", listed(defaults));
-}
-
 TEST(DeclaredDefaults, KnowWhetherTheyHaveAllOfOthers) {
   const auto defaultsOf = [](const std::vector<string>& names) {
     auto defaults = std::make_unique<DeclaredDefaults>();
@@ -126,13 +117,13 @@ TEST(DeclaredDefaults, AnOptionWithoutNamesIsOutOfRange) {
   EXPECT_EQ(1u, defaults.count());
 }
 
-TEST(DeclaredDefaults, OutliveWhatTheyWereDeclaredWith) {
+TEST(DeclaredDefaults, OutliveTheOptionsButNotTheTextsOfNames) {
   const string longName(1'000, 'n');
   const long before = liveBlocks();
   {
+    Garbage garbage;
     DeclaredDefaults defaults;
     {
-      Garbage garbage;
       OptionDescription option = makeOption({longName}, vtString, &garbage);
       option.defaultValue("a text too long to be kept without memory");
       defaults.add(option);

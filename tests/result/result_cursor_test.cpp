@@ -370,6 +370,43 @@ TEST_F(Reading, LastValueOfNothingIsNoValue) {
   EXPECT_EQ("-", shown(getLastValue(nullptr, nullptr, 0, lastPosition)));
 }
 
+// A result of the tool's own. Its values have a text and a position even where they are empty.
+class OddResult final : public IParseResult {
+ public:
+  explicit OddResult(int count) : m_left(count) {}
+
+  void destroy() override {}
+  bool present(const char*, int, int) override { return false; }
+  Value get(const char* name, int, int) override { return next(name); }
+  Value next(const char*) override {
+    Value value("odd", variant_t(m_left), m_left);
+    value.isEmpty = m_left == 0 ? 1 : 0;
+    m_left -= m_left == 0 ? 0 : 1;
+    return value;
+  }
+  int nextPosition() override { return lastPosition; }
+  int getFirstArgument(const char**) override { return 1; }
+  int getNextArgument(const char**) override { return 1; }
+
+ private:
+  int m_left;
+};
+
+TEST(LastValue, OfAnotherResultIsTheLastOneThatIsNotEmpty) {
+  OddResult three(3);
+  const Value last = getLastValue(&three, "any", firstPosition, lastPosition);
+  EXPECT_STREQ("odd", last.text);
+  EXPECT_EQ(0, last.isEmpty);
+  EXPECT_EQ(1, last.position);
+  EXPECT_EQ(variant_t(1), last.value);
+  OddResult none(0);
+  const Value nothing = getLastValue(&none, "any", firstPosition, lastPosition);
+  EXPECT_EQ(nullptr, nothing.text);
+  EXPECT_EQ(1, nothing.isEmpty);
+  EXPECT_EQ(lastPosition, nothing.position);
+  EXPECT_EQ(variant_t(), nothing.value);
+}
+
 TEST(LeftoverArguments, NoneLeavesTheOutputUntouched) {
   ParseResult result;
   const char* const before = "before";
