@@ -45,7 +45,7 @@ StoredOptions::Group* StoredOptions::knownGroup(const Names& names) {
   if (group == nullptr || group->firstName != m_names.numberOf(*first) ||
       group->names != names.size())
     return nullptr;
-  for (std::size_t i = 0; i < names.size(); ++i)
+  for (std::size_t i = 1; i < names.size(); ++i)
     if (first[i].group != group || !(first[i].name == names[i]))
       return nullptr;
   return group;
