@@ -23,6 +23,11 @@ bool isThereNoLocaleYet() {
 #endif
 }
 
+const std::locale& classicLocale() {
+  static const std::locale& locale = std::locale::classic();
+  return locale;
+}
+
 }  // namespace
 
 WhiteSpace::WhiteSpace() {
@@ -32,11 +37,6 @@ WhiteSpace::WhiteSpace() {
   m_classes = &std::use_facet<std::ctype<char>>(*m_locale);
 }
 
-bool isClassicLocale() {
-  if (isThereNoLocaleYet())
-    return true;
-  static const std::locale& classic = std::locale::classic();
-  return std::locale() == classic;
-}
+bool isClassicLocale() { return isThereNoLocaleYet() || std::locale() == classicLocale(); }
 
 }  // namespace kivo_3_3
