@@ -37,9 +37,9 @@ def room_of(file):
     return parts[1] if parts[0] == "src" else parts[0]
 
 
-class Mutant(collections.namedtuple("Mutant", "file original start end replacement nth",
+class Mutant(collections.namedtuple("Mutant", "file original start end replacement place nth",
                                     defaults=(1,))):
-    """One change; `nth` counts those of a file that read alike."""
+    """One change, and what it stands in; `nth` counts those of a file that read alike."""
 
     def text(self):
         return self.original[:self.start] + self.replacement + self.original[self.end:]
@@ -185,8 +185,8 @@ def mutants_of(tree, file):
     text = (pathlib.Path(tree) / file).read_text()
     source = Source(text)
     places = ("code", "class") if file.endswith(".h") else ("code", "class", "namespace")
-    found = sorted({Mutant(file, text, *change) for change in source.changes()
-                    if source.place[change[0]] in places},
+    found = sorted({Mutant(file, text, *change, source.place[change[0]])
+                    for change in source.changes() if source.place[change[0]] in places},
                    key=lambda mutant: (mutant.start, mutant.end, mutant.replacement))
     alike = collections.Counter()
     for mutant in found:
