@@ -11,7 +11,7 @@ namespace kivo_3_3 {
 /// `indent + width - 1` characters before it. An empty `text` gives the empty text.
 ///
 /// A column too narrow for one character raises std::out_of_range: a `width` of 1, and
-/// with `indent` 0 a `width` of 2 or less.
+/// with `indent` 0 a `width` of 2. A `width` of 0 has room without end.
 KIVO_API std::string paragraphString(std::string text, std::string head, unsigned int indent,
                                      unsigned int width);
 

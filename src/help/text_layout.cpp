@@ -1,7 +1,6 @@
 // Wraps one paragraph into a column beside its head.
 //
-// Lengths are counted in unsigned arithmetic: an indented column of width 0 has room
-// without end.
+// Lengths are unsigned, as the interface has them: a column of width 0 has room without end.
 
 #include <kivo/text_layout.h>
 
@@ -17,8 +16,10 @@ namespace {
 using std::string;
 using std::string_view;
 
-// With no indent, a column of this width has no room for a character.
-constexpr unsigned int narrowest = 2;
+// With no indent, the space that every line begins with fills a column of this width.
+bool isFilledByItsSpace(unsigned int indent, unsigned int width) {
+  return indent == 0 && (width == 1 || width == 2);
+}
 
 bool isBreak(char character) { return character == ' ' || character == '\n'; }
 
@@ -49,8 +50,8 @@ void wrapBehindHead(string& output, std::size_t head, string_view text, unsigned
   std::size_t line = head;
   while (!text.empty()) {
     dropLeadingBreaks(text);
-    if (indent == 0 && width <= narrowest && !text.empty())
-      lastOf("");  // the space that such lines begin with fills them
+    if (isFilledByItsSpace(indent, width) && !text.empty())
+      lastOf("");  // raises: no line would ever take a character
     const auto length = static_cast<unsigned int>(output.size() - line);
     string_view chunk;
     if (length < indent) {

@@ -122,6 +122,14 @@ TEST(Paragraph, InAColumnOfWidthZeroHasRoomWithoutEnd) {
   EXPECT_EQ("    one\n    two\n", paragraphString("one\ntwo", "", 4, 0));
 }
 
+TEST(Paragraph, InAColumnOfWidthZeroHasRoomWithoutEndWithoutAnIndentToo) {
+  const string body(5000, 'x');
+  EXPECT_EQ(" " + body + " y\n", paragraphString(body + " y", "", 0, 0));
+  EXPECT_EQ("-head " + body + "\n", paragraphString(body, "-head", 0, 0));
+  EXPECT_EQ(" one\n two\n", paragraphString("one\ntwo", "", 0, 0));
+  EXPECT_EQ("-h one\n two\n", paragraphString("one\n \ntwo", "-h", 0, 0));
+}
+
 // The text of the error that wrapping raises; empty where it raises none.
 string raised(const string& text, const string& head, unsigned int indent, unsigned int width) {
   try {
@@ -146,8 +154,8 @@ TEST(Paragraph, InAColumnOfWidthOneIsOutOfRange) {
 }
 
 // Otherwise the space that its lines begin with would fill them for ever.
-TEST(Paragraph, WithoutAnIndentInAColumnOfWidthTwoOrLessIsOutOfRangeToo) {
-  for (const unsigned int width : {0u, 1u, 2u})
+TEST(Paragraph, WithoutAnIndentInAColumnOfWidthOneOrTwoIsOutOfRangeToo) {
+  for (const unsigned int width : {1u, 2u})
     for (const char* head : {"", "h", "head"})
       for (const char* text : {"x", "some words", "\n x"})
         EXPECT_PRED1(isOutOfRangeAccess, raised(text, head, 0, width))
@@ -248,7 +256,7 @@ struct Layout {
 };
 
 bool canTakeCharacters(const Layout& layout) {
-  return layout.width != 1 && (layout.indent != 0 || layout.width > 2);
+  return layout.width != 1 && (layout.indent != 0 || layout.width != 2);
 }
 
 string wrap(const Layout& layout) {
