@@ -47,7 +47,7 @@ TEST(LoadFile, AnEmptyFileGivesAnEmptyText) {
 
 TEST(LoadFile, BytesComeAsTheyStand) {
   std::string bytes;
-  for (int byte = 0; byte < 256; ++byte)
+  for (int byte = 1; byte < 256; ++byte)
     bytes += static_cast<char>(byte);
   bytes += "\r\n\n\r\x1A end";
   const TemporaryFolder folder;
@@ -55,6 +55,40 @@ TEST(LoadFile, BytesComeAsTheyStand) {
   std::string text;
   EXPECT_EQ(0, BEDROCK::load_file(name.c_str(), text));
   EXPECT_EQ(bytes, text);
+}
+
+TEST(LoadFile, StopsAtTheFirstZeroByte) {
+  const TemporaryFolder folder;
+  const std::string name = folder.write("file", std::string("--a\0--b\n", 8));
+  std::string text;
+  EXPECT_EQ(0, BEDROCK::load_file(name.c_str(), text));
+  EXPECT_EQ("--a", text);
+}
+
+TEST(LoadFile, StopsAtAZeroByteFarIntoTheFile) {
+  const std::string lines(100'000, 'x');
+  const TemporaryFolder folder;
+  const std::string name = folder.write("file", lines + '\0' + lines);
+  std::string text;
+  EXPECT_EQ(0, BEDROCK::load_file(name.c_str(), text));
+  EXPECT_TRUE(lines == text);
+}
+
+TEST(LoadFile, OfZerosWithoutEndIsEmpty) {
+  std::string text = "old";
+  EXPECT_EQ(0, BEDROCK::load_file("/dev/zero", text));
+  EXPECT_EQ("", text);
+}
+
+// Neither read to its end nor given room for its size.
+TEST(LoadFile, OfASparseFileTakesWhatIsAheadOfTheHole) {
+  const TemporaryFolder folder;
+  const std::string name = folder.write("file", "--level=3\n");
+  std::filesystem::resize_file(name, std::uintmax_t{5} << 30);
+  std::string text;
+  EXPECT_EQ(0, BEDROCK::load_file(name.c_str(), text));
+  EXPECT_EQ("--level=3\n", text);
+  EXPECT_GT(std::size_t{1} << 20, text.capacity());
 }
 
 TEST(LoadFile, AFileLargerThanAnyBufferComesWhole) {

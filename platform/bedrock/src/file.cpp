@@ -2,10 +2,26 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <memory>
 
 namespace BEDROCK {
+
+namespace {
+
+// The bytes of a regular file that are on the disk; a sparse file may claim far more. 0 for any
+// other file, whose size is not known.
+std::size_t storedSize(std::FILE* file) {
+  constexpr off_t blockSize = 512;  // the unit of st_blocks
+  struct stat status = {};
+  if (fstat(fileno(file), &status) != 0 || !S_ISREG(status.st_mode))
+    return 0;
+  return static_cast<std::size_t>(std::min(status.st_size, status.st_blocks * blockSize));
+}
+
+}  // namespace
 
 int load_file(const char* name, std::string& text) {
   // Opening a directory succeeds here; reading from it then fails.
@@ -13,12 +29,15 @@ int load_file(const char* name, std::string& text) {
   if (file == nullptr)
     return 1;
   std::string read;
-  struct stat status = {};
-  if (fstat(fileno(file.get()), &status) == 0 && S_ISREG(status.st_mode))
-    read.reserve(static_cast<std::size_t>(status.st_size));
+  read.reserve(storedSize(file.get()));
   char buffer[16 * 1024];
-  while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, file.get()))
-    read.append(buffer, count);
+  bool isEnded = false;
+  while (!isEnded) {
+    const std::size_t count = std::fread(buffer, 1, sizeof buffer, file.get());
+    const std::size_t length = strnlen(buffer, count);
+    read.append(buffer, length);
+    isEnded = length < sizeof buffer;
+  }
   if (std::ferror(file.get()) != 0)
     return 1;
   text = std::move(read);

@@ -4,10 +4,11 @@
 
 namespace BEDROCK {
 
-/// Reads the whole file `name`, bytes as they stand, into `text`.
+/// Reads the file `name`, bytes as they stand, into `text`: up to its end or its first zero
+/// byte, where a text ends. What follows a zero byte is not read.
 ///
 /// Returns 0, or 1 with `text` unchanged when the file cannot be opened or cannot be read
-/// to its end; a directory is such a file.
+/// that far; a directory is such a file.
 int load_file(const char* name, std::string& text);
 
 /// A text that all names of one file have in common, whatever their spelling, links
