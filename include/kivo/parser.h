@@ -8,6 +8,7 @@
 
 #include <set>
 #include <string>
+#include <type_traits>
 
 // The base class is deleted through neither: see event_handler.h.
 #pragma GCC diagnostic push
@@ -113,6 +114,10 @@ class KIVO_API IParser : public EventHandler {
   /// The help for one option or action, found by any of its names. A null topic means
   /// the whole tool; an unknown one is answered with a remark and the whole tool's.
   virtual const char* getDescription(const char* topic, bool hidden) = 0;
+
+  /// A topic by itself would be taken for `hidden`, and show the hidden help.
+  template <class Topic, class = std::enable_if_t<std::is_convertible_v<Topic, const char*>>>
+  const char* getDescription(Topic topic) = delete;
 
   /// The help for the modifiers of one action; an unknown one is answered with a
   /// remark and the whole tool's help.

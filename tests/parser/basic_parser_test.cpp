@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <type_traits>
 
 #include "support/command.h"
 #include "support/recording_handler.h"
@@ -44,6 +45,22 @@ TEST(CreateResult, StoresAnEmptyResultAndReturnsZero) {
 TEST(CreateResult, HasNowhereToStoreIt) {
   Command command;
   EXPECT_EQ(3, command.parser().createResult(nullptr));
+}
+
+template <class Argument, class = void>
+constexpr bool describes = false;
+template <class Argument>
+constexpr bool describes<Argument, std::void_t<decltype(std::declval<IParser&>().getDescription(
+                                       std::declval<Argument>()))>> = true;
+
+// A topic would turn into `hidden`.
+TEST(GetDescription, OfALoneTopicDoesNotCompile) {
+  EXPECT_FALSE(describes<const char*>);
+  EXPECT_FALSE(describes<char*>);
+  EXPECT_FALSE(describes<const char(&)[6]>);
+  EXPECT_FALSE(describes<std::nullptr_t>);
+  EXPECT_TRUE(describes<bool>);
+  EXPECT_TRUE(describes<int>);
 }
 
 TEST(ParserFlags, HaveTheirNumbers) {
