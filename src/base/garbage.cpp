@@ -11,15 +11,7 @@ const char* Garbage::init(const char* text) {
 }
 
 const char* Garbage::keep(const char* text) {
-  if (text == nullptr)
-    return "";
-  const HashedName wanted(text);
-  const Text& kept = m_texts.findOrAdd(wanted, [&] {
-    HashedName copy = wanted;
-    copy.text = m_memory.copy(wanted.text);
-    return Text{copy};
-  });
-  return kept.name.text.data();
+  return text != nullptr ? m_texts.internCopy(text) : "";
 }
 
 }  // namespace kivo_3_3

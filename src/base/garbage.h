@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/name_table.h"
+#include "base/interned_texts.h"
 #include "base/owned_memory.h"
 
 namespace kivo_3_3 {
@@ -20,13 +20,12 @@ class Garbage final {
   // For what else is to live as long.
   OwnedMemory& memory() { return m_memory; }
 
- private:
-  struct Text {
-    HashedName name;
-  };
+  // For tests: see InternedTexts::countSteps().
+  std::size_t countSteps() const { return m_texts.countSteps(); }
 
+ private:
   OwnedMemoryOf<2560> m_memory;
-  NameTable<Text> m_texts{&m_memory};
+  InternedTexts m_texts{m_memory};
 };
 
 }  // namespace kivo_3_3

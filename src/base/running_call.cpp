@@ -15,18 +15,26 @@ thread_local RunningCall* innermost = nullptr;
 RunningCall::RunningCall(const EventHandler& parser, const IParseResult* result)
     : m_parser(&parser),
       m_result(result),
-      m_isParse(true),
       m_outer(innermost),
       m_depth(innermost != nullptr ? innermost->m_depth + 1 : 1) {
   innermost = this;
   if (m_depth > deepestNesting)
-    for (RunningCall* call = this; call != nullptr; call = call->m_outer)
-      call->m_isTooDeep = true;
+    endAllParses();
 }
 
-RunningCall::RunningCall(const EventHandler& parser)
+// An event that was sent from outside of all parses is none of their calls.
+void RunningCall::endAllParses() {
+  const RunningCall* outermost = this;
+  for (const RunningCall* call = this; call != nullptr; call = call->m_outer)
+    if (!call->m_event)
+      outermost = call;
+  for (RunningCall* call = this; call != outermost->m_outer; call = call->m_outer)
+    call->m_isTooDeep = true;
+}
+
+RunningCall::RunningCall(const EventHandler& parser, Event event)
     : m_parser(&parser),
-      m_isParse(false),
+      m_event(event),
       m_outer(innermost),
       m_depth(innermost != nullptr ? innermost->m_depth : 0) {
   innermost = this;
@@ -36,15 +44,16 @@ RunningCall::~RunningCall() { innermost = m_outer; }
 
 bool RunningCall::isPartOfAParse() const {
   for (const RunningCall* call = m_outer; call != nullptr; call = call->m_outer)
-    if (call->m_isParse && call->m_parser == m_parser && call->m_result == m_result)
+    if (!call->m_event && call->m_parser == m_parser && call->m_result == m_result)
       return true;
   return false;
 }
 
-// The events of a parse are its own: what led to the parse is another event.
+// The events of a parse are its own: an event that led to the parse is another one.
 bool RunningCall::hasComeBack() const {
-  for (const RunningCall* call = m_outer; call != nullptr && !call->m_isParse; call = call->m_outer)
-    if (call->m_parser == m_parser)
+  for (const RunningCall* call = m_outer; call != nullptr && call->m_event; call = call->m_outer)
+    if (call->m_parser == m_parser && call->m_event->kind == m_event->kind &&
+        call->m_event->text == m_event->text)
       return true;
   return false;
 }

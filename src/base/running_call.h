@@ -3,17 +3,27 @@
 #include <kivo/event_handler.h>
 #include <kivo/parse_result.h>
 
+#include <optional>
+
 namespace kivo_3_3 {
 
-// A call that handlers are told from: a parse, or a parser passing on an event. Handlers
-// may start parses, and parsers may be handlers, so such calls nest. Each knows those
+// A call that handlers are notified from: a parse, or a parser passing on an event. Handlers
+// may start parses, and parsers may be handlers, so such calls nest. Each call knows the calls
 // that it was made from.
 class RunningCall {
  public:
+  // An event as the parser that passes it on tells it from others: by its kind, and by the
+  // address at which that parser keeps its text.
+  struct Event {
+    enum Kind { option, value, unknownArgument };
+    Kind kind;
+    const char* text;
+  };
+
   // A parse into `result`.
   RunningCall(const EventHandler& parser, const IParseResult* result);
   // A parser passing on an event.
-  explicit RunningCall(const EventHandler& parser);
+  RunningCall(const EventHandler& parser, Event event);
   RunningCall(const RunningCall&) = delete;
   RunningCall& operator=(const RunningCall&) = delete;
   ~RunningCall();
@@ -21,7 +31,7 @@ class RunningCall {
   // Whether this parse was started while the same parser was filling the same result.
   bool isPartOfAParse() const;
 
-  // Whether the event was passed on by the same parser before.
+  // Whether this very event is being passed on by the same parser already.
   bool hasComeBack() const;
 
   // Raises a standard exception once parses have been nested too deep, from here inwards:
@@ -33,9 +43,11 @@ class RunningCall {
   static bool isInUse(const IParseResult& result);
 
  private:
+  void endAllParses();
+
   const EventHandler* m_parser;
   const IParseResult* m_result = nullptr;
-  bool m_isParse;
+  std::optional<Event> m_event;  // none for a parse
   RunningCall* m_outer;
   int m_depth;  // so many parses, this one among them
   bool m_isTooDeep = false;

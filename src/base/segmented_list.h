@@ -42,6 +42,7 @@ class SegmentedList {
   std::size_t size() const { return m_size; }
   bool empty() const { return m_size == 0; }
   const T& operator[](std::size_t place) const { return place == 0 ? m_first : *behind(place); }
+  T& operator[](std::size_t place) { return place == 0 ? m_first : *behind(place); }
   Iterator begin() const { return {*this, 0}; }
   Iterator end() const { return {*this, m_size}; }
 

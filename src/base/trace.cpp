@@ -4,23 +4,13 @@
 
 namespace kivo_3_3::internal {
 
-bool kivoLogEnabled = false;
-
-KivoLog::~KivoLog() {
-  m_stream.reset();  // it writes to the buffer, so it goes first
-}
-
-std::ostream& KivoLog::silentStream() {
-  if (m_stream == nullptr) {
-    m_buffer = std::make_unique<basic_nullbuf<char>>();
-    m_stream = std::make_unique<std::ostream>(m_buffer.get());
-  }
-  return *m_stream;
-}
+__thread bool kivoLogEnabled = false;
 
 std::ostream& kivoLog() {
+  if (kivoLogEnabled)
+    return BEDROCK::ucout;
   static KivoLog log;
-  return kivoLogEnabled ? BEDROCK::ucout : log.silentStream();
+  return log.silentStream();
 }
 
 void writeTraceLine(std::initializer_list<std::string_view> parts) {

@@ -5,15 +5,15 @@
 // Writers go through traceLine(), so that a silent trace costs the test of a flag.
 
 #include <initializer_list>
-#include <memory>
 #include <ostream>
 #include <streambuf>
 #include <string_view>
 
 namespace kivo_3_3::internal {
 
-// Whether parses are traced. Every run over a list of arguments sets it anew.
-extern bool kivoLogEnabled;
+// Whether parses of this thread are traced. Every run over a list of arguments sets it anew.
+// `__thread`, for a `thread_local` of another file is read through a function.
+extern __thread bool kivoLogEnabled;
 
 // Takes no characters: a stream on it fails at its first write and stays silent.
 template <class Char>
@@ -22,19 +22,16 @@ class basic_nullbuf : public std::basic_streambuf<Char> {
   ~basic_nullbuf() override = default;
 };
 
-// Holds the stream that swallows the trace while it is off; made when first needed.
+// Holds the stream that swallows the trace while it is off.
 class KivoLog {
  public:
-  KivoLog() = default;
-  KivoLog(const KivoLog&) = delete;
-  KivoLog& operator=(const KivoLog&) = delete;
-  ~KivoLog();
+  KivoLog() : m_stream(&m_buffer) {}
 
-  std::ostream& silentStream();
+  std::ostream& silentStream() { return m_stream; }
 
  private:
-  std::unique_ptr<std::ostream> m_stream;
-  std::unique_ptr<basic_nullbuf<char>> m_buffer;
+  basic_nullbuf<char> m_buffer;
+  std::ostream m_stream;  // writes to the buffer, so it is destroyed first
 };
 
 // The console while the trace is on, the same silent stream whenever it is off.

@@ -1,7 +1,6 @@
 #include "base/white_space.h"
 
 #include <cstddef>
-#include <cstring>
 
 namespace kivo_3_3 {
 
@@ -13,11 +12,10 @@ namespace {
 // number of one tells; elsewhere nothing does.
 bool isThereNoLocaleYet() {
 #ifdef __GLIBCXX__
-  std::size_t number = 0;
-  static_assert(sizeof(number) == sizeof(std::ctype<char>::id));
-  // NOLINTNEXTLINE(bugprone-undefined-memory-manipulation): it is looked at, and not copied
-  std::memcpy(&number, &std::ctype<char>::id, sizeof(number));
-  return number == 0;
+  static_assert(sizeof(std::size_t) == sizeof(std::ctype<char>::id));
+  // Atomically: another thread may be making the first locale.
+  const auto* const number = reinterpret_cast<const std::size_t*>(&std::ctype<char>::id);
+  return __atomic_load_n(number, __ATOMIC_RELAXED) == 0;
 #else
   return false;
 #endif

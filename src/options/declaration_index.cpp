@@ -72,21 +72,23 @@ bool DeclarationIndex::hasActions(const OptionList& options) {
   return m_hasActions || (m_last != nullptr && m_last->isAction());
 }
 
-std::shared_ptr<const DeclaredDefaults> DeclarationIndex::defaults(const OptionList& options) {
+std::shared_ptr<const DeclaredDefaults> DeclarationIndex::timelessDefaults(
+    const OptionList& options) {
   catchUp(options);
-  if (m_last == nullptr)
-    return nullptr;
-  if (m_defaultsOf == options.size() && m_defaultsOfChanges == m_lastChanges)
+  if (m_last == nullptr || (m_defaultsOf == options.size() && m_defaultsOfChanges == m_lastChanges))
     return m_defaults;
 
   std::shared_ptr<DeclaredDefaults> defaults;
-  if (!m_withDefault.empty() || m_last->m_hasDefault) {
-    defaults = std::make_shared<DeclaredDefaults>();
-    for (const std::uint32_t option : m_withDefault)
-      defaults->add(options[option]);
-    defaults->add(*m_last);
-  }
-  m_defaults = std::move(defaults);
+  bool areTimeless = true;
+  forEachDefault(options, [&](const OptionDescription& option) {
+    areTimeless = areTimeless && DeclaredDefaults::isTimeless(option);
+    if (!areTimeless)
+      return;
+    if (defaults == nullptr)
+      defaults = std::make_shared<DeclaredDefaults>();
+    defaults->add(option);
+  });
+  m_defaults = areTimeless ? std::move(defaults) : nullptr;
   m_defaultsOf = options.size();
   m_defaultsOfChanges = m_lastChanges;
   return m_defaults;
@@ -110,7 +112,7 @@ void DeclarationIndex::learn(const OptionList& options) {
 // What may fail for want of memory comes first.
 void DeclarationIndex::settle(std::uint32_t option, const OptionList& options) {
   const OptionDescription& settled = options[option];
-  if (settled.m_hasDefault)
+  if (settled.hasDefault())
     m_withDefault.push_back(option);
   if (!m_positional && settled.m_positional)
     m_positional = option;

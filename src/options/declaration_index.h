@@ -44,8 +44,13 @@ class DeclarationIndex {
   // Whether there is an action.
   bool hasActions(const OptionList& options);
 
-  // The defaults of all options as they stand; null where there are none.
-  std::shared_ptr<const DeclaredDefaults> defaults(const OptionList& options);
+  // Calls `visit` with each option that declares a default other than "no value", in order.
+  template <class Visit>
+  void forEachDefault(const OptionList& options, Visit visit);
+
+  // The defaults of all options as they stand, for parses in the classic locale, which must be
+  // the global one; null where there are none, and where they have to be converted anew.
+  std::shared_ptr<const DeclaredDefaults> timelessDefaults(const OptionList& options);
 
  private:
   struct Name {
@@ -84,10 +89,20 @@ class DeclarationIndex {
   bool m_hasActions = false;
   std::vector<std::uint32_t, OwnedAllocator<std::uint32_t>> m_withDefault;
 
-  // What the defaults were made from.
+  // What the timeless defaults were made from.
   std::shared_ptr<const DeclaredDefaults> m_defaults;
   std::size_t m_defaultsOf = 0;           // so many options
   std::uint32_t m_defaultsOfChanges = 0;  // the last one changed so many times
 };
+
+template <class Visit>
+void DeclarationIndex::forEachDefault(const OptionList& options, Visit visit) {
+  catchUp(options);
+  const OptionDescription* const last = m_last;
+  for (std::size_t i = 0; i < m_withDefault.size(); ++i)
+    visit(options[m_withDefault[i]]);
+  if (last != nullptr && last->hasDefault())
+    visit(*last);
+}
 
 }  // namespace kivo_3_3

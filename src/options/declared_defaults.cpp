@@ -7,19 +7,25 @@
 
 namespace kivo_3_3 {
 
+bool DeclaredDefaults::isTimeless(const OptionDescription& option) {
+  return !option.m_names.empty() && option.m_defaultValue.type() != stratum2::vtStringReference &&
+         canBecomeText(option.m_type, option.m_defaultValue);
+}
+
 void DeclaredDefaults::add(const OptionDescription& option) {
-  if (m_isOutOfRange || !option.m_hasDefault || option.m_defaultValue.type() == vtNull)
-    return;
-  m_isOutOfRange = option.m_names.empty();
   std::string text;
   appendValue(option.m_type, option.m_defaultValue, text);
   const char* const kept = m_memory.copy(text).data();
   for (const HashedName& name : option.m_names)
-    add({name, kept, option.m_defaultValue, m_count++});
+    put({name, kept, option.m_defaultValue, m_count++});
 }
 
-void DeclaredDefaults::add(const Default& added) {
-  m_defaults.findOrAdd(added.name, [&] { return added; }) = added;
+void DeclaredDefaults::set(const Default& one) {
+  put({one.name, m_memory.copy(one.text).data(), one.value, one.place});
+}
+
+void DeclaredDefaults::put(const Default& one) {
+  m_defaults.findOrAdd(one.name, [&] { return one; }) = one;
 }
 
 bool DeclaredDefaults::hasAllOf(const DeclaredDefaults& others) const {

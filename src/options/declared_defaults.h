@@ -11,20 +11,27 @@
 
 namespace kivo_3_3 {
 
-// The defaults that a tool has declared, as each parse stores them: one for each name of
-// each option that has one. It owns their texts; those of the names are the declarations'.
+// The defaults that a tool has declared, as a parse stores them: one for each name of each option
+// that has one. It owns their texts; the names are owned by the declarations.
 class DeclaredDefaults {
  public:
   struct Default {
     HashedName name;
     const char* text;  // empty for a value that has no text
     variant_t value;
-    std::uint32_t place;  // in the order of declaration: each draws a position
+    std::uint32_t place;  // what to add to the position of the first one
   };
 
-  // Adds those of one more option; nothing once there was one without a name for its default
-  // to go under.
+  // Whether the default of this option becomes the same text at every parse in the classic
+  // locale, and nobody can tell when: its value does not refer to characters of the tool's, and
+  // the option's type can read it, so that the assertion handler has no part in it.
+  static bool isTimeless(const OptionDescription& option);
+
+  // Adds the default of one more option under each of its names, each in the next place.
   void add(const OptionDescription& option);
+
+  // Adds one default, or puts it in the place of the one with its name. The text is copied.
+  void set(const Default& one);
 
   // The last one declared for this name; null when there is none.
   const Default* find(const HashedName& name) const;
@@ -33,17 +40,15 @@ class DeclaredDefaults {
   bool hasAllOf(const DeclaredDefaults& others) const;
 
   const NameTable<Default>::Entries& all() const { return m_defaults.entries(); }
+  // The number of places.
   std::uint32_t count() const { return m_count; }
-  // Whether an option was met that has no name.
-  bool isOutOfRange() const { return m_isOutOfRange; }
 
  private:
-  void add(const Default& added);
+  void put(const Default& one);
 
   OwnedMemoryOf<512> m_memory;
   NameTable<Default> m_defaults{&m_memory};
   std::uint32_t m_count = 0;
-  bool m_isOutOfRange = false;
 };
 
 }  // namespace kivo_3_3

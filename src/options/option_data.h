@@ -10,17 +10,19 @@ namespace kivo_3_3 {
 
 class OptionDescription;
 
-// A value as it was given. Its text is kept elsewhere; a `value` that is a text refers to it.
+// A value as it was given. Its text is kept elsewhere. A `value` that is a text refers to it
+// until somebody outside of the library gets to see the value: see makeOwning().
 struct GivenValue {
   const char* text;
   [[no_unique_address]] variant_t value;  // which leaves room for the position
   int position;
 };
 
-// The same value for others, who may keep it for longer than the text that it refers to.
-// Raises std::bad_alloc.
-inline variant_t ownValue(const variant_t& value) {
-  return value.type() == stratum2::vtStringReference ? variant_t(value.get<const char*>()) : value;
+// Gives the value of an option its own characters, which all copies share from then on: a tool
+// may keep a copy for longer than the text that the value referred to. Raises std::bad_alloc.
+inline void makeOwning(variant_t& value) {
+  if (value.type() == stratum2::vtStringReference)
+    value = variant_t(value.get<const char*>());
 }
 
 // One occurrence of an option, as recognizers hand it over.

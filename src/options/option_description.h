@@ -51,6 +51,8 @@ class OptionDescription final : public IOption {
   // What tag() does, for those who must know that it is done: raises std::bad_alloc.
   void addTags(const char* tags);
 
+  // Whether a default other than "no value" was declared.
+  bool hasDefault() const { return m_hasDefault && m_defaultValue.type() != stratum2::vtNull; }
   const variant_t& getDefaultValue() const { return m_defaultValue; }
   // Only for an option that has a default.
   std::string getDefaultValueAsText() const;

@@ -191,6 +191,23 @@ bool OperationToString::execute<const char*>() {
   return true;
 }
 
+class OperationCanConvert {
+ public:
+  explicit OperationCanConvert(const variant_t& input) : m_input(input) {}
+
+  template <class T>
+  bool execute() {
+    m_output = m_input.can_get<T>();
+    return true;
+  }
+
+  bool output() const { return m_output; }
+
+ private:
+  const variant_t& m_input;
+  bool m_output = true;
+};
+
 class OperationFromString {
  public:
   explicit OperationFromString(std::string_view input) : m_input(input) {}
@@ -282,6 +299,12 @@ bool executeFor(variant_type_t type, Operation& operation) {
 bool appendValue(variant_type_t type, const variant_t& value, std::string& text) {
   OperationToString operation(value, text);
   return executeFor(type, operation);
+}
+
+bool canBecomeText(variant_type_t type, const variant_t& value) {
+  OperationCanConvert operation(value);
+  executeFor(type, operation);
+  return operation.output();
 }
 
 const char* valueToText(variant_type_t type, const variant_t& value, Garbage& garbage) {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "base/running_call.h"
 #include "bedrock/assertion.h"
 #include "help/help_generator.h"
 #include "result/parse_result.h"
@@ -175,8 +174,8 @@ bool BasicParser::allowSimultaneousActions(const std::set<string>& actionNames) 
 // A handler may add and remove handlers: the next one is looked for anew each time.
 // Where parsers are each other's handlers, an event that has come round goes no further.
 template <class Call>
-void BasicParser::forEachHandler(Call call) {
-  const RunningCall passingOn(*this);
+void BasicParser::forEachHandler(RunningCall::Event event, Call call) {
+  const RunningCall passingOn(*this, event);
   if (passingOn.hasComeBack())
     return;
   auto handler = m_handlers.begin();
@@ -194,7 +193,7 @@ bool BasicParser::onOptionParse(const char* name) {
   if (m_handlers.empty())
     return true;
   const char* kept = m_garbage->keep(name);
-  forEachHandler([&](EventHandler& handler) {
+  forEachHandler({RunningCall::Event::option, kept}, [&](EventHandler& handler) {
     handler.onOptionParse(kept);
     return true;
   });
@@ -204,12 +203,10 @@ bool BasicParser::onOptionParse(const char* name) {
 bool BasicParser::onValueParse(const char* name, const Value& value) {
   if (m_handlers.empty())
     return true;
-  const char* keptName = m_garbage->keep(name);
-  Value keptValue = value;
-  keptValue.text = m_garbage->keep(value.text);
+  const char* kept = m_garbage->keep(name);
   bool accepted = true;
-  forEachHandler([&](EventHandler& handler) {
-    accepted = handler.onValueParse(keptName, keptValue);
+  forEachHandler({RunningCall::Event::value, kept}, [&](EventHandler& handler) {
+    accepted = handler.onValueParse(kept, value);
     return accepted;
   });
   return accepted;
@@ -220,7 +217,7 @@ bool BasicParser::onUknownArgument(const char* argument) {
     return true;
   const char* kept = m_garbage->keep(argument);
   bool accepted = true;
-  forEachHandler([&](EventHandler& handler) {
+  forEachHandler({RunningCall::Event::unknownArgument, kept}, [&](EventHandler& handler) {
     accepted = handler.onUknownArgument(kept) && accepted;
     return true;
   });

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/garbage.h"
+#include "base/running_call.h"
 #include "options/option_registry.h"
 #include "recognizers/argument_window.h"
 
@@ -70,9 +71,12 @@ class BasicParser : public IParser {
 
   void setLastError(const std::string& error) { m_lastError = error; }
 
+  // For tests: see InternedTexts::countSteps().
+  std::size_t countSteps() const { return m_garbage->countSteps(); }
+
  private:
   template <class Call>
-  void forEachHandler(Call call);
+  void forEachHandler(RunningCall::Event event, Call call);
   // What passes the events on: none, where nobody is there to get them.
   EventHandler* listener() { return m_handlers.empty() ? nullptr : this; }
   template <class Write>
@@ -81,9 +85,12 @@ class BasicParser : public IParser {
   template <class Write>
   const char* composeTopic(const char* topic, bool hidden, Write write);
 
+  void applyDefaults(ParseResult& result);
+  void applyEachDefault(ParseResult& result);
   int parseArguments(ArgumentWindow& args, IParseResult* result);
   int readOptionFiles(ParseResult* result);
   int readOptionFile(const char* name, ParseResult* result);
+  int unidentifiedProblem();
   int bindLeftover(ArgumentWindow args, PositionalOptionsParser& recognizer, ParseResult* result,
                    std::string& error);
 

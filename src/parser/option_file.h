@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <deque>
 #include <optional>
+#include <set>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
 #include "base/white_space.h"
@@ -37,7 +37,7 @@ class OptionFileTrail {
   bool hasLedTo(const std::string* identity, std::optional<std::size_t> file) const;
 
   std::vector<Entered> m_entered;
-  std::unordered_set<std::string> m_identities;
+  std::set<std::string> m_identities;                // in order: links may have any identity
   std::deque<std::optional<std::size_t>> m_waiting;  // who named each file not entered yet
   std::size_t m_named = 0;
 };

@@ -15,6 +15,7 @@
 #include "base/running_call.h"
 #include "base/trace.h"
 #include "bedrock/file.h"
+#include "options/value_conversion.h"
 #include "parser/action_rules.h"
 #include "parser/basic_parser.h"
 #include "parser/option_file.h"
@@ -110,7 +111,7 @@ int BasicParser::parseArgsVector(int argc, const char* const* argv, IParseResult
   try {
     if (ParseResult* store = storeOf(result)) {
       store->holdDeclarations(m_garbage);
-      store->applyDefaults(m_storage.index().defaults(m_storage.options()));
+      applyDefaults(*store);
     }
     if (argc <= 1)
       return status::success;
@@ -120,9 +121,54 @@ int BasicParser::parseArgsVector(int argc, const char* const* argv, IParseResult
     if (!m_handlers.empty())
       args = copied(args, copies);
     return parseVector(args, result);
+  } catch (const PositionsExhausted&) {
+    return unidentifiedProblem();
   } catch (const std::exception&) {
     return status::exceptionCaught;
   }
+}
+
+int BasicParser::unidentifiedProblem() {
+  m_lastError = "Unidentified problem detected.";
+  return status::unidentifiedProblem;
+}
+
+// Defaults become text at every parse, in the locale of that moment. Where nobody can tell,
+// the texts of the parse before are taken.
+void BasicParser::applyDefaults(ParseResult& result) {
+  if (isClassicLocale()) {
+    const auto defaults = m_storage.index().timelessDefaults(m_storage.options());
+    const auto first =
+        defaults != nullptr ? IArgumentParser::drawInARow(defaults->count()) : std::nullopt;
+    if (first) {
+      result.applyDefaults(defaults, *first);
+      return;
+    }
+  }
+  applyEachDefault(result);
+}
+
+// One by one, so that everything up to a conversion that raises is stored. A name is known from
+// before its conversion on.
+void BasicParser::applyEachDefault(ParseResult& result) {
+  std::shared_ptr<DeclaredDefaults> applied;
+  m_storage.index().forEachDefault(m_storage.options(), [&](const OptionDescription& declared) {
+    if (applied == nullptr) {
+      applied = std::make_shared<DeclaredDefaults>();
+      result.applyDefaults(applied, firstPosition);
+    }
+    const OptionDescription option = declared;
+    option.firstName();  // raises where there is none
+    for (const HashedName& name : option.m_names) {
+      if (!result.options().knows(name))
+        applied->set({name, "", {}, 0});
+      string text;
+      appendValue(option.m_type, option.m_defaultValue, text);
+      const int position = IArgumentParser::getNewPositionIndex();
+      applied->set(
+          {name, text.c_str(), option.m_defaultValue, static_cast<std::uint32_t>(position)});
+    }
+  });
 }
 
 int BasicParser::parseStream(const char* text, IParseResult* result) {
@@ -152,8 +198,7 @@ int BasicParser::parseVector(ArgumentWindow& args, IParseResult* result) {
       outcome = parse_phase_two(argumentSeparator, args, result, m_lastError);
     return outcome;
   } catch (const std::exception&) {
-    m_lastError = "Unidentified problem detected.";
-    return status::unidentifiedProblem;
+    return unidentifiedProblem();
   }
 }
 

@@ -90,7 +90,7 @@ int AbbreviationParser::parse(ArgumentWindow& args, IResultCollector* collector,
     return status::usageError;
   }
 
-  const OptionDescription& option = options[optionIndex];
+  const OptionDescription& option = asItStands(options[optionIndex], options);
   trace(": detected option: '", option.firstName(), "'");
   std::string_view value = m_parts.value;
   const int decided = decideValue(option, args, value, error);

@@ -11,6 +11,10 @@
 #include <algorithm>
 #include <utility>
 
+#if __has_include(<sys/single_threaded.h>)
+#include <sys/single_threaded.h>
+#endif
+
 #include "base/quoted.h"
 
 namespace kivo_3_3 {
@@ -38,6 +42,22 @@ namespace {
                 "' in argument '", argument, "'");
 }
 
+// The counter wraps at its end; what is negative then is none either.
+bool isPosition(int number) { return number >= 0 && number != lastPosition; }
+
+// Threads may draw at once. While a process has one thread only, an addition that is not atomic
+// does the same at a fraction of the cost.
+int fetchAndIncrement(int& counter) {
+#if __has_include(<sys/single_threaded.h>)
+  if (__libc_single_threaded != 0) {
+    const int before = counter;
+    counter = static_cast<int>(static_cast<unsigned int>(before) + 1U);
+    return before;
+  }
+#endif
+  return __atomic_fetch_add(&counter, 1, __ATOMIC_RELAXED);
+}
+
 // The whole value stands where an argument is announced: it is what the user typed.
 [[gnu::cold]] string noValueParsed(std::string_view value, const OptionDescription& option) {
   return joined("No value parsed in argument '", value, "' for option '", option.firstName(), "'");
@@ -47,10 +67,24 @@ namespace {
 
 int IArgumentParser::m_idx = 1;
 
+// Where the counter has passed the last position it is put back, so that it cannot come round
+// to the first ones.
 int IArgumentParser::getNewPositionIndex() {
-  const int position = m_idx;
-  m_idx = static_cast<int>(static_cast<unsigned int>(position) + 1U);
-  return position;
+  const int position = fetchAndIncrement(m_idx);
+  if (isPosition(position))
+    return position;
+  __atomic_store_n(&m_idx, lastPosition, __ATOMIC_RELAXED);
+  throw PositionsExhausted();
+}
+
+std::optional<int> IArgumentParser::drawInARow(unsigned int count) {
+  int first = __atomic_load_n(&m_idx, __ATOMIC_RELAXED);
+  do {
+    if (!isPosition(first) || count > static_cast<unsigned int>(lastPosition - first))
+      return std::nullopt;
+  } while (!__atomic_compare_exchange_n(&m_idx, &first, first + static_cast<int>(count), true,
+                                        __ATOMIC_RELAXED, __ATOMIC_RELAXED));
+  return first;
 }
 
 IArgumentParser::IArgumentParser(EventHandler* handler, OwnedMemory* texts, int flags)
@@ -146,8 +180,7 @@ int IArgumentParser::bindOne(std::string_view& token, const Binding& binding) {
   }
 
   const int position = getNewPositionIndex();
-  if (m_handler != nullptr && !m_handler->onValueParse(option.firstName().data(),
-                                                       {token.data(), ownValue(value), position})) {
+  if (isRefused(token, value, position, option)) {
     binding.error = isNotValid(binding.isSplit ? binding.value : token, option, binding.argument);
     // No separator here: the lines have always run together.
     trace(binding.error, " One of the handler signaled the value is not valid.");
@@ -155,6 +188,14 @@ int IArgumentParser::bindOne(std::string_view& token, const Binding& binding) {
   }
   m_data.values.push_back({token.data(), std::move(value), position});
   return status::success;
+}
+
+bool IArgumentParser::isRefused(std::string_view token, variant_t& value, int position,
+                                const OptionDescription& option) const {
+  if (m_handler == nullptr)
+    return false;
+  makeOwning(value);
+  return !m_handler->onValueParse(option.firstName().data(), {token.data(), value, position});
 }
 
 }  // namespace kivo_3_3

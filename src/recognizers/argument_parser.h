@@ -2,6 +2,8 @@
 
 #include <kivo/event_handler.h>
 
+#include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -12,6 +14,12 @@
 #include "recognizers/argument_window.h"
 
 namespace kivo_3_3 {
+
+// Raised where the counter has no position left: none may be drawn twice in a process.
+class PositionsExhausted final : public std::overflow_error {
+ public:
+  PositionsExhausted() : std::overflow_error("All positions of this process have been drawn.") {}
+};
 
 // A recognizer: decides which declared option the first of some arguments is, and binds
 // its value. The driver asks every recognizer to recognize() an argument; the claimant
@@ -39,12 +47,24 @@ class IArgumentParser {
 
   virtual int getPriority() = 0;
 
-  // The next position in this process. Everything that is stored draws its own.
+  // The next position in this process, on whatever thread. Everything that is stored draws its
+  // own. Positions are below the largest int, which stands for "no position": when none is left,
+  // this raises PositionsExhausted and the counter stays where it is.
   KIVO_API static int getNewPositionIndex();
   KIVO_API static int m_idx;
 
+  // The first of `count` positions in a row; none, and none drawn, where fewer are left.
+  static std::optional<int> drawInARow(unsigned int count);
+
  protected:
-  // Tells that the option was met.
+  // The option as it stands before its first event, until the next call. A handler may amend the
+  // option declared last, and no other: that one is copied where there are handlers.
+  const OptionDescription& asItStands(const OptionDescription& option, const OptionList& options) {
+    const bool canChange = m_handler != nullptr && &option == &options.back();
+    return canChange ? m_option.emplace(option) : option;
+  }
+
+  // Notifies the handlers of the option.
   void announce(const OptionDescription& option) const;
 
   // Splits a value where the option asks for it, converts, checks and announces each
@@ -74,9 +94,12 @@ class IArgumentParser {
   int bindEachToken(char separator, const Binding& binding);
   int bindToken(std::string_view token, const Binding& binding);
   int bindOne(std::string_view& token, const Binding& binding);
+  bool isRefused(std::string_view token, variant_t& value, int position,
+                 const OptionDescription& option) const;
 
-  OwnedMemory* m_texts;    // if any
-  std::string m_unstored;  // the text in hand, without
+  std::optional<OptionDescription> m_option;  // the copy that asItStands() made last
+  OwnedMemory* m_texts;                       // if any
+  std::string m_unstored;                     // the text in hand, without
   // Kept from one argument to the next for the room it has.
   OwnedMemoryOf<128> m_memory;
   OptionData m_data{&m_memory};

@@ -25,7 +25,7 @@ int PositionalOptionsParser::parse(ArgumentWindow& args, IResultCollector* colle
                                    OptionList& options, unsigned int& optionIndex, string& error) {
   trace(": parsing argument '", args.front(), "'");
   optionIndex = m_index.findPositional(options).value_or(static_cast<unsigned int>(options.size()));
-  const OptionDescription& option = options.at(optionIndex);
+  const OptionDescription& option = asItStands(options.at(optionIndex), options);
   trace(": option is '", option.firstName(), "'");
   announce(option);
   const int bound = parseValueAndAddOption(args.front(), error, option, args, collector);

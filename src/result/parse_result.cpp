@@ -1,13 +1,27 @@
 #include "result/parse_result.h"
 
 #include <algorithm>
-#include <stdexcept>
+#include <exception>
 #include <utility>
 
 #include "base/running_call.h"
 #include "bedrock/assertion.h"
 
 namespace kivo_3_3 {
+
+namespace {
+
+// The answer of a query; "no value" when memory runs out for it.
+template <class Query>
+Value answerOf(Query query) {
+  try {
+    return query();
+  } catch (const std::exception&) {
+    return {};
+  }
+}
+
+}  // namespace
 
 IParseResult::~IParseResult() = default;
 
@@ -23,9 +37,13 @@ bool ParseResult::present(const char* name, int from, int to) {
   return m_cursor.present(name, from, to);
 }
 
-Value ParseResult::get(const char* name, int from, int to) { return m_cursor.get(name, from, to); }
+Value ParseResult::get(const char* name, int from, int to) {
+  return answerOf([&] { return m_cursor.get(name, from, to); });
+}
 
-Value ParseResult::next(const char*) { return m_cursor.next(); }
+Value ParseResult::next(const char*) {
+  return answerOf([&] { return m_cursor.next(); });
+}
 
 int ParseResult::nextPosition() { return m_cursor.nextPosition(); }
 
@@ -39,21 +57,21 @@ int ParseResult::getNextArgument(const char** text) {
     return 1;
   const Argument& argument = m_arguments[m_argumentCursor++];
   if (text != nullptr)
-    *text = argument.text;
+    *text = delivered(argument.text);
   return 0;
+}
+
+// The empty text when memory runs out.
+const char* ParseResult::delivered(const char* text) {
+  try {
+    return m_delivered.intern(text);
+  } catch (const std::exception&) {
+    return "";
+  }
 }
 
 void ParseResult::store(const OptionDescription& option, const OptionData& data) {
   m_options.store(option.m_names, data, option.m_identity);
-}
-
-void ParseResult::applyDefaults(std::shared_ptr<const DeclaredDefaults> defaults) {
-  if (defaults == nullptr)
-    return;
-  const bool isOutOfRange = defaults->isOutOfRange();
-  m_options.apply(std::move(defaults));
-  if (isOutOfRange)
-    throw std::out_of_range("An option that has a default has no name.");
 }
 
 void ParseResult::addArgument(std::string_view text, int position) {

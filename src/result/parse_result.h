@@ -4,9 +4,11 @@
 
 #include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/garbage.h"
+#include "base/interned_texts.h"
 #include "base/owned_memory.h"
 #include "options/option_data.h"
 #include "options/option_description.h"
@@ -15,8 +17,8 @@
 
 namespace kivo_3_3 {
 
-// What parses have stored, and the cursors the tool reads it with. Reading changes
-// nothing but the cursors, and cannot fail: all texts are kept when they are stored.
+// What parses have stored, and the cursors the tool reads it with. Reading changes nothing but the
+// cursors and the set of the texts that were delivered: equal texts of one result have one address.
 class ParseResult final : public IParseResult, public IResultCollector {
  public:
   // What stood behind "--", and where.
@@ -42,15 +44,19 @@ class ParseResult final : public IParseResult, public IResultCollector {
   // the names must live as long as the result.
   void store(const OptionDescription& option, const OptionData& data) override;
 
-  // Gives the options that declare a default that, under each of their names and with a
-  // position for each. Raises std::out_of_range behind those that have a name.
-  void applyDefaults(std::shared_ptr<const DeclaredDefaults> defaults);
+  // See StoredOptions::apply().
+  void applyDefaults(std::shared_ptr<const DeclaredDefaults> defaults, int first) {
+    m_options.apply(std::move(defaults), first);
+  }
 
   // Adds an argument that stood behind "--".
   void addArgument(std::string_view text, int position);
 
   // For the texts of what is stored.
   OwnedMemory& memory() { return m_memory; }
+
+  // For tests: see InternedTexts::countSteps().
+  std::size_t countSteps() const { return m_delivered.countSteps(); }
 
   const StoredOptions& options() const { return m_options; }
   const std::vector<Argument>& arguments() const { return m_arguments; }
@@ -63,9 +69,12 @@ class ParseResult final : public IParseResult, public IResultCollector {
   bool isFilledByMany() const { return m_declarations.size() > 1; }
 
  private:
+  const char* delivered(const char* text);
+
   OwnedMemoryOf<4096> m_memory;
   StoredOptions m_options{m_memory};
-  ResultCursor m_cursor{m_options};
+  InternedTexts m_delivered{m_memory};
+  ResultCursor m_cursor{m_options, m_delivered};
   std::vector<Argument> m_arguments;
   std::size_t m_argumentCursor = 0;  // the next one to deliver
   std::vector<std::shared_ptr<const Garbage>, OwnedAllocator<std::shared_ptr<const Garbage>>>

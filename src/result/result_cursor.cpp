@@ -1,7 +1,5 @@
 #include "result/result_cursor.h"
 
-#include <new>
-
 namespace kivo_3_3 {
 
 namespace {
@@ -37,16 +35,6 @@ std::size_t firstValue(const GivenOption& data, std::size_t begin, int from) {
               [&](const auto& value) { return value.position < from; });
 }
 
-// A value for readers, who may keep it for longer than the result: if there is memory for
-// that.
-variant_t lasting(const variant_t& value) {
-  try {
-    return ownValue(value);
-  } catch (const std::bad_alloc&) {
-    return value;
-  }
-}
-
 }  // namespace
 
 Value ResultCursor::get(const char* name, int from, int to) {
@@ -57,7 +45,7 @@ Value ResultCursor::get(const char* name, int from, int to) {
 }
 
 Value ResultCursor::next() {
-  const GivenOption* const data = given();
+  GivenOption* const data = given();
   if (data == nullptr) {
     // This range is how present() leaves a default that is still to be delivered.
     if (m_place.rangeFrom != lastPosition || m_place.rangeTo != lastPosition)
@@ -71,13 +59,23 @@ Value ResultCursor::next() {
     const int position = nextPosition();
     return position != lastPosition ? Value(nullptr, variant_t(), position) : Value();
   }
-  m_place.value = firstValue(*data, m_place.value, m_place.rangeFrom);
+  return nextOf(*data);
+}
+
+// The typed form of a text gets its own characters when it is first delivered, and all later
+// deliveries share them.
+Value ResultCursor::nextOf(GivenOption& option) {
+  m_place.value = firstValue(option, m_place.value, m_place.rangeFrom);
   // The data may have become shorter: options can share a name, which one then takes over.
-  if (m_place.value >= data->values.size() ||
-      data->values[m_place.value].position > m_place.rangeTo)
+  if (m_place.value >= option.values.size() ||
+      option.values[m_place.value].position > m_place.rangeTo)
     return {};
-  const GivenValue& value = data->values[m_place.value++];
-  return {value.text, lasting(value.value), value.position};
+  GivenValue& value = option.values[m_place.value];
+  const char* const text = m_texts.intern(value.text);
+  makeOwning(value.value);
+  if (++m_place.value < option.values.size())
+    m_texts.prefetch(option.values[m_place.value].text);
+  return {text, value.value, value.position};
 }
 
 bool ResultCursor::present(const char* name, int from, int to) {
@@ -116,19 +114,19 @@ ResultCursor::Found ResultCursor::select(const char* name, int from, int to) {
 
 // What was given for the selected option; null when there is nothing. A handler may have
 // selected one that was given only afterwards.
-const GivenOption* ResultCursor::given() {
+GivenOption* ResultCursor::given() {
   if (!m_place.option && m_place.defaultName.text.data() != nullptr)
     m_place.option = m_options.find(m_place.defaultName);
   return m_place.option ? &m_options.given(*m_place.option) : nullptr;
 }
 
-Value ResultCursor::defaultValue() const {
+Value ResultCursor::defaultValue() {
   if (m_place.defaultName.text.data() == nullptr)
     return {};
   const auto found = m_options.findDefault(m_place.defaultName);
   if (!found || *found->text == '\0')
     return {};
-  return {found->text, *found->value, found->position};
+  return {m_texts.internCopy(found->text), *found->value, found->position};
 }
 
 }  // namespace kivo_3_3

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string_view>
 
+#include "base/interned_texts.h"
 #include "result/stored_options.h"
 
 namespace kivo_3_3 {
@@ -13,9 +14,12 @@ namespace kivo_3_3 {
 //
 // The cursor counts and keeps no address of what it reads, so it stays where it is when
 // the data under it grows.
+//
+// What a query delivers is interned in `texts`. When memory runs out for that, the query raises
+// std::bad_alloc and stays where it is.
 class ResultCursor {
  public:
-  explicit ResultCursor(const StoredOptions& options) : m_options(options) {}
+  ResultCursor(StoredOptions& options, InternedTexts& texts) : m_options(options), m_texts(texts) {}
 
   // Selects an option; null selects none. Its first value in the range, if any.
   Value get(const char* name, int from, int to);
@@ -47,11 +51,13 @@ class ResultCursor {
   enum class Found { nothing, occurrence, byDefault };
 
   Found select(const char* name, int from, int to);
-  const GivenOption* given();
-  Value defaultValue() const;
+  GivenOption* given();
+  Value nextOf(GivenOption& option);
+  Value defaultValue();
 
   Place m_place;
-  const StoredOptions& m_options;
+  StoredOptions& m_options;
+  InternedTexts& m_texts;
 };
 
 }  // namespace kivo_3_3

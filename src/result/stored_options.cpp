@@ -3,122 +3,144 @@
 #include <algorithm>
 #include <utility>
 
-#include "recognizers/argument_parser.h"
-
 namespace kivo_3_3 {
 
+namespace {
+
+// Where one value is stored in several lists, they share the characters of its typed form.
+template <class Occurrences>
+void makeAllOwning(Occurrences& stored) {
+  for (std::size_t place = 0; place < stored.values.size(); ++place)
+    makeOwning(stored.values[place].value);
+}
+
+}  // namespace
+
 void StoredOptions::store(const Names& names, const OptionData& occurrence, std::uint64_t option) {
-  const std::size_t count = names.size();
-  const bool isRepeated = option != 0 && option == m_last.option && count == m_last.names;
+  const bool isRepeated = option != 0 && option == m_last.option && names.size() == m_last.names;
   Group* const group = isRepeated ? m_last.group : groupFor(names);
   m_last = {};
   if (group == nullptr) {
     storeApart(names, occurrence);
     return;
   }
-  // Behind this, nothing fails for want of memory.
+  // Nothing after this fails for want of memory.
   group->given.makeRoomFor(occurrence, m_memory);
   group->given.append(occurrence);
-  for (Number i = 0; i < count; ++i)
-    m_names[group->firstName + i].group = group;
-  m_last = {option, count, group};
+  if (group->names == 0)
+    share(*group, names.size());
+  m_last = {option, names.size(), group};
 }
 
-// What these names lead to and no other does, or are to lead to, where each of them is met for
-// the first time; null where there is no such.
+// The group that exactly these names share, each of them once; a new one, which no name has yet,
+// where all names are new; otherwise null.
 StoredOptions::Group* StoredOptions::groupFor(const Names& names) {
-  const auto count = static_cast<Number>(names.size());
-  const auto first = static_cast<Number>(m_names.entries().size());
+  const std::size_t before = m_names.entries().size();
   for (const HashedName& name : names)
-    m_names.findOrAdd(name, [&] { return Name{name, nullptr}; });
-  if (count == 0 || m_names.entries().size() != first + count)
-    return knownGroup(names);
-  Group& added = m_groups.emplace_front();
-  added.firstName = first;
-  added.names = count;
-  return &added;
+    m_names.findOrAdd(name, [&] { return Name{name}; });
+  const std::size_t added = m_names.entries().size() - before;
+  if (added != 0 && added == names.size())
+    return &m_groups.emplace_front();
+  const bool areDistinct = lookUp(names);
+  Group* const common = m_names[m_storing.at(0)].group;
+  const auto hasCommon = [&](Number number) { return m_names[number].group == common; };
+  const bool areAlone = areDistinct && common != nullptr && common->names == names.size() &&
+                        std::all_of(m_storing.begin(), m_storing.end(), hasCommon);
+  return areAlone ? common : nullptr;
 }
 
-StoredOptions::Group* StoredOptions::knownGroup(const Names& names) {
-  const Name* const first = m_names.find(names.at(0));
-  Group* const group = first->group;
-  if (group == nullptr || group->firstName != m_names.numberOf(*first) ||
-      group->names != names.size())
-    return nullptr;
-  for (std::size_t i = 1; i < names.size(); ++i)
-    if (first[i].group != group || !(first[i].name == names[i]))
-      return nullptr;
-  return group;
+// Gives the names that were added last, so many of them, this group.
+void StoredOptions::share(Group& group, std::size_t names) {
+  const std::size_t end = m_names.entries().size();
+  for (std::size_t number = end - names; number < end; ++number)
+    m_names[static_cast<Number>(number)].group = &group;
+  group.names = static_cast<Number>(names);
 }
 
-// For names that do not share their data, or not with each other alone: each gets data of
-// its own, which no reader can tell. An option that the result knows, if only by its default,
-// adds to what stands under its names; any other takes them over.
-// Whatever may fail for want of memory comes first.
-void StoredOptions::storeApart(const Names& names, const OptionData& occurrence) {
-  const bool isKnown = find(names[0]) || findDefault(names[0]);
-  std::vector<std::pair<Number, Group*>> own;
+// Notes the numbers of names that are entered, and answers whether each of them comes once.
+bool StoredOptions::lookUp(const Names& names) {
+  ++m_stores;
+  m_storing.clear();
+  bool areDistinct = true;
   for (const HashedName& name : names) {
-    const Name& place = *m_names.find(name);
-    const Number number = m_names.numberOf(place);
-    const auto same = std::find_if(own.begin(), own.end(),
-                                   [&](const auto& before) { return before.first == number; });
-    Group* const group = same != own.end() ? same->second
-                         : isKnown         ? &ownCopy(place)
-                                           : &m_groups.emplace_front();
-    group->given.makeRoomFor(occurrence, m_memory, names.size());
-    own.emplace_back(number, group);
+    const Number number = m_names.numberOf(*m_names.find(name));
+    Name& entry = m_names[number];
+    entry.times = entry.store == m_stores ? entry.times + 1 : 1;
+    entry.store = m_stores;
+    areDistinct = areDistinct && entry.times == 1;
+    m_storing.push_back(number);
   }
-  for (const auto& [number, group] : own) {
-    if (isKnown || m_names[number].group != group)
-      group->given.append(occurrence);
-    m_names[number].group = group;
-    group->firstName = number;
-    group->names = 1;
-  }
+  return areDistinct;
 }
 
-// A group that no other name leads to, with what was given under this one.
-StoredOptions::Group& StoredOptions::ownCopy(const Name& name) {
-  if (name.group != nullptr && !isShared(name.group))
-    return *name.group;
+void StoredOptions::lead(Name& name, Group& group) {
+  if (name.group == &group)
+    return;
+  if (name.group != nullptr)
+    --name.group->names;
+  name.group = &group;
+  ++group.names;
+}
+
+// For names that do not share a group, or not with each other alone. An option that the result
+// knows, if only by its default, adds to what is there under its names; any other replaces it.
+void StoredOptions::storeApart(const Names& names, const OptionData& occurrence) {
+  OptionData shared = occurrence;
+  makeAllOwning(shared);
+  if (!knows(names[0])) {
+    replace(shared);
+    return;
+  }
+  for (const Number number : m_storing) {
+    Name& name = m_names[number];
+    separate(name);
+    name.group->given.makeRoomFor(shared, m_memory, name.times);
+  }
+  for (const Number number : m_storing)
+    m_names[number].group->given.append(shared);
+}
+
+void StoredOptions::replace(const OptionData& occurrence) {
+  Group& group = m_groups.emplace_front();
+  group.given.makeRoomFor(occurrence, m_memory);
+  group.given.append(occurrence);
+  for (const Number number : m_storing)
+    lead(m_names[number], group);
+}
+
+// Gives the name a group to itself, with what was given under it.
+void StoredOptions::separate(Name& name) {
+  if (name.group != nullptr && name.group->names == 1)
+    return;
   Group& own = m_groups.emplace_front();
   if (name.group != nullptr) {
+    makeAllOwning(name.group->given);
     own.given.makeRoomFor(name.group->given, m_memory);
     own.given.append(name.group->given);
   }
-  return own;
+  lead(name, own);
 }
 
-bool StoredOptions::isShared(const Group* group) const {
-  const auto& all = m_names.entries();
-  return std::count_if(all.begin(), all.end(),
-                       [&](const Name& name) { return name.group == group; }) > 1;
+void StoredOptions::apply(std::shared_ptr<const DeclaredDefaults> defaults, int first) {
+  if (!m_applied.empty() && m_applied.back().defaults == defaults) {
+    m_applied.back().first = first;
+    return;
+  }
+  if (!m_applied.empty())
+    dropOutdated(defaults.get());
+  m_applied.push_back({std::move(defaults), first});
 }
 
-void StoredOptions::apply(std::shared_ptr<const DeclaredDefaults> defaults) {
-  if (m_applied.empty() || m_applied.back().defaults != defaults)
-    makeLatest(std::move(defaults));
-  Applied& latest = m_applied.back();
-  latest.firstPosition = IArgumentParser::m_idx;
-  for (std::uint32_t drawn = 0; drawn < latest.defaults->count(); ++drawn)
-    IArgumentParser::getNewPositionIndex();
-}
-
-// Where others have to go, there is room for these; where none has, nothing has changed yet
-// when memory runs out.
-void StoredOptions::makeLatest(std::shared_ptr<const DeclaredDefaults> defaults) {
-  m_outdated.reserve(m_outdated.size() + m_applied.size());
+// The defaults applied last were complete only after their call. Room for one more comes first:
+// when memory runs out, nothing has changed.
+void StoredOptions::dropOutdated(const DeclaredDefaults* replaced) {
+  m_applied.reserve(m_applied.size() + 1);
+  const std::shared_ptr<const DeclaredDefaults> latest = m_applied.back().defaults;
   const auto isOutdated = [&](const Applied& applied) {
-    const bool isSame = applied.defaults == defaults;
-    if (!isSame && !defaults->hasAllOf(*applied.defaults))
-      return false;
-    if (!isSame)
-      m_outdated.push_back(applied.defaults);
-    return true;
+    return applied.defaults.get() == replaced ||
+           (applied.defaults != latest && latest->hasAllOf(*applied.defaults));
   };
   m_applied.erase(std::remove_if(m_applied.begin(), m_applied.end(), isOutdated), m_applied.end());
-  m_applied.push_back({std::move(defaults), 0});
 }
 
 std::optional<StoredOptions::Default> StoredOptions::findDefault(const HashedName& name) const {
@@ -126,7 +148,7 @@ std::optional<StoredOptions::Default> StoredOptions::findDefault(const HashedNam
     const DeclaredDefaults::Default* const found = applied->defaults->find(name);
     if (found == nullptr)
       continue;
-    const unsigned int position = static_cast<unsigned int>(applied->firstPosition) + found->place;
+    const unsigned int position = static_cast<unsigned int>(applied->first) + found->place;
     return Default{found->name, found->text, &found->value, static_cast<int>(position)};
   }
   return std::nullopt;
@@ -135,7 +157,7 @@ std::optional<StoredOptions::Default> StoredOptions::findDefault(const HashedNam
 Texts StoredOptions::names() const {
   Texts all;
   for (const Name& name : m_names.entries())
-    if (name.group != nullptr)
+    if (name.group != nullptr && !name.group->isEmpty())
       all.push_back(name.name.text);
   for (const Applied& applied : m_applied)
     for (const DeclaredDefaults::Default& one : applied.defaults->all())

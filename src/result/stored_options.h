@@ -18,44 +18,51 @@ namespace kivo_3_3 {
 
 // What a result holds of options: what was given under each name, and the defaults.
 //
-// Every name has data of its own, as a reader sees it. In fact the names of one option
-// lead to the same data, until something is stored that does not concern all of them alike:
-// options can share a name, have one twice, or get another one between two parses. From then
-// on their data stays apart.
+// Every name has data of its own, as a reader sees it. In fact the names of one option share a
+// group of data for as long as everything stored concerns all of them alike. Options can share a
+// name, have one twice, or get another one between two parses: from then on each of the names
+// concerned has a group to itself.
 class StoredOptions {
  public:
   // A default as it stands in this result.
   struct Default {
     HashedName name;
-    const char* text;  // empty where there is nothing to show
+    const char* text;  // empty where there is nothing to show; lives until the next apply()
     const variant_t* value;
     int position;
   };
   using Number = std::uint32_t;
 
   explicit StoredOptions(OwnedMemory& memory)
-      : m_memory(memory), m_names(&memory, expectedNames), m_groups(&memory), m_applied(&memory) {}
+      : m_memory(memory),
+        m_names(&memory, expectedNames),
+        m_groups(&memory),
+        m_storing(&memory),
+        m_applied(&memory) {}
 
   // Adds an occurrence under each of the names: under all of them or, when memory runs
   // out, under none. The texts of names and values must live as long. `option`, if it is
   // not 0, tells whose names they are: what comes again and again finds its place at once.
   void store(const Names& names, const OptionData& occurrence, std::uint64_t option);
 
-  // Puts these defaults in the place of former ones of the same names, and draws a
-  // position for each.
-  void apply(std::shared_ptr<const DeclaredDefaults> defaults);
+  // Puts these defaults in the place of former ones of the same names. Their positions count
+  // from `first` on. Defaults may be added to them until the next call.
+  void apply(std::shared_ptr<const DeclaredDefaults> defaults, int first);
 
   // The number of the name that something was given under.
   std::optional<Number> find(const HashedName& name) const {
     const Name* const found = m_names.find(name);
-    return found != nullptr && found->group != nullptr
-               ? std::make_optional(m_names.numberOf(*found))
-               : std::nullopt;
+    const bool isGiven = found != nullptr && found->group != nullptr && !found->group->isEmpty();
+    return isGiven ? std::make_optional(m_names.numberOf(*found)) : std::nullopt;
   }
   // What was given under the name of this number.
   const GivenOption& given(Number name) const { return m_names[name].group->given; }
+  GivenOption& given(Number name) { return m_names[name].group->given; }
 
   std::optional<Default> findDefault(const HashedName& name) const;
+
+  // Whether something was given under the name, or a default applied.
+  bool knows(const HashedName& name) const { return find(name) || findDefault(name); }
 
   // All names that something was given under or that have a default, in order.
   Texts names() const;
@@ -63,42 +70,46 @@ class StoredOptions {
  private:
   static constexpr std::size_t expectedNames = 32;
 
-  // What was given under some names at once. No other leads to it, and these do, unless they
-  // were stored under with others since.
+  // What was given under some names alike.
   struct Group {
-    Number firstName = 0;  // their numbers begin here and follow each other
-    Number names = 0;      // so many
+    bool isEmpty() const { return given.positions.empty(); }
+
+    Number names = 0;  // the number of names that have this group
     GivenOption given;
   };
   struct Name {
     HashedName name;
-    Group* group;  // null while nothing was given
+    Group* group = nullptr;   // null or empty while nothing was given
+    std::uint32_t store = 0;  // the call of store() that concerned this name last
+    Number times = 0;         // how often that call had the name
   };
   // What was stored last.
   struct Last {
     std::uint64_t option = 0;
-    std::size_t names = 0;   // so many
-    Group* group = nullptr;  // theirs alone, if there is such
+    std::size_t names = 0;   // the number of its names
+    Group* group = nullptr;  // the group that exactly these share
   };
   struct Applied {
     std::shared_ptr<const DeclaredDefaults> defaults;
-    int firstPosition;
+    int first;  // position
   };
 
-  [[gnu::cold]] void makeLatest(std::shared_ptr<const DeclaredDefaults> defaults);
+  [[gnu::cold]] void dropOutdated(const DeclaredDefaults* replaced);
   Group* groupFor(const Names& names);
-  Group* knownGroup(const Names& names);
+  bool lookUp(const Names& names);
+  void share(Group& group, std::size_t names);
+  static void lead(Name& name, Group& group);
   [[gnu::cold]] void storeApart(const Names& names, const OptionData& occurrence);
-  [[gnu::cold]] Group& ownCopy(const Name& name);
-  [[gnu::cold]] bool isShared(const Group* group) const;
+  [[gnu::cold]] void replace(const OptionData& occurrence);
+  [[gnu::cold]] void separate(Name& name);
 
   OwnedMemory& m_memory;
   NameTable<Name> m_names;
   Last m_last;
   std::forward_list<Group, OwnedAllocator<Group>> m_groups;
+  std::uint32_t m_stores = 0;  // calls of store() that had to look up their names
+  std::vector<Number, OwnedAllocator<Number>> m_storing;    // the names of the latest of these
   std::vector<Applied, OwnedAllocator<Applied>> m_applied;  // the latest last
-  // What later ones have taken the place of, name by name: its texts have been handed out.
-  std::vector<std::shared_ptr<const DeclaredDefaults>> m_outdated;
 };
 
 }  // namespace kivo_3_3

@@ -44,7 +44,7 @@ string defaultsByScan(const Options& options) {
 
 string defaultsOf(DeclarationIndex& index, const Options& options) {
   std::map<string, unsigned int> places;
-  if (const auto defaults = index.defaults(options))
+  if (const auto defaults = index.timelessDefaults(options))
     for (const DeclaredDefaults::Default& one : defaults->all())
       places[string(one.name)] = one.place;
   string all;

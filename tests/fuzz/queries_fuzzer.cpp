@@ -90,7 +90,8 @@ class Comparison {
   }
 
   void applyDefaults() {
-    m_result.applyDefaults(m_index.defaults(m_options));
+    if (const auto defaults = m_index.timelessDefaults(m_options))
+      m_result.applyDefaults(defaults, IArgumentParser::drawInARow(defaults->count()).value());
     for (const OptionDescription& option : m_options) {
       if (!option.m_hasDefault)
         continue;

@@ -109,7 +109,7 @@ TEST(DeclarationIndex, SeesThatTheLastOptionHasBecomePositional) {
 
 // "b@0 a@1": names and places of the defaults, in their order.
 string defaultsOf(DeclarationIndex& index, const Options& options) {
-  const auto defaults = index.defaults(options);
+  const auto defaults = index.timelessDefaults(options);
   if (defaults == nullptr)
     return "none";
   string all;
@@ -137,27 +137,46 @@ TEST(DeclarationIndex, GivesTheSameDefaultsUntilTheyChange) {
   options.push_back(makeOption({"level"}, vtS32));
   options.back().defaultValue(1);
   DeclarationIndex index(nullptr);
-  const auto first = index.defaults(options);
-  EXPECT_EQ(first, index.defaults(options));
+  const auto first = index.timelessDefaults(options);
+  EXPECT_EQ(first, index.timelessDefaults(options));
   options.back().synonym("l");
-  const auto second = index.defaults(options);
+  const auto second = index.timelessDefaults(options);
   EXPECT_NE(first, second);
   options.back().defaultValue(2);
   EXPECT_EQ("level@0 l@1 ", defaultsOf(index, options));
-  EXPECT_STREQ("2", index.defaults(options)->find("l")->text);
+  EXPECT_STREQ("2", index.timelessDefaults(options)->find("l")->text);
   EXPECT_STREQ("1", second->find("l")->text);
   EXPECT_EQ(nullptr, first->find("l"));
 }
 
-TEST(DeclarationIndex, GivesNoDefaultsBehindThatOfAnOptionWithoutNames) {
+TEST(DeclarationIndex, GivesNoDefaultsWhereOneHasToBeConvertedAtEachParse) {
   Options options;
-  for (const auto& names : {std::vector<string>{"a"}, {}, {"b"}}) {
-    options.push_back(makeOption(names, vtS32));
-    options.back().defaultValue(1);
-  }
+  options.push_back(makeOption({"a"}, vtS32));
+  options.back().defaultValue(1);
   DeclarationIndex index(nullptr);
   EXPECT_EQ("a@0 ", defaultsOf(index, options));
-  EXPECT_TRUE(index.defaults(options)->isOutOfRange());
+  options.push_back(makeOption({"b"}, vtString));
+  options.back().defaultValue(variant_t("text", true));
+  EXPECT_EQ("none", defaultsOf(index, options));
+  options.back().defaultValue("text");
+  EXPECT_EQ("a@0 b@1 ", defaultsOf(index, options));
+}
+
+TEST(DeclarationIndex, VisitsTheOptionsThatDeclareADefault) {
+  Options options;
+  for (const char* name : {"a", "b", "c", "d"})
+    options.push_back(makeOption({name}, vtS32));
+  options[1].defaultValue(1);
+  options[2].defaultValue({});
+  options[3].defaultValue(1);
+  DeclarationIndex index(nullptr);
+  string visited;
+  const auto note = [&](const OptionDescription& option) { visited += option.firstName(); };
+  index.forEachDefault(options, note);
+  EXPECT_EQ("bd", visited);
+  options.push_back(makeOption({"e"}, vtS32));
+  index.forEachDefault(options, note);
+  EXPECT_EQ("bdbd", visited);
 }
 
 TEST(DeclarationIndex, ManyNamesAreFound) {

@@ -37,7 +37,6 @@ TEST(DeclaredDefaults, BeginWithNone) {
   EXPECT_EQ("", listed(defaults));
   EXPECT_EQ(nullptr, defaults.find("level"));
   EXPECT_EQ(0u, defaults.count());
-  EXPECT_FALSE(defaults.isOutOfRange());
 }
 
 TEST(DeclaredDefaults, EachNameHasAPlaceInTheOrderOfDeclaration) {
@@ -65,16 +64,26 @@ TEST(DeclaredDefaults, ATypeWithoutATextLeavesItEmpty) {
   EXPECT_EQ(variant_t(1), defaults.find("flag")->value);
 }
 
-TEST(DeclaredDefaults, WhatIsNoneIsNotAdded) {
-  OptionDescription withoutFlag = makeOption({"level"}, vtS32);
-  withoutFlag.m_defaultValue = 3;
+TEST(DeclaredDefaults, MayBeSetOneByOne) {
   DeclaredDefaults defaults;
-  defaults.add(withoutFlag);
-  defaults.add(makeOption({"depth"}, vtS32));
-  defaults.add(optionWith({"width"}, vtS32, {}));
-  defaults.add(optionWith({}, vtS32, {}));
-  EXPECT_EQ("", listed(defaults));
-  EXPECT_EQ(0u, defaults.count());
+  string text = "2";
+  defaults.set({"level", text.c_str(), 2, 7});
+  text = "3";
+  defaults.set({"depth", text.c_str(), 3, 8});
+  EXPECT_EQ("level=2@7 depth=3@8", listed(defaults));
+  defaults.set({"level", "4", 4, 9});
+  EXPECT_EQ("level=4@9 depth=3@8", listed(defaults));
+}
+
+TEST(DeclaredDefaults, AreTimelessWhereNobodyCanTellWhenTheyBecomeText) {
+  EXPECT_TRUE(DeclaredDefaults::isTimeless(optionWith({"a"}, vtS32, 1)));
+  EXPECT_TRUE(DeclaredDefaults::isTimeless(optionWith({"a"}, vtDouble, 1)));
+  EXPECT_TRUE(DeclaredDefaults::isTimeless(optionWith({"a"}, vtString, "text")));
+  EXPECT_TRUE(DeclaredDefaults::isTimeless(optionWith({"a"}, vtNull, "text")));
+  EXPECT_FALSE(DeclaredDefaults::isTimeless(optionWith({"a"}, vtString, variant_t("text", true))));
+  EXPECT_FALSE(DeclaredDefaults::isTimeless(optionWith({"a"}, vtS32, 1.5)));
+  EXPECT_FALSE(DeclaredDefaults::isTimeless(optionWith({"a"}, vtString, 1)));
+  EXPECT_FALSE(DeclaredDefaults::isTimeless(optionWith({}, vtS32, 1)));
 }
 
 TEST(DeclaredDefaults, OfANameThatIsSharedTheLastOneCountsAndAllHaveTheirPlace) {
@@ -105,16 +114,6 @@ TEST(DeclaredDefaults, KnowWhetherTheyHaveAllOfOthers) {
   EXPECT_TRUE(ab->hasAllOf(*ab));
   EXPECT_FALSE(ab->hasAllOf(*defaultsOf({"b", "c"})));
   EXPECT_FALSE(DeclaredDefaults().hasAllOf(*ab));
-}
-
-TEST(DeclaredDefaults, AnOptionWithoutNamesIsOutOfRange) {
-  DeclaredDefaults defaults;
-  defaults.add(optionWith({"a"}, vtS32, 1));
-  EXPECT_FALSE(defaults.isOutOfRange());
-  defaults.add(optionWith({}, vtS32, 2));
-  EXPECT_TRUE(defaults.isOutOfRange());
-  EXPECT_EQ("a=1@0", listed(defaults));
-  EXPECT_EQ(1u, defaults.count());
 }
 
 TEST(DeclaredDefaults, OutliveTheOptionsButNotTheTextsOfNames) {

@@ -104,16 +104,17 @@ TEST_P(HostileHandler, MayAmendTheOptionBeingBound) {
     });
     EXPECT_EQ(HostileScene::undisturbed(), scene.parse());
     IParseResult& result = scene.result();
-    // A new name answers for what is stored from then on.
-    EXPECT_STREQ(event <= 6 ? "a" : "b", result.get("another-name-for-it-299").text);
+    // A new name counts from the occurrence after the one that is being bound.
+    const char* const expected = event <= 4 ? "a" : event <= 6 ? "b" : nullptr;
+    EXPECT_STREQ(expected, result.get("another-name-for-it-299").text);
     EXPECT_EQ(HostileScene::undisturbed(), scene.parseUndisturbed());
   });
 }
 
-TEST_P(HostileHandler, MayRestrictTheOptionBeingBoundFromItsNextValueOn) {
+TEST_P(HostileHandler, MayRestrictTheOptionBeingBoundFromItsNextOccurrenceOn) {
   atEveryEvent([](HostileScene& scene, int event) {
     scene.at(event, [&] { scene.lastDeclared->allowValue("a"); });
-    const bool isInTime = event < events;
+    const bool isInTime = event <= 6;  // before the second occurrence begins
     EXPECT_EQ(isInTime ? HostileScene::expected(2, "level=1,2 files=a | b", events - 1)
                        : HostileScene::undisturbed(),
               scene.parse());
@@ -154,6 +155,35 @@ TEST(DeclaringHandler, TakenNameIsRejectedAsEver) {
   command.option("level", vtS32);
   EXPECT_EQ("level=1,2@+1", command.parsed({"--level=1,2", "--depth"}));
   EXPECT_EQ("option level; value level=1; value level=2; unknown --depth", handler.events);
+}
+
+TEST(DeclaringHandler, OptionBeingBoundIsTheOneAheadOfItsFirstEvent) {
+  Command command;
+  RecordingHandler handler;
+  IOption* const level = command.option("level", vtString);
+  level->allowValue("fast")->allowValue("slow");
+  handler.alsoDo = [&] {
+    if (handler.events == "option level")
+      level->tokenize('\0')->allowValue("fine")->synonym("l")->allowDeprecatedValue("old", "slow");
+  };
+  command.parser().addHandler(&handler);
+  EXPECT_EQ(
+      "2: Value validation problem in argument '--level=fast,fi': Option 'level' does not "
+      "allow value 'fi'. Possible values follows: 'fast', 'slow'",
+      command.parsed({"--level=fast,fi"}));
+  EXPECT_EQ("option level; value level=fast", handler.events);
+  EXPECT_EQ("level=fine@+1", command.parsed({"-l=fi"}));
+}
+
+TEST(DeclaringHandler, PositionalOptionBeingBoundIsTheOneAheadOfItsFirstEvent) {
+  Command command;
+  RecordingHandler handler;
+  IOption* const files = command.option("files", vtString)->positional();
+  handler.alsoDo = [&] { files->tokenize('\0')->synonym("f"); };
+  command.parser().addHandler(&handler);
+  EXPECT_EQ("files=a,b@+1 files=c,d@+4", command.parsed({"a,b", "c,d"}));
+  IParseResult& result = command.result();
+  EXPECT_STREQ("c,d", result.get("f").text);
 }
 
 TEST(DeclaringHandler, ValueBeingSplitIsSplitToTheEndAsItWasBegun) {

@@ -326,6 +326,23 @@ TEST(HostileParses, EndAllOfThemOnceNestedTooDeep) {
   EXPECT_EQ("level=3@+1", command.parsed({"--level=3"}));
 }
 
+// The event from outside of all parses is none of them: sending it raises nothing.
+TEST(HostileParses, EndOnceNestedTooDeepInsideAnEventThatTheToolSends) {
+  Command command;
+  command.option("level", vtS32);
+  RecordingHandler handler;
+  int parses = 0;
+  int failed = 0;
+  handler.alsoDo = [&] {
+    if (++parses <= 101)
+      failed += command.parser().parseStream("--level=1", nullptr) == 4 ? 1 : 0;
+  };
+  command.parser().addHandler(&handler);
+  EXPECT_TRUE(command.parser().onOptionParse("level"));
+  EXPECT_EQ(101, parses);
+  EXPECT_EQ(101, failed);
+}
+
 // An event that the tool itself passes on is no parse.
 TEST(HostileParses, MayNestToADepthOfAHundred) {
   Command command;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "support/command.h"
@@ -130,6 +131,96 @@ TEST_F(ParsersAsHandlers, InARingAreToldAllAgainAfterAnException) {
   EXPECT_THROW(commands[0].parsed({"--level=1,2"}), int);
   handlers[1].alsoDo = [] {};
   EXPECT_EQ("level=1,2@+1: 1 1 0 0", parse(0));
+}
+
+// Sends each of these events once, from inside of the first event that it is notified of.
+class Sender final : public testing::TestHandler {
+ public:
+  explicit Sender(IParser& parser) : m_parser(parser) {}
+
+  bool onOptionParse(const char* name) override { return note("option ", name); }
+  bool onValueParse(const char* name, const Value& value) override {
+    return note("value ",
+                (string(name) + "=" + (value.text != nullptr ? value.text : "null")).c_str());
+  }
+  bool onUknownArgument(const char* argument) override { return note("unknown ", argument); }
+
+  string events;
+
+ private:
+  bool note(const char* kind, const char* text) {
+    events += (events.empty() ? "" : "; ") + string(kind) + text;
+    if (m_hasSent)
+      return true;
+    m_hasSent = true;
+    m_parser.onOptionParse("sent");
+    m_parser.onValueParse("sent", Value("1", 1, 7));
+    m_parser.onUknownArgument("sent");
+    return true;
+  }
+
+  IParser& m_parser;
+  bool m_hasSent = false;
+};
+
+TEST_F(ParsersAsHandlers, PassOnWhatTheirHandlersSendThroughThem) {
+  Command command;
+  command.option("level", vtS32);
+  Sender sender(command.parser());
+  command.parser().addHandler(&sender);
+  EXPECT_EQ("level=1@+1", command.parsed({"--level=1"}));
+  EXPECT_EQ("option level; option sent; value sent=1; unknown sent; value level=1", sender.events);
+}
+
+TEST_F(ParsersAsHandlers, PassOnWhatIsSentThroughThemRoundARing) {
+  link(0, 1);
+  link(1, 0);
+  Sender sender(commands[1].parser());
+  commands[0].parser().addHandler(&sender);
+  EXPECT_TRUE(commands[0].parser().onOptionParse("level"));
+  EXPECT_EQ("option level; option sent; value sent=1; unknown sent", sender.events);
+  EXPECT_EQ(1, std::count(handlers[1].events.begin(), handlers[1].events.end(), '='));
+}
+
+// An event of one kind is not taken for another with the same text.
+TEST_F(ParsersAsHandlers, TellEventsApartByKindAndText) {
+  handlers[0].alsoDo = [this] {
+    if (handlers[0].events == "option x")
+      commands[0].parser().onUknownArgument("x");
+    if (handlers[0].events == "option x; unknown x") {
+      commands[0].parser().onOptionParse("x");  // is being passed on
+      commands[0].parser().onUknownArgument("y");
+    }
+  };
+  EXPECT_TRUE(commands[0].parser().onOptionParse("x"));
+  EXPECT_EQ("option x; unknown x; unknown y", handlers[0].events);
+}
+
+// Notes what it is handed.
+class ValueKeeper final : public testing::TestHandler {
+ public:
+  bool onValueParse(const char*, const Value& value) override {
+    kept = value;
+    return true;
+  }
+
+  Value kept;
+};
+
+TEST_F(ParsersAsHandlers, HandAValueOnAsItIs) {
+  ValueKeeper keeper;
+  commands[1].parser().addHandler(&keeper);
+  link(0, 1);
+  const string text = "a text";
+  commands[0].parser().removeHandler(&handlers[0]);
+  commands[1].parser().removeHandler(&handlers[1]);
+  EXPECT_TRUE(commands[0].parser().onValueParse("level", Value(text.c_str(), 5, 7)));
+  EXPECT_EQ(text.c_str(), keeper.kept.text);
+  EXPECT_EQ(5, keeper.kept.value.get<int>());
+  EXPECT_EQ(7, keeper.kept.position);
+  EXPECT_TRUE(commands[0].parser().onValueParse("level", Value()));
+  EXPECT_EQ(nullptr, keeper.kept.text);
+  EXPECT_EQ(1, keeper.kept.isEmpty);
 }
 
 TEST_F(ParsersAsHandlers, InARingMayBeToldOutsideAParse) {

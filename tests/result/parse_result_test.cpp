@@ -151,7 +151,7 @@ TEST(Store, ThroughTheCollectorLandsInTheSameResult) {
 TEST(Store, EntriesAreInByteOrder) {
   ParseResult result;
   for (const char* name : {"b", "\xC3\xA4", "B", "a", "ab", "-"})
-    store({name}, OptionData(), result);
+    store({name}, occurrence(1, "a"), result);
   string order;
   for (const std::string_view name : result.options().names())
     order += joined(name, " ");

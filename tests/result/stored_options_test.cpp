@@ -46,13 +46,14 @@ class TwoWays {
     int position = IArgumentParser::m_idx;
     const auto defaults = std::make_shared<DeclaredDefaults>();
     for (const OptionDescription& option : options) {
+      if (!option.hasDefault())
+        continue;
       defaults->add(option);
-      if (option.m_hasDefault)
-        m_naive.applyDefault({option.m_names.begin(), option.m_names.end()},
-                             option.getDefaultValueAsText(), position);
-      position += option.m_hasDefault ? static_cast<int>(option.m_names.size()) : 0;
+      m_naive.applyDefault({option.m_names.begin(), option.m_names.end()},
+                           option.getDefaultValueAsText(), position);
+      position += static_cast<int>(option.m_names.size());
     }
-    m_stored.apply(defaults);
+    testing::apply(defaults, m_stored);
     EXPECT_EQ(position, IArgumentParser::m_idx);
   }
 
@@ -295,25 +296,10 @@ TEST_F(Storing, TheSameDefaultsAppliedAgainHaveNewPositionsAndComeFirst) {
   for (const auto& [defaults, text] :
        {std::pair(first, "one"), std::pair(second, "two"), std::pair(first, "one"),
         std::pair(first, "one"), std::pair(second, "two")}) {
-    options.apply(defaults);
+    testing::apply(defaults, options);
     EXPECT_STREQ(text, options.findDefault("a")->text);
     EXPECT_EQ(position++, options.findDefault("a")->position);
   }
-}
-
-TEST_F(Storing, PositionsOfDefaultsGoOnBehindTheLargest) {
-  IArgumentParser::m_idx = lastPosition;
-  OptionList options;
-  options.push_back(makeOption({"a", "b", "c"}, vtString));
-  options.back().defaultValue("d");
-  OwnedMemoryOf<640> memory;
-  StoredOptions stored(memory);
-  const auto defaults = std::make_shared<DeclaredDefaults>();
-  defaults->add(options.front());
-  stored.apply(defaults);
-  EXPECT_EQ(lastPosition, stored.findDefault("a")->position);
-  EXPECT_EQ(-lastPosition - 1, stored.findDefault("b")->position);
-  EXPECT_EQ(-lastPosition, stored.findDefault("c")->position);
 }
 
 using Random = std::mt19937;
@@ -393,7 +379,7 @@ struct Filled {
     option.defaultValue("d");
     const auto defaults = std::make_shared<DeclaredDefaults>();
     defaults->add(option);
-    stored.apply(defaults);
+    testing::apply(defaults, stored);
     stored.store({"a", "b"}, twoValues(1), 0);
     stored.store({"b", "c"}, twoValues(2), 0);
     const auto* const begin = static_cast<const char*>(memory.allocate(0));
@@ -482,29 +468,46 @@ string defaultsIn(const StoredOptions& stored) {
   return all;
 }
 
-TEST_F(Storing, LaterDefaultsTakeThePlaceOfFormerOnesOrNothingChanges) {
+TEST_F(Storing, LaterDefaultsTakeThePlaceOfFormerOnes) {
   Garbage garbage;
-  const auto later = defaultsOf({"a", "c"}, "later", garbage);
-  for (long allowed = 0, failures = 0;; ++allowed, ++failures) {
-    SCOPED_TRACE(allowed);
-    OwnedMemoryOf<640> memory;
-    StoredOptions stored(memory);
-    stored.apply(defaultsOf({"a"}, "first", garbage));
-    stored.apply(defaultsOf({"b"}, "second", garbage));
-    stored.apply(defaultsOf({"c"}, "third", garbage));
-    try {
-      const AllocationLimit limit(allowed, Failing::forEver);
-      stored.apply(later);
-    } catch (const std::bad_alloc&) {
-      EXPECT_EQ("a=first b=second c=third", defaultsIn(stored));
-      stored.apply(later);
-      EXPECT_EQ("a=later b=second c=later", defaultsIn(stored));
-      continue;
-    }
-    EXPECT_EQ("a=later b=second c=later", defaultsIn(stored));
-    EXPECT_LT(0, failures);
-    return;
+  OwnedMemoryOf<640> memory;
+  StoredOptions stored(memory);
+  stored.apply(defaultsOf({"a"}, "first", garbage), 1);
+  stored.apply(defaultsOf({"b"}, "second", garbage), 2);
+  stored.apply(defaultsOf({"c"}, "third", garbage), 3);
+  EXPECT_EQ("a=first b=second c=third", defaultsIn(stored));
+  stored.apply(defaultsOf({"a", "c"}, "later", garbage), 4);
+  EXPECT_EQ("a=later b=second c=later", defaultsIn(stored));
+}
+
+TEST_F(Storing, FormerDefaultsThatAllHaveBeenReplacedAreFreed) {
+  Garbage garbage;
+  OwnedMemoryOf<640> memory;
+  StoredOptions stored(memory);
+  std::weak_ptr<const DeclaredDefaults> former;
+  {
+    const auto defaults = defaultsOf({"a"}, "first", garbage);
+    former = defaults;
+    stored.apply(defaults, 1);
   }
+  stored.apply(defaultsOf({"a", "b"}, "second", garbage), 2);
+  stored.apply(defaultsOf({"a", "b", "c"}, "third", garbage), 4);
+  EXPECT_TRUE(former.expired());
+  EXPECT_EQ("a=third b=third c=third", defaultsIn(stored));
+}
+
+// As a parse does that converts each default anew.
+TEST_F(Storing, DefaultsMayBeAddedWhileTheyAreApplied) {
+  Garbage garbage;
+  OwnedMemoryOf<640> memory;
+  StoredOptions stored(memory);
+  stored.apply(defaultsOf({"a", "b"}, "first", garbage), 1);
+  const auto defaults = std::make_shared<DeclaredDefaults>();
+  stored.apply(defaults, firstPosition);
+  EXPECT_EQ("a=first b=first", defaultsIn(stored));
+  defaults->set({"b", "second", "second", 9});
+  EXPECT_EQ("a=first b=second", defaultsIn(stored));
+  EXPECT_EQ(9, stored.findDefault("b")->position);
 }
 
 }  // namespace

@@ -132,6 +132,40 @@ AllocationCount ofOptionFiles(int count) {
   return parsing(command, {"--option-file=" + folder.path("0")});
 }
 
+// A tool that declares another default before each of many parses into one result.
+AllocationCount ofDefaultsBetweenParses(int count) {
+  Command command;
+  const string last = "n" + std::to_string(count - 1);
+  return countOf([&] {
+    for (int i = 0; i < count; ++i) {
+      const string name = "n" + std::to_string(i);
+      command.parser().option(name.c_str(), "", vtS32, nullptr)->defaultValue(i);
+      const char* const argv[] = {"tool"};
+      EXPECT_EQ(0, command.parser().parseArgsVector(1, argv, &command.result()));
+    }
+    EXPECT_EQ(count - 1, valueOr(command.result(), last.c_str(), -1));
+  });
+}
+
+AllocationCount ofOneNameTwice(int count) {
+  Command command;
+  command.option("text,text", vtString);
+  return parsing(command, repeated("--text=", count));
+}
+
+// Options that share a synonym, each given twice in turn.
+AllocationCount ofASharedSynonym(int count) {
+  Command command;
+  Arguments arguments;
+  for (int i = 0; i < count; ++i) {
+    const string name = "n" + std::to_string(i);
+    command.parser().option(name.c_str(), "", vtString, nullptr)->synonym("text");
+    arguments.push_back("--" + name + "=x");
+  }
+  arguments.insert(arguments.end(), arguments.begin(), arguments.end());
+  return parsing(command, arguments);
+}
+
 struct Family {
   const char* name;
   AllocationCount (*cost)(int count);
@@ -155,6 +189,15 @@ TEST_P(Growth, OfAllocationsAndMemoryIsLinear) {
   expectAtMost(mostForFourTimes, "bytes held", once.peakBytes, fourTimes.peakBytes);
 }
 
+// Every parse stores all defaults anew, so the bytes taken grow faster; those held must not.
+TEST(GrowthOfDefaults, DeclaredBetweenParsesIsLinearInMemoryHeld) {
+  constexpr int count = 500;
+  ofDefaultsBetweenParses(count);
+  const auto once = ofDefaultsBetweenParses(count).peakBytes;
+  const auto fourTimes = ofDefaultsBetweenParses(4 * count).peakBytes;
+  EXPECT_LE(static_cast<double>(fourTimes), mostForFourTimes * static_cast<double>(once));
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Input, Growth,
     ::testing::Values(Family{"NamedArguments", ofNamedArguments}, Family{"Leftovers", ofLeftovers},
@@ -162,7 +205,9 @@ INSTANTIATE_TEST_SUITE_P(
                       Family{"OptionFileLines", ofOptionFileLines}, Family{"Tokens", ofTokens},
                       Family{"BytesInAValue", ofBytesInAValue},
                       Family{"BytesInAMessage", ofBytesInAMessage}, Family{"Options", ofOptions},
-                      Family{"Help", ofHelp}, Family{"OptionFiles", ofOptionFiles}),
+                      Family{"Help", ofHelp}, Family{"OptionFiles", ofOptionFiles},
+                      Family{"OneNameTwice", ofOneNameTwice},
+                      Family{"ASharedSynonym", ofASharedSynonym}),
     [](const auto& family) { return string(family.param.name); });
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "options/declared_defaults.h"
+#include "recognizers/argument_parser.h"
 #include "result/parse_result.h"
 
 namespace kivo_3_3::testing {
@@ -36,11 +37,18 @@ std::string render(const Given& data) {
   return text;
 }
 
-// Applies the default of one option, as it stands.
+// Draws a position for each of the defaults and applies them.
+inline void apply(const std::shared_ptr<const DeclaredDefaults>& defaults, StoredOptions& options) {
+  options.apply(defaults, IArgumentParser::drawInARow(defaults->count()).value());
+}
+
+// The same with the default of one option, as it stands, if it has one.
 inline void applyDefault(const OptionDescription& option, ParseResult& result) {
+  if (!option.hasDefault())
+    return;
   const auto defaults = std::make_shared<DeclaredDefaults>();
   defaults->add(option);
-  result.applyDefaults(defaults);
+  result.applyDefaults(defaults, IArgumentParser::drawInARow(defaults->count()).value());
 }
 
 }  // namespace kivo_3_3::testing

@@ -1,5 +1,6 @@
 #include "bedrock/assertion.h"
 
+#include <atomic>
 #include <cstdlib>
 #include <ostream>
 
@@ -15,18 +16,16 @@ namespace {
   std::abort();
 }
 
-assertion_handler_t installedHandler = reportAndAbort;
+std::atomic<assertion_handler_t> installedHandler = reportAndAbort;
 
 }  // namespace
 
 assertion_handler_t set_assertion_handler(assertion_handler_t handler) {
-  const assertion_handler_t previous = installedHandler;
-  installedHandler = handler != nullptr ? handler : reportAndAbort;
-  return previous;
+  return installedHandler.exchange(handler != nullptr ? handler : reportAndAbort);
 }
 
 void assertion_failed(const char* expression, const char* file, int line) {
-  installedHandler(expression, file, line);
+  installedHandler.load()(expression, file, line);
 }
 
 }  // namespace BEDROCK

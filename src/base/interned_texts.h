@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "base/hashed_name.h"
+#include "base/owned_memory.h"
+
+namespace kivo_3_3 {
+
+// A set of texts, each with a zero at its end, in which equal texts have one address.
+class InternedTexts {
+ public:
+  // `memory` owns the set and must outlive it.
+  // cppcheck-suppress uninitMemberVar ; arrays are set when they are first used
+  explicit InternedTexts(OwnedMemory& memory) : m_memory(memory), m_chunks(&memory) {}
+  InternedTexts(const InternedTexts&) = delete;
+  InternedTexts& operator=(const InternedTexts&) = delete;
+  ~InternedTexts();
+
+  // The text of the set that equals `text`. If there is none yet, that is `text` itself, which
+  // must live as long as the set. Raises std::bad_alloc, and then nothing has changed.
+  const char* intern(const char* text);
+
+  // The same, for a `text` that may end earlier: the set takes a copy.
+  const char* internCopy(const char* text);
+
+  // Loads what intern() will need for `text`, which the set's memory owns, into the cache: for
+  // callers that know the next text while they still work on another one.
+  void prefetch(const char* text);
+
+  // For tests: how many slots have to be looked at to find every text once. As many as there are
+  // texts if no two of them collide.
+  std::size_t countSteps() const;
+
+ private:
+  // Open addressing with linear probing: a text is in the first free slot from the one that
+  // its hash names, past the last slot from the first one on.
+  struct Slot {
+    bool isFree() const { return next == 0; }
+
+    std::uint32_t hash;
+    std::uint32_t next;  // one more than the number of the text
+  };
+  using Chunks = std::vector<const char**, OwnedAllocator<const char**>>;
+
+  static std::uint32_t hashOf(const HashedName& text) {
+    return static_cast<std::uint32_t>(text.hash >> 32);
+  }
+  std::size_t firstSlot(std::uint32_t hash) const {
+    return static_cast<std::size_t>((std::uint64_t{hash} * m_slotCount) >> 32);
+  }
+  std::size_t slotAfter(std::size_t place) const { return (place + 1) & (m_slotCount - 1); }
+  std::size_t freeSlot(std::uint32_t hash) const;
+  const char*& textOf(std::size_t number) {
+    return number < usualTexts ? m_usualTexts[number]
+                               : m_chunks[number / usualTexts - 1][number % usualTexts];
+  }
+  template <class Keep>
+  const char* internAs(const char* text, Keep keep);
+  const char* add(const char* text, std::uint32_t hash, std::size_t place);
+  [[gnu::cold]] void widen();
+  [[gnu::cold]] void addChunk();
+
+  // 32: more than a tool reads of a usual command line, see docs/performance.md.
+  static constexpr std::size_t usualTexts = 32;
+  static constexpr std::size_t usualSlots = usualTexts * 2;
+
+  OwnedMemory& m_memory;
+  std::size_t m_size = 0;  // the number of texts
+  // At most half of the slots, a power of two, are in use.
+  Slot* m_slots = m_usualSlots;
+  std::size_t m_slotCount = usualSlots;
+  HashedName m_ahead;  // the text that was prefetched last
+  // The texts by their numbers: chunks follow on the usual ones. Chunks, so that no text is ever
+  // moved: a list that doubles would need three times its memory for a moment.
+  Chunks m_chunks;
+  const char* m_usualTexts[usualTexts];
+  Slot m_usualSlots[usualSlots];  // set to zero with the first text
+};
+
+}  // namespace kivo_3_3

@@ -1,0 +1,73 @@
+#pragma once
+
+// Texts that share a hash where the key of the hash is known.
+
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "base/hashed_name.h"
+
+namespace kivo_3_3::testing {
+
+// Not the key of the process, which nobody outside knows.
+constexpr HashKey knownKey = {0x243F6A8885A308D3, 0x13198A2E03707345};
+
+inline bool isUsableInAnArgument(std::uint64_t eightCharacters) {
+  for (int shift = 0; shift < 64; shift += 8)
+    if (((eightCharacters >> shift) & 0xFF) <= ',')  // no zero, line end, blank or comma
+      return false;
+  return true;
+}
+
+inline std::string textOf(std::uint64_t first, std::uint64_t second) {
+  std::string text(16, '\0');
+  std::memcpy(&text[0], &first, 8);
+  std::memcpy(&text[8], &second, 8);
+  return text;
+}
+
+// `count` texts of 16 characters with one hash under the known key: the second half of each
+// makes up for what the first half did to the hash.
+inline std::vector<std::string> textsOfOneHash(std::size_t count) {
+  std::vector<std::string> texts;
+  for (std::uint64_t number = 0; texts.size() < count; ++number) {
+    const std::uint64_t first = (number * 0x9E3779B97F4A7C15 & ~std::uint64_t{0xFF}) | 'x';
+    if (!isUsableInAnArgument(first))
+      continue;
+    const std::uint64_t state =
+        HashedName::foldedInHalves(knownKey.start ^ 16 ^ first, knownKey.factor);
+    if (isUsableInAnArgument(state ^ 0x123456789ABCDEF))
+      texts.push_back(textOf(first, state ^ 0x123456789ABCDEF));
+  }
+  return texts;
+}
+
+// The hash that tables used to go by: a multiplication without a key.
+inline std::uint64_t formerHashOf(const std::string& text) {
+  const auto mixed = [](std::uint64_t bits) { return bits * 0x9E3779B97F4A7C15; };
+  std::uint64_t hash = text.size();
+  for (std::size_t place = 0; place < text.size(); place += 8) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, text.data() + place, 8);
+    hash = mixed(hash ^ word);
+  }
+  return hash;
+}
+
+// `count` texts of 40 characters that have 256 former hashes in all, because they differ in the
+// last of each eight characters alone.
+inline std::vector<std::string> textsOfOneFormerHash(std::size_t count) {
+  std::vector<std::string> texts;
+  for (std::uint64_t number = 0; texts.size() < count; ++number) {
+    std::string text(40, 'x');
+    std::uint64_t rest = number;
+    for (std::size_t place = 7; place < 40; place += 8, rest /= 64)
+      text[place] = static_cast<char>('0' + rest % 64);
+    texts.push_back(text);
+  }
+  return texts;
+}
+
+}  // namespace kivo_3_3::testing

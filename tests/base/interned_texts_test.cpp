@@ -1,0 +1,130 @@
+#include "base/interned_texts.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+#include <string>
+#include <vector>
+
+#include "allocation/allocation_limit.h"
+#include "base/colliding_texts.h"
+
+namespace kivo_3_3::testing {
+namespace {
+
+using std::string;
+
+class Interned : public ::testing::Test {
+ protected:
+  OwnedMemoryOf<640> memory;
+  InternedTexts texts{memory};
+};
+
+TEST_F(Interned, TheFirstOfEqualTextsStandsForAll) {
+  const string first = "a text";
+  const string second = "a text";
+  EXPECT_EQ(first.c_str(), texts.intern(first.c_str()));
+  EXPECT_EQ(first.c_str(), texts.intern(second.c_str()));
+  EXPECT_EQ(first.c_str(), texts.intern(first.c_str()));
+}
+
+TEST_F(Interned, TheEmptyTextIsATextLikeOthers) {
+  const string empty;
+  EXPECT_EQ(empty.c_str(), texts.intern(empty.c_str()));
+  EXPECT_EQ(empty.c_str(), texts.internCopy(""));
+}
+
+TEST_F(Interned, ACopyOutlivesItsText) {
+  string text = "a text";
+  const char* const kept = texts.internCopy(text.c_str());
+  EXPECT_NE(text.c_str(), kept);
+  text = "b text";
+  EXPECT_STREQ("a text", kept);
+  EXPECT_EQ(kept, texts.intern("a text"));
+  EXPECT_EQ(kept, texts.internCopy("a text"));
+}
+
+TEST_F(Interned, BeginningsOfATextAreOtherTexts) {
+  for (const char* text : {"", "a", "ab", "abc", "abcdefgh", "abcdefghi"})
+    EXPECT_EQ(text, texts.intern(text));
+}
+
+TEST_F(Interned, ManyTextsAreFoundAgain) {
+  std::vector<string> all;
+  for (int number = 0; number < 70'000; ++number)
+    all.push_back("text " + std::to_string(number));
+  for (const string& text : all)
+    ASSERT_EQ(text.c_str(), texts.intern(text.c_str()));
+  for (const string& text : all)
+    ASSERT_EQ(text.c_str(), texts.intern(string(text).c_str()));
+}
+
+// Only a large set looks ahead: one of half its slots in use before and after it grew to that.
+TEST_F(Interned, PrefetchedTextsAreFoundLikeOthers) {
+  std::vector<string> all;
+  for (int number = 0; number < 40'000; ++number)
+    all.push_back(std::to_string(number % 20'000));
+  for (std::size_t place = 0; place < all.size(); ++place) {
+    if (place + 1 < all.size())
+      texts.prefetch(all[place + 1].c_str());
+    ASSERT_EQ(all[place % 20'000].c_str(), texts.intern(all[place].c_str()));
+  }
+}
+
+TEST_F(Interned, ATextThatIsThereNeedsNoMemory) {
+  for (const int count : {1, 31, 32, 33, 63, 64, 65}) {
+    std::vector<string> all;
+    for (int number = 0; number < count; ++number)
+      all.push_back(std::to_string(number) + " of " + std::to_string(count));
+    for (const string& text : all)
+      texts.intern(text.c_str());
+    const AllocationLimit limit(0, Failing::forEver);
+    for (const string& text : all)
+      EXPECT_EQ(text.c_str(), texts.intern(text.c_str()));
+    EXPECT_FALSE(limit.reached());
+  }
+}
+
+TEST(InternedTexts, AreAsTheyWereWhenMemoryRunsOut) {
+  constexpr int count = 300;
+  std::vector<string> all;
+  for (int number = 0; number < count; ++number)
+    all.push_back("a text too long to be kept without memory " + std::to_string(number));
+  const long blocks = liveBlocks();
+  for (long allowed = 0, failures = 0;; ++allowed, failures = 1) {
+    SCOPED_TRACE(allowed);
+    bool raised = false;
+    {
+      OwnedMemoryOf<640> memory;
+      InternedTexts texts(memory);
+      const AllocationLimit limit(allowed, Failing::once);
+      for (const string& text : all) {
+        try {
+          texts.internCopy(text.c_str());
+        } catch (const std::bad_alloc&) {
+          raised = true;
+          texts.internCopy(text.c_str());
+        }
+      }
+      for (const string& text : all)
+        EXPECT_STREQ(text.c_str(), texts.intern(text.c_str()));
+      EXPECT_EQ(limit.reached(), raised);
+    }
+    EXPECT_EQ(blocks, liveBlocks());
+    if (!raised) {
+      EXPECT_EQ(1, failures);
+      return;
+    }
+  }
+}
+
+TEST_F(Interned, StepsAreCounted) {
+  EXPECT_EQ(0u, texts.countSteps());
+  texts.intern("a");
+  EXPECT_EQ(1u, texts.countSteps());
+  texts.intern("b");
+  EXPECT_LE(2u, texts.countSteps());
+}
+
+}  // namespace
+}  // namespace kivo_3_3::testing

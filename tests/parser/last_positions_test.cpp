@@ -1,0 +1,104 @@
+// Parses for which the counter of positions has no room left.
+
+#include <gtest/gtest.h>
+
+#include "recognizers/argument_parser.h"
+#include "support/command.h"
+
+namespace kivo_3_3 {
+
+namespace {
+
+using testing::Command;
+
+// Sets the counter while it lives.
+class CounterAt {
+ public:
+  explicit CounterAt(int position) : m_before(IArgumentParser::m_idx) {
+    IArgumentParser::m_idx = position;
+  }
+  CounterAt(const CounterAt&) = delete;
+  CounterAt& operator=(const CounterAt&) = delete;
+  ~CounterAt() { IArgumentParser::m_idx = m_before; }
+
+ private:
+  int m_before;
+};
+
+class LastPositions : public ::testing::Test {
+ protected:
+  LastPositions() {
+    command.option("name", vtString);
+    command.option("file", vtString)->positional();
+  }
+
+  Command command{parserFlags::leftoverArgumentsArePositional};
+};
+
+TEST_F(LastPositions, AreDrawnLikeOthers) {
+  const CounterAt counter(lastPosition - 2);
+  EXPECT_EQ("name=a@+1", command.parsed({"--name=a"}));
+  EXPECT_EQ(lastPosition, IArgumentParser::m_idx);
+}
+
+TEST_F(LastPositions, DrawnTheParseFailsBeforeAnythingIsLost) {
+  const CounterAt counter(lastPosition - 3);
+  EXPECT_EQ("4: Unidentified problem detected.", command.parsed({"--name=a", "--name=b"}));
+  EXPECT_EQ("name=a@+1", command.render());
+  EXPECT_EQ("4: Unidentified problem detected.", command.parsed({"--name=c"}));
+  EXPECT_EQ("", command.render());
+  EXPECT_EQ(lastPosition, IArgumentParser::m_idx);
+}
+
+TEST_F(LastPositions, DrawnLeftoversAndPositionalArgumentsFailToo) {
+  const CounterAt counter(lastPosition);
+  EXPECT_EQ("4: Unidentified problem detected.", command.parsed({"--", "a"}));
+  EXPECT_EQ("4: Unidentified problem detected.", command.parsed({"a"}));
+  EXPECT_EQ(4, command.parseStream("a"));
+  EXPECT_EQ("", command.render());
+}
+
+TEST_F(LastPositions, DrawnDefaultsFailToo) {
+  command.parser().option("a,b,c", "", vtS32, nullptr)->defaultValue(1);
+  const CounterAt counter(lastPosition - 2);
+  EXPECT_EQ("4: Unidentified problem detected.", command.parsed({}));
+  IParseResult& result = command.result();
+  EXPECT_EQ(lastPosition - 2, result.get("a").position);
+  EXPECT_EQ(lastPosition - 1, result.get("b").position);
+  EXPECT_EQ(1, result.get("c").isEmpty);
+  EXPECT_EQ(lastPosition, IArgumentParser::m_idx);
+}
+
+TEST_F(LastPositions, DrawnOptionFilesAreNotPassedOver) {
+  command.optionFiles();
+  const CounterAt counter(lastPosition - 1);
+  EXPECT_EQ("4: Unidentified problem detected.", command.parsed({"--option-file=/dev/null"}));
+}
+
+TEST_F(LastPositions, SufficeForAParseThatNeedsJustThese) {
+  const CounterAt counter(lastPosition - 5);
+  EXPECT_EQ("name=a@+1 file=b@+4 | b@+3", command.parsed({"--name=a", "--", "b"}));
+  EXPECT_EQ(lastPosition, IArgumentParser::m_idx);
+}
+
+TEST(Positions, InARowAreDrawnTogetherOrNotAtAll) {
+  const CounterAt counter(lastPosition - 5);
+  EXPECT_EQ(lastPosition - 5, IArgumentParser::drawInARow(3).value());
+  EXPECT_FALSE(IArgumentParser::drawInARow(3));
+  EXPECT_EQ(lastPosition - 2, IArgumentParser::drawInARow(2).value());
+  EXPECT_FALSE(IArgumentParser::drawInARow(1));
+  EXPECT_THROW(IArgumentParser::getNewPositionIndex(), PositionsExhausted);
+  EXPECT_EQ(lastPosition, IArgumentParser::m_idx);
+}
+
+// The counter may have been carried past its end by several threads at once.
+TEST(Positions, PastTheEndAreNone) {
+  const CounterAt counter(-lastPosition - 1);
+  EXPECT_FALSE(IArgumentParser::drawInARow(1));
+  EXPECT_THROW(IArgumentParser::getNewPositionIndex(), PositionsExhausted);
+  EXPECT_EQ(lastPosition, IArgumentParser::m_idx);
+}
+
+}  // namespace
+
+}  // namespace kivo_3_3
