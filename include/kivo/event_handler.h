@@ -18,11 +18,15 @@ namespace kivo_3_3 {
 /// you compile with -Wnon-virtual-dtor, make your handler `final`, and have g++, which
 /// objects to the base class too, ignore that warning around it.
 ///
-/// A name or a text handed over belongs to the parser and lives as long as it does.
+/// A name or an unknown argument handed over belongs to the parser and lives as long as it
+/// does. A value is handed on as the parser got it: copy its text if you keep it for longer than
+/// the event; its typed value may be kept, and shares its characters with the result.
 /// From inside an event a handler may ask for anything that parser and results have to
 /// tell, and may
 ///
 /// - declare: that counts from the next argument on, and a default from the next parse on;
+/// - amend the option declared last: that counts from its next occurrence on, for the occurrence
+///   being bound goes by the option as it stood before its first event;
 /// - add and remove handlers, itself included, and end those that it has removed: one that
 ///   is added is told of this event already if it comes after the one being told;
 /// - read the result being filled, which has everything up to the option being announced,

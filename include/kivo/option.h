@@ -31,7 +31,8 @@ class KIVO_API IOption {
   virtual IOption* allowDeprecatedValue(const variant_t& oldValue, const variant_t& newValue) = 0;
 
   /// What the option answers when it was not given. The value must be of a kind that
-  /// the option's type can read; beyond that it is not checked against anything.
+  /// the option's type can read; beyond that it is not checked against anything. It becomes
+  /// text at every parse of a command line, in the global locale of that moment.
   virtual IOption* defaultValue(const variant_t& value) = 0;
 
   /// The character at which one argument is split into several values, ',' unless the

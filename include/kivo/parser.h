@@ -36,14 +36,22 @@ constexpr int noTokenizer = 32;
 ///
 ///   createParser (option | action | modifier)* (createResult parseArgsVector get*)* destroy
 ///
-/// One parser is used by one thread at a time, and only one parse may run in a process
-/// at a time, those aside that its handlers start. Every text a parser hands out belongs
-/// to it and lives until destroy().
+/// One parser is used by one thread at a time, and so is one result; parsers on several
+/// threads may be used at once. Each thread has a trace of its own. Positions are drawn from
+/// one counter of the process, so that with several parsing threads those of one parse still
+/// rise, but with gaps. Every text a parser hands out belongs to it and lives until destroy().
 /// A null text counts as the empty one. After any failure the parser stays usable.
 ///
+/// The counter has 2,147,483,646 positions, and each occurrence, value, leftover argument and
+/// applied default draws one. When none is left, every further parse ends with
+/// `status::unidentifiedProblem`, and the result keeps what was stored until then. A process that parses
+/// without end does so in child processes, each of which has a counter of its own.
+///
 /// A parser is an event handler too, so that it can be registered with another parser:
-/// it passes each event on to its own handlers. Where that leads back to a parser that is
-/// passing the event on already, the event goes no further, and counts as accepted there.
+/// it passes each event on to its own handlers. Where the very same event (its kind and its
+/// name or argument) leads back to a parser that is passing it on, the event goes no further,
+/// and counts as accepted there. Any other event is passed on as usual, also one that a handler
+/// sends through the parser that is just notifying it.
 class KIVO_API IParser : public EventHandler {
  public:
   /// Ends the parser and every text it handed out. Results live on; handlers are not

@@ -42,8 +42,10 @@ constexpr int lastPosition = INT_MAX;
 /// One value as a query returns it or a handler receives it.
 ///
 /// A plain record, copied freely. The text is not copied with it: it belongs to the
-/// result that was asked and lives as long as that result; in a handler it belongs to
-/// the parser. The typed value has a text of its own.
+/// result that was asked and lives as long as that result; in a handler it lives until the
+/// handler returns. Equal texts of one result have one address. The typed value may be kept for
+/// as long as you like: its characters are shared by all copies of that value, whether a
+/// handler or a query handed them out.
 class Value {
  public:
   /// No value: what a query returns when there is nothing (more) to return.
@@ -64,9 +66,7 @@ class Value {
   s32_t isEmpty;
   /// Where the value stands among all that was given: larger is later.
   int position;
-  /// The value in the type of its option; `vtNull` where there is none. Should memory run
-  /// out for a text that a result is asked for, it refers to `text`, as a
-  /// `vtStringReference`.
+  /// The value in the type of its option; `vtNull` where there is none.
   variant_t value;
 };
 

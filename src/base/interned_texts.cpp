@@ -6,8 +6,10 @@ namespace kivo_3_3 {
 
 namespace {
 
-// From 256 kB on, slots are likely to be missing from the cache next to the processor.
-constexpr std::size_t fewestToPrefetch = std::size_t{1} << 15;
+// Most texts differ in their first character.
+bool areEqual(const char* left, const char* right) {
+  return left == right || (*left == *right && std::strcmp(left, right) == 0);
+}
 
 }  // namespace
 
@@ -16,43 +18,48 @@ InternedTexts::~InternedTexts() {
     m_memory.deallocate(m_slots, m_slotCount * sizeof(Slot));
 }
 
-const char* InternedTexts::intern(const char* text) {
-  return internAs(text, [](const HashedName& wanted) { return wanted.text.data(); });
+const char* InternedTexts::internAs(const char* text, bool isCopied) {
+  if (m_size >= fewTexts)
+    return internAmongMany(text, isCopied);
+  for (std::size_t number = 0; number < m_size; ++number)
+    if (areEqual(m_usualTexts[number], text))
+      return m_usualTexts[number];
+  text = kept(text, isCopied);
+  m_usualTexts[m_size++] = text;
+  if (m_size == fewTexts)
+    enterFew();
+  return text;
 }
 
-const char* InternedTexts::internCopy(const char* text) {
-  return internAs(text,
-                  [&](const HashedName& wanted) { return m_memory.copy(wanted.text).data(); });
-}
-
-template <class Keep>
-const char* InternedTexts::internAs(const char* text, Keep keep) {
-  const HashedName wanted = text == m_ahead.text.data() ? m_ahead : HashedName(text);
-  const std::uint32_t hash = hashOf(wanted);
-  if (m_size == 0)
-    std::memset(m_slots, 0, m_slotCount * sizeof(Slot));
+// Whatever may raise comes before the first change that a caller could tell.
+const char* InternedTexts::internAmongMany(const char* text, bool isCopied) {
+  const std::uint32_t hash = hashOf(text);
   std::size_t place = firstSlot(hash);
   for (; !m_slots[place].isFree(); place = slotAfter(place)) {
     if (m_slots[place].hash != hash)
       continue;
     const char* const known = textOf(m_slots[place].next - 1);
-    if (known == text || std::strcmp(known, text) == 0)
+    if (areEqual(known, text))
       return known;
   }
-  // Whatever may raise comes before the first change that a caller could tell.
   if (m_size >= usualTexts && m_size % usualTexts == 0)
     addChunk();
   if (m_size * 2 == m_slotCount) {
     widen();
     place = freeSlot(hash);
   }
-  return add(keep(wanted), hash, place);
-}
-
-const char* InternedTexts::add(const char* text, std::uint32_t hash, std::size_t place) {
+  text = kept(text, isCopied);
   textOf(m_size++) = text;
   m_slots[place] = {hash, static_cast<std::uint32_t>(m_size)};
   return text;
+}
+
+void InternedTexts::enterFew() {
+  std::memset(m_slots, 0, m_slotCount * sizeof(Slot));
+  for (std::uint32_t number = 0; number < m_size; ++number) {
+    const std::uint32_t hash = hashOf(m_usualTexts[number]);
+    m_slots[freeSlot(hash)] = {hash, number + 1};
+  }
 }
 
 std::size_t InternedTexts::freeSlot(std::uint32_t hash) const {
@@ -81,16 +88,11 @@ void InternedTexts::widen() {
     m_memory.deallocate(former, formerCount * sizeof(Slot));
 }
 
-void InternedTexts::prefetch(const char* text) {
-  if (m_slotCount < fewestToPrefetch)
-    return;
-  m_ahead = HashedName(text);
-  __builtin_prefetch(&m_slots[firstSlot(hashOf(m_ahead))]);
-}
-
 std::size_t InternedTexts::countSteps() const {
+  if (m_size < fewTexts)
+    return m_size * (m_size + 1) / 2;
   std::size_t steps = 0;
-  for (std::size_t place = 0; m_size != 0 && place < m_slotCount; ++place)
+  for (std::size_t place = 0; place < m_slotCount; ++place)
     if (!m_slots[place].isFree())
       steps += ((place - firstSlot(m_slots[place].hash)) & (m_slotCount - 1)) + 1;
   return steps;

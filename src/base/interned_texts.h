@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "base/hashed_name.h"
 #include "base/owned_memory.h"
+#include "base/text_hash.h"
 
 namespace kivo_3_3 {
 
@@ -21,14 +21,17 @@ class InternedTexts {
 
   // The text of the set that equals `text`. If there is none yet, that is `text` itself, which
   // must live as long as the set. Raises std::bad_alloc, and then nothing has changed.
-  const char* intern(const char* text);
+  const char* intern(const char* text) { return internAs(text, false); }
 
   // The same, for a `text` that may end earlier: the set takes a copy.
-  const char* internCopy(const char* text);
+  const char* internCopy(const char* text) { return internAs(text, true); }
 
-  // Loads what intern() will need for `text`, which the set's memory owns, into the cache: for
-  // callers that know the next text while they still work on another one.
-  void prefetch(const char* text);
+  // Loads what intern() will need for `text` into the cache, for callers that know some texts
+  // before their turn.
+  void prefetch(const char* text) const {
+    if (m_slotCount >= fewestToPrefetch)
+      __builtin_prefetch(&m_slots[firstSlot(hashOf(text))]);
+  }
 
   // For tests: how many slots have to be looked at to find every text once. As many as there are
   // texts if no two of them collide.
@@ -45,8 +48,8 @@ class InternedTexts {
   };
   using Chunks = std::vector<const char**, OwnedAllocator<const char**>>;
 
-  static std::uint32_t hashOf(const HashedName& text) {
-    return static_cast<std::uint32_t>(text.hash >> 32);
+  static std::uint32_t hashOf(const char* text) {
+    return static_cast<std::uint32_t>(TextHash::of(text) >> 32);
   }
   std::size_t firstSlot(std::uint32_t hash) const {
     return static_cast<std::size_t>((std::uint64_t{hash} * m_slotCount) >> 32);
@@ -57,27 +60,33 @@ class InternedTexts {
     return number < usualTexts ? m_usualTexts[number]
                                : m_chunks[number / usualTexts - 1][number % usualTexts];
   }
-  template <class Keep>
-  const char* internAs(const char* text, Keep keep);
-  const char* add(const char* text, std::uint32_t hash, std::size_t place);
+  const char* internAs(const char* text, bool isCopied);
+  const char* internAmongMany(const char* text, bool isCopied);
+  const char* kept(const char* text, bool isCopied) {
+    return isCopied ? m_memory.copy(text).data() : text;
+  }
+  [[gnu::cold]] void enterFew();
   [[gnu::cold]] void widen();
   [[gnu::cold]] void addChunk();
 
-  // 32: more than a tool reads of a usual command line, see docs/performance.md.
-  static constexpr std::size_t usualTexts = 32;
+  // 16: what a tool reads of a usual command line. So few texts are compared one by one, which
+  // takes less than to hash them.
+  static constexpr std::size_t fewTexts = 16;
+  static constexpr std::size_t usualTexts = fewTexts * 2;
   static constexpr std::size_t usualSlots = usualTexts * 2;
+  // From 256 kB on, slots are likely to be missing from the cache next to the processor.
+  static constexpr std::size_t fewestToPrefetch = std::size_t{1} << 15;
 
   OwnedMemory& m_memory;
   std::size_t m_size = 0;  // the number of texts
   // At most half of the slots, a power of two, are in use.
   Slot* m_slots = m_usualSlots;
   std::size_t m_slotCount = usualSlots;
-  HashedName m_ahead;  // the text that was prefetched last
   // The texts by their numbers: chunks follow on the usual ones. Chunks, so that no text is ever
   // moved: a list that doubles would need three times its memory for a moment.
   Chunks m_chunks;
   const char* m_usualTexts[usualTexts];
-  Slot m_usualSlots[usualSlots];  // set to zero with the first text
+  Slot m_usualSlots[usualSlots];  // in use when there are no longer few texts
 };
 
 }  // namespace kivo_3_3

@@ -191,23 +191,6 @@ bool OperationToString::execute<const char*>() {
   return true;
 }
 
-class OperationCanConvert {
- public:
-  explicit OperationCanConvert(const variant_t& input) : m_input(input) {}
-
-  template <class T>
-  bool execute() {
-    m_output = m_input.can_get<T>();
-    return true;
-  }
-
-  bool output() const { return m_output; }
-
- private:
-  const variant_t& m_input;
-  bool m_output = true;
-};
-
 class OperationFromString {
  public:
   explicit OperationFromString(std::string_view input) : m_input(input) {}
@@ -302,9 +285,20 @@ bool appendValue(variant_type_t type, const variant_t& value, std::string& text)
 }
 
 bool canBecomeText(variant_type_t type, const variant_t& value) {
-  OperationCanConvert operation(value);
-  executeFor(type, operation);
-  return operation.output();
+  switch (type) {
+    case vtBool:
+    case vtS32:
+    case vtU32:
+    case vtS64:
+    case vtU64:
+      return value.can_get<u64_t>();
+    case vtDouble:
+      return value.can_get<double>();
+    case vtString:
+      return value.can_get<const char*>();
+    default:
+      return true;
+  }
 }
 
 const char* valueToText(variant_type_t type, const variant_t& value, Garbage& garbage) {

@@ -86,11 +86,11 @@ class BasicParser : public IParser {
   const char* composeTopic(const char* topic, bool hidden, Write write);
 
   void applyDefaults(ParseResult& result);
-  void applyEachDefault(ParseResult& result);
+  [[gnu::cold]] void applyEachDefault(ParseResult& result);
   int parseArguments(ArgumentWindow& args, IParseResult* result);
   int readOptionFiles(ParseResult* result);
   int readOptionFile(const char* name, ParseResult* result);
-  int unidentifiedProblem();
+  [[gnu::cold]] int unidentifiedProblem();
   int bindLeftover(ArgumentWindow args, PositionalOptionsParser& recognizer, ParseResult* result,
                    std::string& error);
 

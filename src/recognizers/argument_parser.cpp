@@ -42,8 +42,10 @@ namespace {
                 "' in argument '", argument, "'");
 }
 
-// The counter wraps at its end; what is negative then is none either.
-bool isPosition(int number) { return number >= 0 && number != lastPosition; }
+// The counter wraps at its end; negative numbers are no positions either.
+bool isPosition(int number) {
+  return static_cast<unsigned int>(number) < static_cast<unsigned int>(lastPosition);
+}
 
 // Threads may draw at once. While a process has one thread only, an addition that is not atomic
 // does the same at a fraction of the cost.
@@ -67,13 +69,13 @@ int fetchAndIncrement(int& counter) {
 
 int IArgumentParser::m_idx = 1;
 
-// Where the counter has passed the last position it is put back, so that it cannot come round
-// to the first ones.
+// Where no position is left the counter is put back, so that it cannot come round to the first
+// ones.
 int IArgumentParser::getNewPositionIndex() {
   const int position = fetchAndIncrement(m_idx);
   if (isPosition(position))
     return position;
-  __atomic_store_n(&m_idx, lastPosition, __ATOMIC_RELAXED);
+  __atomic_store_n(&m_idx, position, __ATOMIC_RELAXED);
   throw PositionsExhausted();
 }
 

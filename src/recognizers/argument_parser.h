@@ -2,8 +2,8 @@
 
 #include <kivo/event_handler.h>
 
+#include <exception>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -16,10 +16,7 @@
 namespace kivo_3_3 {
 
 // Raised where the counter has no position left: none may be drawn twice in a process.
-class PositionsExhausted final : public std::overflow_error {
- public:
-  PositionsExhausted() : std::overflow_error("All positions of this process have been drawn.") {}
-};
+class PositionsExhausted final : public std::exception {};
 
 // A recognizer: decides which declared option the first of some arguments is, and binds
 // its value. The driver asks every recognizer to recognize() an argument; the claimant

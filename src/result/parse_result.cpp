@@ -9,20 +9,6 @@
 
 namespace kivo_3_3 {
 
-namespace {
-
-// The answer of a query; "no value" when memory runs out for it.
-template <class Query>
-Value answerOf(Query query) {
-  try {
-    return query();
-  } catch (const std::exception&) {
-    return {};
-  }
-}
-
-}  // namespace
-
 IParseResult::~IParseResult() = default;
 
 // Ended from a handler, it would be missing when the parse goes on.
@@ -37,12 +23,21 @@ bool ParseResult::present(const char* name, int from, int to) {
   return m_cursor.present(name, from, to);
 }
 
+// When memory runs out for a value, the answer is "no value".
 Value ParseResult::get(const char* name, int from, int to) {
-  return answerOf([&] { return m_cursor.get(name, from, to); });
+  try {
+    return m_cursor.get(name, from, to);
+  } catch (const std::exception&) {
+    return {};
+  }
 }
 
 Value ParseResult::next(const char*) {
-  return answerOf([&] { return m_cursor.next(); });
+  try {
+    return m_cursor.next();
+  } catch (const std::exception&) {
+    return {};
+  }
 }
 
 int ParseResult::nextPosition() { return m_cursor.nextPosition(); }

@@ -4,6 +4,9 @@ namespace kivo_3_3 {
 
 namespace {
 
+// Texts are prefetched this far ahead: about as long as memory takes to answer.
+constexpr std::size_t farAhead = 8;
+
 // The first element from `begin` on that `isBefore` is false for. An ordered list is not
 // walked, so that each of many occurrences can be asked for what is its own.
 template <class List, class IsBefore>
@@ -73,8 +76,9 @@ Value ResultCursor::nextOf(GivenOption& option) {
   GivenValue& value = option.values[m_place.value];
   const char* const text = m_texts.intern(value.text);
   makeOwning(value.value);
-  if (++m_place.value < option.values.size())
-    m_texts.prefetch(option.values[m_place.value].text);
+  ++m_place.value;
+  if (option.values.size() - m_place.value > farAhead)
+    m_texts.prefetch(option.values[m_place.value + farAhead].text);
   return {text, value.value, value.position};
 }
 

@@ -41,11 +41,12 @@ StoredOptions::Group* StoredOptions::groupFor(const Names& names) {
   const std::size_t added = m_names.entries().size() - before;
   if (added != 0 && added == names.size())
     return &m_groups.emplace_front();
-  const bool areDistinct = lookUp(names);
+  lookUp(names);
   Group* const common = m_names[m_storing.at(0)].group;
   const auto hasCommon = [&](Number number) { return m_names[number].group == common; };
-  const bool areAlone = areDistinct && common != nullptr && common->names == names.size() &&
-                        std::all_of(m_storing.begin(), m_storing.end(), hasCommon);
+  const bool areAlone = common != nullptr && common->names == names.size() &&
+                        std::all_of(m_storing.begin(), m_storing.end(), hasCommon) &&
+                        std::adjacent_find(m_storing.begin(), m_storing.end()) == m_storing.end();
   return areAlone ? common : nullptr;
 }
 
@@ -57,20 +58,12 @@ void StoredOptions::share(Group& group, std::size_t names) {
   group.names = static_cast<Number>(names);
 }
 
-// Notes the numbers of names that are entered, and answers whether each of them comes once.
-bool StoredOptions::lookUp(const Names& names) {
-  ++m_stores;
+void StoredOptions::lookUp(const Names& names) {
   m_storing.clear();
-  bool areDistinct = true;
   for (const HashedName& name : names) {
     const Number number = m_names.numberOf(*m_names.find(name));
-    Name& entry = m_names[number];
-    entry.times = entry.store == m_stores ? entry.times + 1 : 1;
-    entry.store = m_stores;
-    areDistinct = areDistinct && entry.times == 1;
-    m_storing.push_back(number);
+    m_storing.insert(std::upper_bound(m_storing.begin(), m_storing.end(), number), number);
   }
-  return areDistinct;
 }
 
 void StoredOptions::lead(Name& name, Group& group) {
@@ -91,10 +84,12 @@ void StoredOptions::storeApart(const Names& names, const OptionData& occurrence)
     replace(shared);
     return;
   }
-  for (const Number number : m_storing) {
-    Name& name = m_names[number];
+  for (auto same = m_storing.begin(); same != m_storing.end();) {
+    const auto end = std::upper_bound(same, m_storing.end(), *same);
+    Name& name = m_names[*same];
     separate(name);
-    name.group->given.makeRoomFor(shared, m_memory, name.times);
+    name.group->given.makeRoomFor(shared, m_memory, static_cast<std::size_t>(end - same));
+    same = end;
   }
   for (const Number number : m_storing)
     m_names[number].group->given.append(shared);

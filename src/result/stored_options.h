@@ -79,9 +79,7 @@ class StoredOptions {
   };
   struct Name {
     HashedName name;
-    Group* group = nullptr;   // null or empty while nothing was given
-    std::uint32_t store = 0;  // the call of store() that concerned this name last
-    Number times = 0;         // how often that call had the name
+    Group* group = nullptr;  // null or empty while nothing was given
   };
   // What was stored last.
   struct Last {
@@ -96,7 +94,7 @@ class StoredOptions {
 
   [[gnu::cold]] void dropOutdated(const DeclaredDefaults* replaced);
   Group* groupFor(const Names& names);
-  bool lookUp(const Names& names);
+  void lookUp(const Names& names);
   void share(Group& group, std::size_t names);
   static void lead(Name& name, Group& group);
   [[gnu::cold]] void storeApart(const Names& names, const OptionData& occurrence);

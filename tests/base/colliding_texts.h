@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "base/hashed_name.h"
+#include "base/text_hash.h"
 
 namespace kivo_3_3::testing {
 
@@ -37,7 +37,7 @@ inline std::vector<std::string> textsOfOneHash(std::size_t count) {
     if (!isUsableInAnArgument(first))
       continue;
     const std::uint64_t state =
-        HashedName::foldedInHalves(knownKey.start ^ 16 ^ first, knownKey.factor);
+        TextHash::foldedInHalves(knownKey.start ^ 16 ^ first, knownKey.factor);
     if (isUsableInAnArgument(state ^ 0x123456789ABCDEF))
       texts.push_back(textOf(first, state ^ 0x123456789ABCDEF));
   }

@@ -96,7 +96,7 @@ TEST(Positions, PastTheEndAreNone) {
   const CounterAt counter(-lastPosition - 1);
   EXPECT_FALSE(IArgumentParser::drawInARow(1));
   EXPECT_THROW(IArgumentParser::getNewPositionIndex(), PositionsExhausted);
-  EXPECT_EQ(lastPosition, IArgumentParser::m_idx);
+  EXPECT_EQ(-lastPosition - 1, IArgumentParser::m_idx);
 }
 
 }  // namespace

@@ -92,7 +92,7 @@ INSTANTIATE_TEST_SUITE_P(Texts, Flooding,
 TEST(CraftedTexts, CollideUnderTheHashTheyAreMadeFor) {
   std::set<std::uint64_t> hashes;
   for (const string& text : textsOfOneHash(count))
-    hashes.insert(HashedName::hashOf(text, knownKey));
+    hashes.insert(TextHash::of(text, knownKey));
   EXPECT_EQ(1u, hashes.size());
 
   std::set<std::uint64_t> formerHashes;

@@ -1,4 +1,4 @@
-#include "base/hashed_name.h"
+#include "base/text_hash.h"
 
 #include "bedrock/seed.h"
 
