@@ -44,8 +44,8 @@ constexpr int noTokenizer = 32;
 ///
 /// The counter has 2,147,483,646 positions, and each occurrence, value, leftover argument and
 /// applied default draws one. When none is left, every further parse ends with
-/// `status::unidentifiedProblem`, and the result keeps what was stored until then. A process that parses
-/// without end does so in child processes, each of which has a counter of its own.
+/// `status::unidentifiedProblem`, and the result keeps what was stored until then. A process that
+/// parses without end does so in child processes, each of which has a counter of its own.
 ///
 /// A parser is an event handler too, so that it can be registered with another parser:
 /// it passes each event on to its own handlers. Where the very same event (its kind and its

@@ -4,21 +4,27 @@
 //
 // Equal texts share one copy, and so one address, until the owner is destroyed.
 
+#include <functional>
 #include <set>
 #include <string>
+#include <string_view>
 
 namespace kivo_3_3::reference {
 
 class Garbage {
  public:
-  // The kept copy; a null text gives a static empty text.
+  // The kept copy; a null text gives a static empty text. A text that is kept already is found
+  // without memory.
   const char* init(const char* text) {
-    return text != nullptr ? m_texts.insert(text).first->c_str() : "";
+    if (text == nullptr)
+      return "";
+    const auto known = m_texts.find(std::string_view(text));
+    return known != m_texts.end() ? known->c_str() : m_texts.insert(text).first->c_str();
   }
   const char* init(const std::string& text) { return init(text.c_str()); }
 
  private:
-  std::set<std::string> m_texts;
+  std::set<std::string, std::less<>> m_texts;
 };
 
 }  // namespace kivo_3_3::reference

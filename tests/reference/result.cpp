@@ -1,5 +1,7 @@
 #include "reference/result.h"
 
+#include <exception>
+
 #include "bedrock/assertion.h"
 #include "reference/conversion.h"
 #include "reference/positions.h"
@@ -140,15 +142,24 @@ bool Result::present(const char* name, int from, int to) {
   return true;
 }
 
+// A standard exception while the value is copied (memory runs out) makes it "no value".
 Value Result::get(const char* name, int from, int to) {
-  Value value;
-  return select(name, from, to) && deliverFirst(value) ? value : Value();
+  try {
+    Value value;
+    return select(name, from, to) && deliverFirst(value) ? value : Value();
+  } catch (const std::exception&) {
+    return Value();
+  }
 }
 
 // The name is not looked at: the option selected last is read on.
 Value Result::next(const char*) {
-  Value value;
-  return deliverNext(value) ? value : Value();
+  try {
+    Value value;
+    return deliverNext(value) ? value : Value();
+  } catch (const std::exception&) {
+    return Value();
+  }
 }
 
 // Shares its cursor with the reading of an option without values; no range applies.
