@@ -6,6 +6,12 @@ namespace kivo_3_3 {
 
 namespace {
 
+// One of 64 bits, by the first two characters.
+std::uint64_t markOf(const char* text) {
+  const int second = *text != '\0' ? text[1] : 0;
+  return std::uint64_t{1} << ((*text + second * 7) & 63);
+}
+
 // Most texts differ in their first character.
 bool areEqual(const char* left, const char* right) {
   return left == right || (*left == *right && std::strcmp(left, right) == 0);
@@ -21,10 +27,12 @@ InternedTexts::~InternedTexts() {
 const char* InternedTexts::internAs(const char* text, bool isCopied) {
   if (m_size >= fewTexts)
     return internAmongMany(text, isCopied);
-  for (std::size_t number = 0; number < m_size; ++number)
+  const std::uint64_t mark = markOf(text);
+  for (std::size_t number = 0; (m_marks & mark) != 0 && number < m_size; ++number)
     if (areEqual(m_usualTexts[number], text))
       return m_usualTexts[number];
   text = kept(text, isCopied);
+  m_marks |= mark;
   m_usualTexts[m_size++] = text;
   if (m_size == fewTexts)
     enterFew();

@@ -69,8 +69,8 @@ class InternedTexts {
   [[gnu::cold]] void widen();
   [[gnu::cold]] void addChunk();
 
-  // 16: what a tool reads of a usual command line. So few texts are compared one by one, which
-  // takes less than to hash them.
+  // 16: what a tool reads of a usual command line. So few texts are compared one by one, and only
+  // if one of them has the same mark, which takes less than to hash them.
   static constexpr std::size_t fewTexts = 16;
   static constexpr std::size_t usualTexts = fewTexts * 2;
   static constexpr std::size_t usualSlots = usualTexts * 2;
@@ -78,7 +78,8 @@ class InternedTexts {
   static constexpr std::size_t fewestToPrefetch = std::size_t{1} << 15;
 
   OwnedMemory& m_memory;
-  std::size_t m_size = 0;  // the number of texts
+  std::size_t m_size = 0;     // the number of texts
+  std::uint64_t m_marks = 0;  // those of all texts, while there are few
   // At most half of the slots, a power of two, are in use.
   Slot* m_slots = m_usualSlots;
   std::size_t m_slotCount = usualSlots;
