@@ -105,8 +105,8 @@ class StoredOptions {
   NameTable<Name> m_names;
   Last m_last;
   std::forward_list<Group, OwnedAllocator<Group>> m_groups;
-  std::uint32_t m_stores = 0;  // calls of store() that had to look up their names
-  std::vector<Number, OwnedAllocator<Number>> m_storing;    // the names of the latest of these
+  // The names that are being stored under, by their numbers in ascending order.
+  std::vector<Number, OwnedAllocator<Number>> m_storing;
   std::vector<Applied, OwnedAllocator<Applied>> m_applied;  // the latest last
 };
 

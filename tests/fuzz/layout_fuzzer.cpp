@@ -89,7 +89,7 @@ void checkWords(const Paragraph& p, const string& paragraph) {
 
 void checkParagraph(const Paragraph& p) {
   const std::optional<string> paragraph = wrapped(p);
-  const bool isNarrow = p.width == 1 || (p.indent == 0 && p.width <= 2);
+  const bool isNarrow = p.width == 1 || (p.indent == 0 && p.width == 2);
   expect(paragraph.has_value() == (!isNarrow || wordsIn(p.text).empty()),
          "only a column too narrow for a character raises", p.shown());
   if (!paragraph)
