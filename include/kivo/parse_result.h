@@ -17,8 +17,8 @@ namespace kivo_3_3 {
 ///
 /// The caller owns the result, may keep it longer than the parser, and ends it with
 /// destroy(). Texts it hands out live until then, and equal texts have one address. A value
-/// for which there is no memory when it is first read is answered with "no value" and stays the
-/// next one, a leftover argument with the empty text.
+/// for which there is no memory when it is first read is answered with "no value", and so ends a
+/// walk; ask for it again. A leftover argument is then answered with the empty text.
 class KIVO_API IParseResult {
  public:
   /// Ends the result and every text it handed out.

@@ -43,7 +43,7 @@ constexpr int noTokenizer = 32;
 /// A null text counts as the empty one. After any failure the parser stays usable.
 ///
 /// The counter has 2,147,483,646 positions, and each occurrence, value, leftover argument and
-/// applied default draws one. When none is left, every further parse ends with
+/// applied default draws one. A parse for which none is left ends with
 /// `status::unidentifiedProblem`, and the result keeps what was stored until then. A process that
 /// parses without end does so in child processes, each of which has a counter of its own.
 ///

@@ -8,10 +8,11 @@ namespace kivo_3_3 {
 
 /// Wraps `text` into a column `width` wide that starts at column `indent`, with `head`
 /// at the start of the first line. Every line ends with a newline and has at most
-/// `indent + width - 1` characters before it. An empty `text` gives the empty text.
+/// `indent + width - 1` characters before it; with a `width` of 0 there is no limit. An empty
+/// `text` gives the empty text.
 ///
 /// A column too narrow for one character raises std::out_of_range: a `width` of 1, and
-/// with `indent` 0 a `width` of 2. A `width` of 0 has room without end.
+/// with `indent` 0 a `width` of 2.
 KIVO_API std::string paragraphString(std::string text, std::string head, unsigned int indent,
                                      unsigned int width);
 

@@ -1,5 +1,6 @@
 #include "base/running_call.h"
 
+#include <cstring>
 #include <stdexcept>
 
 namespace kivo_3_3 {
@@ -53,7 +54,7 @@ bool RunningCall::isPartOfAParse() const {
 bool RunningCall::hasComeBack() const {
   for (const RunningCall* call = m_outer; call != nullptr && call->m_event; call = call->m_outer)
     if (call->m_parser == m_parser && call->m_event->kind == m_event->kind &&
-        call->m_event->text == m_event->text)
+        std::strcmp(call->m_event->text, m_event->text) == 0)
       return true;
   return false;
 }

@@ -12,8 +12,8 @@ namespace kivo_3_3 {
 // that it was made from.
 class RunningCall {
  public:
-  // An event as the parser that passes it on tells it from others: by its kind, and by the
-  // address at which that parser keeps its text.
+  // An event as the parser that passes it on tells it from others: by its kind and its text,
+  // which that parser keeps.
   struct Event {
     enum Kind { option, value, unknownArgument };
     Kind kind;

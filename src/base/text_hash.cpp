@@ -1,14 +1,21 @@
 #include "base/text_hash.h"
 
+#include <cstring>
+
 #include "bedrock/seed.h"
 
 namespace kivo_3_3 {
 
 namespace {
 
-HashKey drawnKey() {
-  const auto [start, factor] = BEDROCK::process_seed();
-  return {start, factor | 1};
+// Hashed once more, for the seed is what other parts of the process are protected by.
+HashKey drawnKey() noexcept {
+  const auto seed = BEDROCK::process_seed();
+  char text[sizeof seed];
+  std::memcpy(text, seed.data(), sizeof seed);
+  const std::string_view all(text, sizeof text);
+  return {TextHash::of(all, {0x9E3779B97F4A7C15, 0xC2B2AE3D27D4EB4F}),
+          TextHash::of(all, {0xD6E8FEB86659FD93, 0xA0761D6478BD642F}) | 1};
 }
 
 }  // namespace

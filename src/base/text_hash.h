@@ -14,7 +14,8 @@ struct HashKey {
   std::uint64_t factor;  // odd, for a factor of zero would give every text one hash
 };
 
-// Drawn anew for each process. Made before other static objects, which may own tables.
+// Drawn when the process begins; a forked child has that of its parent. Made before other static
+// objects, which may own tables.
 extern const HashKey hashKey;
 
 // The hash of texts that come from outside of the tool: whoever does not know the key cannot make

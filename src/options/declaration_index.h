@@ -48,8 +48,8 @@ class DeclarationIndex {
   template <class Visit>
   void forEachDefault(const OptionList& options, Visit visit);
 
-  // The defaults of all options as they stand, for parses in the classic locale, which must be
-  // the global one; null where there are none, and where they have to be converted anew.
+  // The defaults of all options as they stand, for parses in the classic locale; null where there
+  // are none, and where they have to be converted anew.
   std::shared_ptr<const DeclaredDefaults> timelessDefaults(const OptionList& options);
 
  private:
@@ -99,7 +99,8 @@ template <class Visit>
 void DeclarationIndex::forEachDefault(const OptionList& options, Visit visit) {
   catchUp(options);
   const OptionDescription* const last = m_last;
-  for (std::size_t i = 0; i < m_withDefault.size(); ++i)
+  const std::size_t count = m_withDefault.size();  // `visit` may lead to a declaration
+  for (std::size_t i = 0; i < count; ++i)
     visit(options[m_withDefault[i]]);
   if (last != nullptr && last->hasDefault())
     visit(*last);

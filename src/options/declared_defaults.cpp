@@ -14,7 +14,7 @@ bool DeclaredDefaults::isTimeless(const OptionDescription& option) {
 
 void DeclaredDefaults::add(const OptionDescription& option) {
   std::string text;
-  appendValue(option.m_type, option.m_defaultValue, text);
+  appendClassicValue(option.m_type, option.m_defaultValue, text);
   const char* const kept = m_memory.copy(text).data();
   for (const HashedName& name : option.m_names)
     put({name, kept, option.m_defaultValue, m_count++});

@@ -27,7 +27,8 @@ class DeclaredDefaults {
   // the option's type can read it, so that the assertion handler has no part in it.
   static bool isTimeless(const OptionDescription& option);
 
-  // Adds the default of one more option under each of its names, each in the next place.
+  // Adds the default of one more option under each of its names, each in the next place. It
+  // becomes text in the classic locale.
   void add(const OptionDescription& option);
 
   // Adds one default, or puts it in the place of the one with its name. The text is copied.

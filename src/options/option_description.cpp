@@ -28,10 +28,9 @@ void amend(Change change) {
 IOption::~IOption() = default;
 
 IOption* OptionDescription::synonym(const char* name) {
-  if (name != nullptr) {
+  if (name != nullptr)
     amend([&] { m_names.emplace_back(m_garbage->memory().copy(name)); });
-    ++m_changes;
-  }
+  ++m_changes;
   return this;
 }
 
@@ -41,12 +40,14 @@ IOption* OptionDescription::allowValue(const variant_t& value) {
     if (m_tokenizer == '\0')
       m_tokenizer = ',';
   });
+  ++m_changes;
   return this;
 }
 
 IOption* OptionDescription::allowDeprecatedValue(const variant_t& oldValue,
                                                  const variant_t& newValue) {
   amend([&] { m_deprecatedValues.emplace(oldValue, newValue); });
+  ++m_changes;
   return this;
 }
 
@@ -59,16 +60,19 @@ IOption* OptionDescription::defaultValue(const variant_t& value) {
 
 IOption* OptionDescription::tokenize(char separator) {
   m_tokenizer = separator;
+  ++m_changes;
   return this;
 }
 
 IOption* OptionDescription::positional() {
   m_positional = true;
+  ++m_changes;
   return this;
 }
 
 IOption* OptionDescription::tag(const char* tags) {
   amend([&] { addTags(tags); });
+  ++m_changes;
   return this;
 }
 

@@ -92,7 +92,7 @@ class OptionDescription final : public IOption {
   std::map<variant_t, variant_t> m_deprecatedValues;  // what is still accepted, and for what
   Garbage* m_garbage = nullptr;
   std::uint64_t m_identity = 0;  // in this process; 0 for one that no registry has made
-  std::uint32_t m_changes = 0;   // counts what concerns names and the default
+  std::uint32_t m_changes = 0;   // the number of amendments
 };
 
 // Everything that one parser has declared, in that order. Descriptions stay where they are.

@@ -148,20 +148,14 @@ template <class T>
 }
 
 template <class T>
-std::string write(T value) {
-  if (!isClassicLocale())
-    return writeThroughStream(value);
+std::string writeClassic(T value) {
   char buffer[std::numeric_limits<T>::digits10 + 3];
   const auto written = std::to_chars(std::begin(buffer), std::end(buffer), value);
   return std::string(std::begin(buffer), written.ptr);
 }
 
-std::string write(bool value) { return value ? "1" : "0"; }
-
 // Six significant digits, as a stream shows them.
-std::string write(double value) {
-  if (!isClassicLocale())
-    return writeThroughStream(value);
+std::string writeClassic(double value) {
   char buffer[32];
   const auto written =
       std::to_chars(std::begin(buffer), std::end(buffer), value, std::chars_format::general, 6);
@@ -170,19 +164,29 @@ std::string write(double value) {
 
 class OperationToString {
  public:
-  OperationToString(const variant_t& input, std::string& output)
-      : m_input(input), m_output(output) {}
+  OperationToString(const variant_t& input, std::string& output, bool isAlwaysClassic)
+      : m_input(input), m_output(output), m_isAlwaysClassic(isAlwaysClassic) {}
 
   template <class T>
   bool execute() {
-    m_output += write(m_input.get<T>());
+    const T value = m_input.get<T>();
+    const bool isClassic = m_isAlwaysClassic || isClassicLocale();
+    m_output += isClassic ? writeClassic(value) : writeThroughStream(value);
     return true;
   }
 
  private:
   const variant_t& m_input;
   std::string& m_output;
+  bool m_isAlwaysClassic;
 };
+
+// Looks alike in every locale.
+template <>
+bool OperationToString::execute<bool>() {
+  m_output += m_input.get<bool>() ? "1" : "0";
+  return true;
+}
 
 template <>
 bool OperationToString::execute<const char*>() {
@@ -280,7 +284,12 @@ bool executeFor(variant_type_t type, Operation& operation) {
 }  // namespace
 
 bool appendValue(variant_type_t type, const variant_t& value, std::string& text) {
-  OperationToString operation(value, text);
+  OperationToString operation(value, text, false);
+  return executeFor(type, operation);
+}
+
+bool appendClassicValue(variant_type_t type, const variant_t& value, std::string& text) {
+  OperationToString operation(value, text, true);
   return executeFor(type, operation);
 }
 

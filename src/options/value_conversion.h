@@ -18,6 +18,9 @@ namespace kivo_3_3 {
 // nothing appended, under a type that options do not have.
 bool appendValue(variant_type_t type, const variant_t& value, std::string& text);
 
+// The same in the classic locale, whatever the global one.
+bool appendClassicValue(variant_type_t type, const variant_t& value, std::string& text);
+
 // Whether appendValue() can read the value; if it cannot, it calls the assertion handler. Nothing
 // is read under a type that options do not have.
 bool canBecomeText(variant_type_t type, const variant_t& value);

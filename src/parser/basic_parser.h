@@ -85,6 +85,7 @@ class BasicParser : public IParser {
   template <class Write>
   const char* composeTopic(const char* topic, bool hidden, Write write);
 
+  int parseCommandLine(int argc, const char* const* argv, IParseResult* result);
   void applyDefaults(ParseResult& result);
   [[gnu::cold]] void applyEachDefault(ParseResult& result);
   int parseArguments(ArgumentWindow& args, IParseResult* result);

@@ -109,6 +109,14 @@ IArgumentParser* chooseRecognizer(const std::array<IArgumentParser*, 2>& recogni
 // it is copied.
 int BasicParser::parseArgsVector(int argc, const char* const* argv, IParseResult* result) {
   try {
+    return parseCommandLine(argc, argv, result);
+  } catch (const std::exception&) {
+    return status::exceptionCaught;
+  }
+}
+
+int BasicParser::parseCommandLine(int argc, const char* const* argv, IParseResult* result) {
+  try {
     if (ParseResult* store = storeOf(result)) {
       store->holdDeclarations(m_garbage);
       applyDefaults(*store);
@@ -123,8 +131,6 @@ int BasicParser::parseArgsVector(int argc, const char* const* argv, IParseResult
     return parseVector(args, result);
   } catch (const PositionsExhausted&) {
     return unidentifiedProblem();
-  } catch (const std::exception&) {
-    return status::exceptionCaught;
   }
 }
 

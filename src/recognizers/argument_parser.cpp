@@ -102,6 +102,15 @@ int IArgumentParser::fail(string& error, string message) const {
   return status::usageError;
 }
 
+const OptionDescription& IArgumentParser::copied(const OptionDescription& option) {
+  if (m_copyOf != &option || m_copy->m_changes != option.m_changes) {
+    m_copyOf = nullptr;
+    m_copy.emplace(option);
+    m_copyOf = &option;
+  }
+  return *m_copy;
+}
+
 void IArgumentParser::announce(const OptionDescription& option) const {
   if (m_handler != nullptr)
     m_handler->onOptionParse(option.firstName().data());

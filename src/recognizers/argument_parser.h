@@ -55,10 +55,11 @@ class IArgumentParser {
 
  protected:
   // The option as it stands before its first event, until the next call. A handler may amend the
-  // option declared last, and no other: that one is copied where there are handlers.
+  // option declared last, and no other: where there are handlers that one is copied, whenever it
+  // has changed.
   const OptionDescription& asItStands(const OptionDescription& option, const OptionList& options) {
     const bool canChange = m_handler != nullptr && &option == &options.back();
-    return canChange ? m_option.emplace(option) : option;
+    return canChange ? copied(option) : option;
   }
 
   // Notifies the handlers of the option.
@@ -91,12 +92,14 @@ class IArgumentParser {
   int bindEachToken(char separator, const Binding& binding);
   int bindToken(std::string_view token, const Binding& binding);
   int bindOne(std::string_view& token, const Binding& binding);
+  const OptionDescription& copied(const OptionDescription& option);
   bool isRefused(std::string_view token, variant_t& value, int position,
                  const OptionDescription& option) const;
 
-  std::optional<OptionDescription> m_option;  // the copy that asItStands() made last
-  OwnedMemory* m_texts;                       // if any
-  std::string m_unstored;                     // the text in hand, without
+  std::optional<OptionDescription> m_copy;  // what asItStands() copied last
+  const OptionDescription* m_copyOf = nullptr;
+  OwnedMemory* m_texts;    // if any
+  std::string m_unstored;  // the text in hand, without
   // Kept from one argument to the next for the room it has.
   OwnedMemoryOf<128> m_memory;
   OptionData m_data{&m_memory};

@@ -60,10 +60,10 @@ void StoredOptions::share(Group& group, std::size_t names) {
 
 void StoredOptions::lookUp(const Names& names) {
   m_storing.clear();
-  for (const HashedName& name : names) {
-    const Number number = m_names.numberOf(*m_names.find(name));
-    m_storing.insert(std::upper_bound(m_storing.begin(), m_storing.end(), number), number);
-  }
+  for (const HashedName& name : names)
+    m_storing.push_back(m_names.numberOf(*m_names.find(name)));
+  std::make_heap(m_storing.begin(), m_storing.end());
+  std::sort_heap(m_storing.begin(), m_storing.end());
 }
 
 void StoredOptions::lead(Name& name, Group& group) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "allocation/allocation_limit.h"
 #include "recognizers/argument_parser.h"
 #include "support/command.h"
 
@@ -73,6 +74,21 @@ TEST_F(LastPositions, DrawnOptionFilesAreNotPassedOver) {
   command.optionFiles();
   const CounterAt counter(lastPosition - 1);
   EXPECT_EQ("4: Unidentified problem detected.", command.parsed({"--option-file=/dev/null"}));
+}
+
+TEST_F(LastPositions, DrawnWhileMemoryRunsOutEndInAStatus) {
+  command.parser().option("a", "", vtS32, nullptr)->defaultValue(1);
+  const char* const argv[] = {"tool"};
+  for (long allowed = 0;; ++allowed) {
+    SCOPED_TRACE(allowed);
+    const CounterAt counter(lastPosition);
+    const ResultHandle result = makeResult(command.parser());
+    const testing::AllocationLimit limit(allowed, testing::Failing::forEver);
+    const int status = command.parser().parseArgsVector(1, argv, result.get());
+    EXPECT_TRUE(status == 3 || status == 4) << status;
+    if (!limit.reached())
+      break;
+  }
 }
 
 TEST_F(LastPositions, SufficeForAParseThatNeedsJustThese) {

@@ -196,6 +196,16 @@ TEST_F(ParsersAsHandlers, TellEventsApartByKindAndText) {
   EXPECT_EQ("option x; unknown x; unknown y", handlers[0].events);
 }
 
+TEST_F(ParsersAsHandlers, InARingAreToldOnceOfANullText) {
+  link(0, 1);
+  link(1, 0);
+  for (const char* name : {static_cast<const char*>(nullptr), ""}) {
+    handlers[0].events.clear();
+    EXPECT_TRUE(commands[0].parser().onOptionParse(name));
+    EXPECT_EQ("option ", handlers[0].events);
+  }
+}
+
 // Notes what it is handed.
 class ValueKeeper final : public testing::TestHandler {
  public:

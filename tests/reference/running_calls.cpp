@@ -1,6 +1,7 @@
 #include "reference/running_calls.h"
 
 #include <algorithm>
+#include <cstring>
 #include <stdexcept>
 #include <vector>
 
@@ -53,7 +54,7 @@ RunningEvent::~RunningEvent() { calls().pop_back(); }
 
 bool isPassingOn(const EventHandler& parser, Event event, const char* text) {
   for (auto call = calls().rbegin(); call != calls().rend() && !isParse(*call); ++call)
-    if (call->parser == &parser && call->event == event && call->text == text)
+    if (call->parser == &parser && call->event == event && std::strcmp(call->text, text) == 0)
       return true;
   return false;
 }

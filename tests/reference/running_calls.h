@@ -26,8 +26,7 @@ class RunningParse {
   bool isPartOfOuterParse() const;
 };
 
-// An event that a parser is passing on. `text` is the copy that the parser keeps, so equal
-// texts have equal addresses.
+// An event that a parser is passing on. `text` is the copy that the parser keeps.
 class RunningEvent {
  public:
   RunningEvent(const EventHandler& parser, Event event, const char* text);

@@ -29,14 +29,14 @@ int load_file(const char* name, std::string& text) {
   if (file == nullptr)
     return 1;
   std::string read;
-  read.reserve(storedSize(file.get()));
   char buffer[16 * 1024];
-  bool isEnded = false;
-  while (!isEnded) {
+  for (bool isEnded = false; !isEnded;) {
     const std::size_t count = std::fread(buffer, 1, sizeof buffer, file.get());
     const std::size_t length = strnlen(buffer, count);
-    read.append(buffer, length);
     isEnded = length < sizeof buffer;
+    if (!isEnded && read.empty())
+      read.reserve(storedSize(file.get()));
+    read.append(buffer, length);
   }
   if (std::ferror(file.get()) != 0)
     return 1;
