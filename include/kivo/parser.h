@@ -37,7 +37,9 @@ constexpr int noTokenizer = 32;
 ///   createParser (option | action | modifier)* (createResult parseArgsVector get*)* destroy
 ///
 /// One parser is used by one thread at a time, and so is one result; parsers on several
-/// threads may be used at once. Each thread has a trace of its own. Positions are drawn from
+/// threads may be used at once. Each thread has a trace of its own. A line of the trace, or a
+/// warning, is written as a whole; a stream that the tool puts in the place of the console has to
+/// be safe for several threads itself. Positions are drawn from
 /// one counter of the process, so that with several parsing threads those of one parse still
 /// rise, but with gaps. Every text a parser hands out belongs to it and lives until destroy().
 /// A null text counts as the empty one. After any failure the parser stays usable.

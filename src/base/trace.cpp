@@ -1,5 +1,7 @@
 #include "base/trace.h"
 
+#include <string>
+
 #include "bedrock/console.h"
 
 namespace kivo_3_3::internal {
@@ -14,10 +16,11 @@ std::ostream& kivoLog() {
 }
 
 void writeTraceLine(std::initializer_list<std::string_view> parts) {
-  std::ostream& log = kivoLog();
+  std::string line;
   for (const std::string_view part : parts)
-    log << part;
-  log << std::endl;
+    line += part;
+  line += '\n';
+  kivoLog() << line << std::flush;
 }
 
 }  // namespace kivo_3_3::internal

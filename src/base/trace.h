@@ -37,7 +37,7 @@ class KivoLog {
 // The console while the trace is on, the same silent stream whenever it is off.
 std::ostream& kivoLog();
 
-// Writes these parts as one line.
+// Writes these parts as one line, and all of it at once: another thread may write too.
 [[gnu::cold]] void writeTraceLine(std::initializer_list<std::string_view> parts);
 
 // The same, if anybody is listening.

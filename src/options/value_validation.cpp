@@ -54,7 +54,7 @@ const char* readAsText(const variant_t& value) {
 [[gnu::cold]] string isDeprecated(const OptionDescription& option, std::string_view text,
                                   const char* instead) {
   return joined("Warning: '", text, "' argument is deprecated for the option '-",
-                option.firstName(), "'. Use the '", instead, "' argument instead.");
+                option.firstName(), "'. Use the '", instead, "' argument instead.\n");
 }
 
 // Visits what may be given for the option: the allowed values as declared, then the
@@ -94,7 +94,7 @@ void warnIfDeprecated(const OptionDescription& option, std::string_view text) {
       option.m_deprecatedValues.find(option.fromString(text.data(), option.m_garbage));
   if (deprecated == option.m_deprecatedValues.end())
     return;
-  BEDROCK::ucerr << isDeprecated(option, text, readAsText(deprecated->second)) << std::endl;
+  BEDROCK::ucerr << isDeprecated(option, text, readAsText(deprecated->second)) << std::flush;
 }
 
 }  // namespace

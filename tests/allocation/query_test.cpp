@@ -81,6 +81,26 @@ TEST(MemoryRunsOut, ATextThatCannotBeCopiedIsNoValueAndStaysTheNext) {
   scene.expectUsable();
 }
 
+// There is room for some texts inside of the result; then the set of its texts has to grow.
+TEST(MemoryRunsOut, ALeftoverArgumentThatCannotBeInternedIsEmpty) {
+  Command command;
+  std::vector<std::string> args = {"--"};
+  for (int number = 0; number < 4'000; ++number)
+    args.push_back(std::to_string(number));
+  command.parse(args);
+  IParseResult& result = command.result();
+  const char* text = nullptr;
+  result.getFirstArgument(&text);
+  {
+    const AllocationLimit limit(0, Failing::forEver);
+    while (!limit.reached())
+      ASSERT_EQ(0, result.getNextArgument(&text));
+    EXPECT_STREQ("", text);
+  }
+  EXPECT_EQ(4'000u, leftovers(result).size());
+  EXPECT_STREQ("3999", leftovers(result).back());
+}
+
 TEST(MemoryRunsOut, GetOfADefaultNeedsNone) {
   Asking scene;
   {

@@ -1,6 +1,7 @@
 #include "bedrock/file.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "support/temporary_folder.h"
 
@@ -89,6 +90,19 @@ TEST(LoadFile, OfASparseFileTakesWhatIsAheadOfTheHole) {
   EXPECT_EQ(0, BEDROCK::load_file(name.c_str(), text));
   EXPECT_EQ("--level=3\n", text);
   EXPECT_GT(std::size_t{1} << 20, text.capacity());
+}
+
+// Its size is not known before its end.
+TEST(LoadFile, OfAPipeComesWhole) {
+  int ends[2] = {};
+  ASSERT_EQ(0, pipe(ends));
+  const std::string lines(40'000, 'x');
+  ASSERT_EQ(static_cast<ssize_t>(lines.size()), write(ends[1], lines.data(), lines.size()));
+  close(ends[1]);
+  std::string text;
+  EXPECT_EQ(0, BEDROCK::load_file(("/proc/self/fd/" + std::to_string(ends[0])).c_str(), text));
+  close(ends[0]);
+  EXPECT_TRUE(lines == text);
 }
 
 TEST(LoadFile, AFileLargerThanAnyBufferComesWhole) {

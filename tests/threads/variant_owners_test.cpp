@@ -1,0 +1,73 @@
+// Variants that share a text, on several threads.
+
+#include <gtest/gtest.h>
+#include <kivo/value.h>
+
+#include <string>
+#include <vector>
+
+#include "threads/parsing.h"
+#include "threads/together.h"
+
+namespace kivo_3_3::testing {
+
+namespace {
+
+using std::string;
+using Variants = std::vector<variant_t>;
+
+// The threads have a variant each of every text, and release them at the same time.
+TEST(TextOfAVariant, IsFreedWithItsLastOwnerOnWhateverThread) {
+  constexpr int texts = 100000;
+  constexpr int threads = 2;
+  Variants owners[threads];
+  for (int i = 0; i < texts; ++i) {
+    const variant_t shared(("text " + std::to_string(i)).c_str());
+    for (Variants& mine : owners)
+      mine.push_back(shared);
+  }
+  together(threads, [&](int number) {
+    int place = 0;
+    for (variant_t& mine : owners[number]) {
+      variant_t copy(mine);
+      mine = variant_t();
+      ASSERT_EQ("text " + std::to_string(place++), copy.get<const char*>());
+    }
+  });
+}
+
+// Reading a variant that others read too, copying included, changes nothing but its count.
+TEST(TextOfAVariant, IsCopiedFromOneVariantByAllThreads) {
+  constexpr int copies = 200000;
+  constexpr int threads = 4;
+  variant_t shared("text");
+  together(threads, [&](int) {
+    const variant_t& original = shared;
+    for (int i = 0; i < copies; ++i) {
+      const variant_t copy = original;
+      const variant_t another = copy;
+      ASSERT_TRUE(original == another);
+    }
+  });
+  EXPECT_STREQ("text", shared.get<const char*>());
+}
+
+// Each thread declares it, stores it with every parse, and reads it.
+TEST(TextOfAVariant, MayBeTheDefaultOfParsersOnSeveralThreads) {
+  constexpr int rounds = 10000;
+  const variant_t shared("text");
+  together(2, [&](int) {
+    for (int round = 0; round < rounds; ++round) {
+      const ParserHandle parser = makeParser();
+      parser->option("name", "", vtString)->defaultValue(shared);
+      parser->option("mode", "", vtString)->allowValue(shared);
+      ASSERT_EQ("name=text:'text' mode=text:'text'",
+                parsed(*parser, {"--mode=te"}, {"name", "mode"}));
+    }
+  });
+  EXPECT_STREQ("text", shared.get<const char*>());
+}
+
+}  // namespace
+
+}  // namespace kivo_3_3::testing
