@@ -89,9 +89,9 @@ TEST(InternedTexts, AreAsTheyWereWhenMemoryRunsOut) {
   std::vector<string> all;
   for (int number = 0; number < count; ++number)
     all.push_back("a text too long to be kept without memory " + std::to_string(number));
-  const long blocks = liveBlocks();
   for (long allowed = 0, failures = 0;; ++allowed, failures = 1) {
     SCOPED_TRACE(allowed);
+    const long blocks = liveBlocks();
     bool raised = false;
     {
       OwnedMemoryOf<640> memory;

@@ -171,6 +171,16 @@ AllocationCount ofOneNameTwice(int count) {
   return parsing(command, repeated("--text=", count));
 }
 
+// One option with ever more names, one of which it has twice.
+AllocationCount ofNamesOfWhichOneComesTwice(int count) {
+  Command command;
+  IOption* const option = command.option("text", vtString);
+  for (int i = 0; i < count / 20; ++i)
+    option->synonym(("n" + std::to_string(i)).c_str());
+  option->synonym("text");
+  return parsing(command, repeated("--text=", 10));
+}
+
 // Options that share a synonym, each given twice in turn.
 AllocationCount ofASharedSynonym(int count) {
   Command command;
@@ -225,6 +235,7 @@ INSTANTIATE_TEST_SUITE_P(
         Family{"BytesInAMessage", ofBytesInAMessage}, Family{"Options", ofOptions},
         Family{"Help", ofHelp}, Family{"OptionFiles", ofOptionFiles},
         Family{"AllowedValuesAndArgumentsWithAHandler", ofAllowedValuesAndArgumentsWithAHandler},
+        Family{"NamesOfWhichOneComesTwice", ofNamesOfWhichOneComesTwice},
         Family{"OneNameTwice", ofOneNameTwice}, Family{"ASharedSynonym", ofASharedSynonym}),
     [](const auto& family) { return string(family.param.name); });
 
