@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Holds the #include lines against the plan of the house: which folder of src/ may
-# include which, that public headers include nothing of src/, and that the platform
-# layers know nothing of the library.
+# include which, that public headers include nothing of src/, that the platform layers
+# know nothing of the library, and that the reference stands on none of src/.
 #   rooms.sh SOURCE-DIRECTORY
 set -euo pipefail
 cd "$1"
@@ -43,6 +43,15 @@ fi
 if grep -rnE '#include [<"]stratum2/' platform/bedrock; then
   complain "bedrock includes stratum2, which stands on it"
 fi
+
+# The reference shows nothing if it stands on what it is compared with. Its scenarios may look into
+# the library, to reset what belongs to the process.
+while read -r file included; do
+  [[ $file == tests/reference/scenarios/* ]] && continue
+  checked=$((checked + 1))
+  [[ $included == reference/* || $included == bedrock/* || $included == stratum2/* ]] ||
+    complain "$file may not include $included"
+done < <(includes tests/reference)
 
 [ "$checked" -gt 0 ] || complain "no includes found: is $1 the source directory?"
 echo "$checked includes checked, $violations violations"
