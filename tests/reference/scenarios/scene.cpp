@@ -79,7 +79,7 @@ void Scene::endEverything() {
 }
 
 void Scene::runOne(const Command& command) {
-  if (m_transcript.isFull())
+  if (m_transcript.isFull() || m_isOver)
     return;
   m_transcript.line(command.line());
   const Transcript::Deeper deeper(m_transcript);

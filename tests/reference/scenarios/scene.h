@@ -148,6 +148,9 @@ class Scene {
   static constexpr int none = -1;
   static constexpr int mostReactions = 120;
   static constexpr int usualReactions = 30;
+  // Each parse into a result reads all option files again that the result names, and these name
+  // more: a scenario ends before that takes a minute.
+  static constexpr long long mostDrawn = 5000;
   static constexpr int deepestEvents = 1000;
 
   struct ParserSlot {
@@ -253,6 +256,7 @@ class Scene {
   std::array<std::array<Listener, parserCount>, handlerCount> m_listeners;
   std::vector<Reaction> m_reactions;
   int m_budget = usualReactions;
+  bool m_isOver = false;  // a parse drew too many positions
   std::array<std::array<char, bufferSize>, bufferCount> m_buffers = {};
 
   Hearing* m_hearing = nullptr;  // the innermost

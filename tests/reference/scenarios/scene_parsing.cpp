@@ -26,7 +26,9 @@ void Scene::runParse(const Command& command, Handed& handed, Parse call) {
   const long long before = m_world.positionCounter();
   const int status = call(*slot->parser, result);
   const string error = status != 0 ? " " + slot->texts.shown(slot->parser->getErrorDesc()) : "";
-  m_transcript.line("status ", status, error, ", drew ", m_world.positionCounter() - before,
+  const long long drawn = m_world.positionCounter() - before;
+  m_isOver = m_isOver || drawn > mostDrawn;
+  m_transcript.line("status ", status, error, ", drew ", drawn,
                     m_world.traceSwitch() ? ", traced" : "");
 }
 
