@@ -69,13 +69,15 @@ int fetchAndIncrement(int& counter) {
 
 int IArgumentParser::m_idx = 1;
 
-// Where no position is left the counter is put back, so that it cannot come round to the first
-// ones.
+// Where other threads draw the last positions meanwhile, the counter passes its end and is put
+// back, so that it cannot come round to the first ones.
 int IArgumentParser::getNewPositionIndex() {
-  const int position = fetchAndIncrement(m_idx);
-  if (isPosition(position))
-    return position;
-  __atomic_store_n(&m_idx, position, __ATOMIC_RELAXED);
+  if (isPosition(__atomic_load_n(&m_idx, __ATOMIC_RELAXED))) {
+    const int position = fetchAndIncrement(m_idx);
+    if (isPosition(position))
+      return position;
+    __atomic_store_n(&m_idx, lastPosition, __ATOMIC_RELAXED);
+  }
   throw PositionsExhausted();
 }
 
