@@ -92,7 +92,7 @@ class IArgumentParser {
   int bindEachToken(char separator, const Binding& binding);
   int bindToken(std::string_view token, const Binding& binding);
   int bindOne(std::string_view& token, const Binding& binding);
-  const OptionDescription& copied(const OptionDescription& option);
+  [[gnu::cold]] const OptionDescription& copied(const OptionDescription& option);
   bool isRefused(std::string_view token, variant_t& value, int position,
                  const OptionDescription& option) const;
 
