@@ -42,22 +42,23 @@ namespace {
                 "' in argument '", argument, "'");
 }
 
-// The counter wraps at its end; negative numbers are no positions either.
+// Negative numbers are no positions either.
 bool isPosition(int number) {
   return static_cast<unsigned int>(number) < static_cast<unsigned int>(lastPosition);
 }
 
-// Threads may draw at once. While a process has one thread only, an addition that is not atomic
-// does the same at a fraction of the cost.
-int fetchAndIncrement(int& counter) {
+// Puts `next` in the place of `expected`. Where another thread was faster, `expected` becomes what
+// the counter is now, and false comes back. While a process has one thread only, a plain store does
+// the same at a fraction of the cost.
+bool advance(int& counter, int& expected, int next) {
 #if __has_include(<sys/single_threaded.h>)
   if (__libc_single_threaded != 0) {
-    const int before = counter;
-    counter = static_cast<int>(static_cast<unsigned int>(before) + 1U);
-    return before;
+    counter = next;
+    return true;
   }
 #endif
-  return __atomic_fetch_add(&counter, 1, __ATOMIC_RELAXED);
+  return __atomic_compare_exchange_n(&counter, &expected, next, true, __ATOMIC_RELAXED,
+                                     __ATOMIC_RELAXED);
 }
 
 // The whole value stands where an argument is announced: it is what the user typed.
@@ -69,15 +70,9 @@ int fetchAndIncrement(int& counter) {
 
 int IArgumentParser::m_idx = 1;
 
-// Where other threads draw the last positions meanwhile, the counter passes its end and is put
-// back, so that it cannot come round to the first ones.
 int IArgumentParser::getNewPositionIndex() {
-  if (isPosition(__atomic_load_n(&m_idx, __ATOMIC_RELAXED))) {
-    const int position = fetchAndIncrement(m_idx);
-    if (isPosition(position))
-      return position;
-    __atomic_store_n(&m_idx, lastPosition, __ATOMIC_RELAXED);
-  }
+  if (const auto position = drawInARow(1))
+    return *position;
   throw PositionsExhausted();
 }
 
@@ -86,8 +81,7 @@ std::optional<int> IArgumentParser::drawInARow(unsigned int count) {
   do {
     if (!isPosition(first) || count > static_cast<unsigned int>(lastPosition - first))
       return std::nullopt;
-  } while (!__atomic_compare_exchange_n(&m_idx, &first, first + static_cast<int>(count), true,
-                                        __ATOMIC_RELAXED, __ATOMIC_RELAXED));
+  } while (!advance(m_idx, first, first + static_cast<int>(count)));
   return first;
 }
 
