@@ -42,11 +42,6 @@ namespace {
                 "' in argument '", argument, "'");
 }
 
-// Negative numbers are no positions either.
-bool isPosition(int number) {
-  return static_cast<unsigned int>(number) < static_cast<unsigned int>(lastPosition);
-}
-
 // Puts `next` in the place of `expected`. Where another thread was faster, `expected` becomes what
 // the counter is now, and false comes back. While a process has one thread only, a plain store does
 // the same at a fraction of the cost.
@@ -61,6 +56,21 @@ bool advance(int& counter, int& expected, int next) {
                                      __ATOMIC_RELAXED);
 }
 
+// Negative numbers are no positions either.
+bool isPosition(int number) {
+  return static_cast<unsigned int>(number) < static_cast<unsigned int>(lastPosition);
+}
+
+// Draws `count` positions, of which `first` becomes the first; false where fewer are left.
+inline bool draw(int& counter, unsigned int count, int& first) {
+  first = __atomic_load_n(&counter, __ATOMIC_RELAXED);
+  do {
+    if (!isPosition(first) || count > static_cast<unsigned int>(lastPosition - first))
+      return false;
+  } while (!advance(counter, first, first + static_cast<int>(count)));
+  return true;
+}
+
 // The whole value stands where an argument is announced: it is what the user typed.
 [[gnu::cold]] string noValueParsed(std::string_view value, const OptionDescription& option) {
   return joined("No value parsed in argument '", value, "' for option '", option.firstName(), "'");
@@ -71,18 +81,15 @@ bool advance(int& counter, int& expected, int next) {
 int IArgumentParser::m_idx = 1;
 
 int IArgumentParser::getNewPositionIndex() {
-  if (const auto position = drawInARow(1))
-    return *position;
-  throw PositionsExhausted();
+  int position = 0;
+  if (!draw(m_idx, 1, position))
+    throw PositionsExhausted();
+  return position;
 }
 
 std::optional<int> IArgumentParser::drawInARow(unsigned int count) {
-  int first = __atomic_load_n(&m_idx, __ATOMIC_RELAXED);
-  do {
-    if (!isPosition(first) || count > static_cast<unsigned int>(lastPosition - first))
-      return std::nullopt;
-  } while (!advance(m_idx, first, first + static_cast<int>(count)));
-  return first;
+  int first = 0;
+  return draw(m_idx, count, first) ? std::make_optional(first) : std::nullopt;
 }
 
 IArgumentParser::IArgumentParser(EventHandler* handler, OwnedMemory* texts, int flags)
