@@ -84,6 +84,13 @@ void* operator new(std::size_t bytes) { return kivo_3_3::testing::allocate(bytes
 void* operator new(std::size_t bytes, std::align_val_t alignment) {
   return kivo_3_3::testing::allocate(bytes, static_cast<std::size_t>(alignment));
 }
+void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept {
+  try {
+    return kivo_3_3::testing::allocate(bytes);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
 void operator delete(void* block) noexcept { kivo_3_3::testing::release(block); }
 void operator delete(void* block, std::size_t) noexcept { kivo_3_3::testing::release(block); }
 void operator delete(void* block, std::align_val_t) noexcept { kivo_3_3::testing::release(block); }
