@@ -190,7 +190,8 @@ AllocationCount ofASharedSynonym(int count) {
     command.parser().option(name.c_str(), "", vtString, nullptr)->synonym("text");
     arguments.push_back("--" + name + "=x");
   }
-  arguments.insert(arguments.end(), arguments.begin(), arguments.end());
+  const Arguments once = arguments;
+  arguments.insert(arguments.end(), once.begin(), once.end());
   return parsing(command, arguments);
 }
 
