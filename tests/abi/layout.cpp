@@ -57,7 +57,6 @@ void records() {
   field("m_bytes", offsetof(variant_t::data_t, m_bytes), sizeof(variant_t::data_t::m_bytes));
   field("m_references", offsetof(variant_t::data_t, m_references),
         sizeof(variant_t::data_t::m_references));
-  field("text", variant_t::textOffset, 1);
   record<WordWrappedText>("WordWrappedText");
   field("m_text", offsetof(WordWrappedText, m_text), sizeof(WordWrappedText::m_text));
   record<EventHandler>("EventHandler");

@@ -1,6 +1,5 @@
 #include "stratum2/variant.h"
 
-#include <algorithm>
 #include <cstring>
 #include <new>
 
@@ -51,10 +50,8 @@ variant_t::variant_t(const char* text, bool reference)
     return;
   }
   const std::size_t bytes = std::strlen(text) + 1;
-  // At least the size of the structure, whose end a short text does not reach.
-  void* const block = m_mem.allocate(std::max(textOffset + bytes, sizeof(data_t)));
-  m_value.m_data = new (block) data_t{bytes, {1}};
-  std::memcpy(static_cast<char*>(block) + textOffset, text, bytes);
+  m_value.m_data = new (m_mem.allocate(sizeof(data_t) + bytes)) data_t{bytes, {1}};
+  std::memcpy(reinterpret_cast<char*>(m_value.m_data + 1), text, bytes);
 }
 
 void variant_t::retain() noexcept { add(m_value.m_data->m_references, 1); }

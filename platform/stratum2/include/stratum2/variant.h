@@ -122,12 +122,10 @@ class [[gnu::visibility("default")]] variant_t {
   bool operator<(const variant_t& var) const;
 
  private:
-  // A text follows on this, without a gap.
   struct data_t {
     std::size_t m_bytes;
     std::atomic<int> m_references;
   };
-  static constexpr std::size_t textOffset = sizeof(std::size_t) + sizeof(std::atomic<int>);
   union value_t {
     s64_t m_signed;
     u64_t m_unsigned;
@@ -155,8 +153,7 @@ class [[gnu::visibility("default")]] variant_t {
 
   // The text of a variant that isText().
   const char* text() const noexcept {
-    return ownsData() ? reinterpret_cast<const char*>(m_value.m_data) + textOffset
-                      : m_value.m_reference;
+    return ownsData() ? reinterpret_cast<const char*>(m_value.m_data + 1) : m_value.m_reference;
   }
   // The number of a variant that isNumber().
   double number() const noexcept {
