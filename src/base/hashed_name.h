@@ -9,7 +9,7 @@
 namespace kivo_3_3 {
 
 // A name that a tool declares, or one to look for among these, with its hash, which is computed
-// once. The characters are owned elsewhere. (Texts from outside are kept by TextHash.)
+// once. The characters are owned elsewhere. (Texts from outside are hashed by TextHash.)
 struct HashedName {
   HashedName() = default;
   // NOLINTNEXTLINE(google-explicit-constructor): a name is a text

@@ -33,20 +33,22 @@ const char* InternedTexts::internAs(const char* text, bool isCopied) {
       return m_usualTexts[number];
   text = kept(text, isCopied);
   m_marks |= mark;
-  m_usualTexts[m_size++] = text;
+  append(text);
   if (m_size == fewTexts)
-    enterFew();
+    enterAll();
   return text;
 }
 
 // Whatever may raise comes before the first change that a caller could tell.
 const char* InternedTexts::internAmongMany(const char* text, bool isCopied) {
   const std::uint32_t hash = hashOf(text);
+  const Slot numbers = static_cast<Slot>(m_slotCount - 1);
+  const Slot wanted = slotFor(hash, 0) & ~numbers;
   std::size_t place = firstSlot(hash);
-  for (; !m_slots[place].isFree(); place = slotAfter(place)) {
-    if (m_slots[place].hash != hash)
+  for (; m_slots[place] != 0; place = slotAfter(place)) {
+    if ((m_slots[place] & ~numbers) != wanted)
       continue;
-    const char* const known = textOf(m_slots[place].next - 1);
+    const char* const known = textOf((m_slots[place] & numbers) - 1);
     if (areEqual(known, text))
       return known;
   }
@@ -57,22 +59,14 @@ const char* InternedTexts::internAmongMany(const char* text, bool isCopied) {
     place = freeSlot(hash);
   }
   text = kept(text, isCopied);
-  textOf(m_size++) = text;
-  m_slots[place] = {hash, static_cast<std::uint32_t>(m_size)};
+  m_slots[place] = slotFor(hash, m_size);
+  append(text);
   return text;
-}
-
-void InternedTexts::enterFew() {
-  std::memset(m_slots, 0, m_slotCount * sizeof(Slot));
-  for (std::uint32_t number = 0; number < m_size; ++number) {
-    const std::uint32_t hash = hashOf(m_usualTexts[number]);
-    m_slots[freeSlot(hash)] = {hash, number + 1};
-  }
 }
 
 std::size_t InternedTexts::freeSlot(std::uint32_t hash) const {
   std::size_t place = firstSlot(hash);
-  while (!m_slots[place].isFree())
+  while (m_slots[place] != 0)
     place = slotAfter(place);
   return place;
 }
@@ -84,25 +78,35 @@ void InternedTexts::addChunk() {
 }
 
 void InternedTexts::widen() {
-  Slot* const former = m_slots;
-  const std::size_t formerCount = m_slotCount;
-  const std::size_t bytes = formerCount * 2 * sizeof(Slot);
-  m_slots = static_cast<Slot*>(std::memset(m_memory.allocate(bytes), 0, bytes));
-  m_slotCount = formerCount * 2;
-  for (std::size_t place = 0; place < formerCount; ++place)
-    if (!former[place].isFree())
-      m_slots[freeSlot(former[place].hash)] = former[place];
-  if (former != m_usualSlots)
-    m_memory.deallocate(former, formerCount * sizeof(Slot));
+  const std::size_t bytes = m_slotCount * 2 * sizeof(Slot);
+  Slot* const wider = static_cast<Slot*>(m_memory.allocate(bytes));
+  if (m_slots != m_usualSlots)
+    m_memory.deallocate(m_slots, m_slotCount * sizeof(Slot));
+  m_slots = wider;
+  m_slotCount *= 2;
+  enterAll();
+}
+
+void InternedTexts::enterAll() {
+  std::memset(m_slots, 0, m_slotCount * sizeof(Slot));
+  for (std::size_t number = 0; number < m_size; ++number) {
+    if (m_size - number > farAhead)
+      prefetch(textOf(number + farAhead));
+    const std::uint32_t hash = hashOf(textOf(number));
+    m_slots[freeSlot(hash)] = slotFor(hash, number);
+  }
 }
 
 std::size_t InternedTexts::countSteps() const {
   if (m_size < fewTexts)
     return m_size * (m_size + 1) / 2;
+  const std::size_t numbers = m_slotCount - 1;
   std::size_t steps = 0;
-  for (std::size_t place = 0; place < m_slotCount; ++place)
-    if (!m_slots[place].isFree())
-      steps += ((place - firstSlot(m_slots[place].hash)) & (m_slotCount - 1)) + 1;
+  for (std::size_t number = 0; number < m_size; ++number) {
+    std::size_t place = firstSlot(hashOf(textOf(number)));
+    for (++steps; (m_slots[place] & numbers) != number + 1; ++steps)
+      place = slotAfter(place);
+  }
   return steps;
 }
 

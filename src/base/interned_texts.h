@@ -26,9 +26,13 @@ class InternedTexts {
   // The same, for a `text` that may end earlier: the set takes a copy.
   const char* internCopy(const char* text) { return internAs(text, true); }
 
+  // Texts are prefetched this far ahead: about as long as memory takes to answer.
+  static constexpr std::size_t farAhead = 8;
+
   // Loads what intern() will need for `text` into the cache, for callers that know some texts
-  // before their turn.
-  void prefetch(const char* text) const {
+  // before their turn. Inlined by force: a compiler may take a function that only prefetches for
+  // one without effect, and drop its calls.
+  [[gnu::always_inline]] void prefetch(const char* text) const {
     if (m_slotCount >= fewestToPrefetch)
       __builtin_prefetch(&m_slots[firstSlot(hashOf(text))]);
   }
@@ -38,14 +42,10 @@ class InternedTexts {
   std::size_t countSteps() const;
 
  private:
-  // Open addressing with linear probing: a text is in the first free slot from the one that
-  // its hash names, past the last slot from the first one on.
-  struct Slot {
-    bool isFree() const { return next == 0; }
-
-    std::uint32_t hash;
-    std::uint32_t next;  // one more than the number of the text
-  };
+  // Open addressing with linear probing: a text is in the first free slot from the one that the
+  // upper bits of its hash name, past the last slot from the first one on. A slot holds one more
+  // than the number of the text, and above that the other bits of its hash; 0 while it is free.
+  using Slot = std::uint32_t;
   using Chunks = std::vector<const char**, OwnedAllocator<const char**>>;
 
   static std::uint32_t hashOf(const char* text) {
@@ -55,26 +55,33 @@ class InternedTexts {
     return static_cast<std::size_t>((std::uint64_t{hash} * m_slotCount) >> 32);
   }
   std::size_t slotAfter(std::size_t place) const { return (place + 1) & (m_slotCount - 1); }
+  Slot slotFor(std::uint32_t hash, std::size_t number) const {
+    return hash * static_cast<Slot>(m_slotCount) + static_cast<Slot>(number + 1);
+  }
   std::size_t freeSlot(std::uint32_t hash) const;
-  const char*& textOf(std::size_t number) {
+  void enterAll();
+  const char* textOf(std::size_t number) const {
     return number < usualTexts ? m_usualTexts[number]
                                : m_chunks[number / usualTexts - 1][number % usualTexts];
+  }
+  void append(const char* text) {
+    const char** const chunk = m_size < usualTexts ? m_usualTexts : m_chunks.back();
+    chunk[m_size++ % usualTexts] = text;
   }
   const char* internAs(const char* text, bool isCopied);
   const char* internAmongMany(const char* text, bool isCopied);
   const char* kept(const char* text, bool isCopied) {
     return isCopied ? m_memory.copy(text).data() : text;
   }
-  [[gnu::cold]] void enterFew();
   [[gnu::cold]] void widen();
   [[gnu::cold]] void addChunk();
 
   // 16: what a tool reads of a usual command line. So few texts are compared one by one, and only
   // if one of them has the same mark, which takes less than to hash them.
   static constexpr std::size_t fewTexts = 16;
-  static constexpr std::size_t usualTexts = fewTexts * 2;
+  static constexpr std::size_t usualTexts = fewTexts * 4;
   static constexpr std::size_t usualSlots = usualTexts * 2;
-  // From 256 kB on, slots are likely to be missing from the cache next to the processor.
+  // From 128 kB on, slots are likely to be missing from the cache next to the processor.
   static constexpr std::size_t fewestToPrefetch = std::size_t{1} << 15;
 
   OwnedMemory& m_memory;

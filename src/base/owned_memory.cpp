@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "bedrock/pages.h"
+
 namespace kivo_3_3 {
 
 OwnedMemory::~OwnedMemory() {
@@ -14,7 +16,7 @@ OwnedMemory::~OwnedMemory() {
 
 void* OwnedMemory::allocateElsewhere(std::size_t size) {
   if (size > largestSmall)
-    return ::operator new(size);
+    return BEDROCK::allocateInLargePages(size);
   beginBlock();
   return allocate(size);
 }
@@ -28,7 +30,7 @@ void OwnedMemory::beginBlock() {
 }
 
 char* OwnedMemory::addBlock(std::size_t size) {
-  void* const memory = ::operator new(sizeof(Block) + size);
+  void* const memory = BEDROCK::allocateInLargePages(sizeof(Block) + size);
   m_last = new (memory) Block{m_last};
   return static_cast<char*>(memory) + sizeof(Block);
 }

@@ -18,8 +18,8 @@ struct HashKey {
 // objects, which may own tables.
 extern const HashKey hashKey;
 
-// The hash of texts that come from outside of the tool: whoever does not know the key cannot make
-// up texts that collide. (Names that a tool declares have a cheaper one: see HashedName.)
+// The hash of texts that come from outside of the tool: without the key, nobody can construct
+// texts that collide. (Names that a tool declares have a cheaper one: see HashedName.)
 //
 // Eight characters a step: a multiplication whose two halves are combined. The high bits depend
 // on all characters and on the whole key.

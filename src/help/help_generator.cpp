@@ -6,6 +6,7 @@
 
 #include "help/paragraph.h"
 #include "options/name_list.h"
+#include "options/negation.h"
 #include "options/value_conversion.h"
 
 namespace kivo_3_3 {
@@ -38,7 +39,7 @@ void appendBooleanSyntax(string& help, const OptionDescription& option) {
   const bool isOn = option.m_hasDefault && option.getDefaultValue().get<bool>();
   if (isOn)
     help += mark;
-  help.append(" | -no-").append(option.firstName());
+  help.append(" | -").append(negation).append(option.firstName());
   if (option.m_hasDefault && !isOn)
     help += mark;
 }

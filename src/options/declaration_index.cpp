@@ -3,33 +3,21 @@
 #include <algorithm>
 #include <iterator>
 
+#include "options/negation.h"
+
 namespace kivo_3_3 {
-
-namespace {
-
-constexpr const char* negation = "no-";
-
-bool beginsWith(std::string_view text, std::string_view prefix) {
-  return text.substr(0, prefix.size()) == prefix;
-}
-
-std::string_view withoutNegation(std::string_view name) {
-  return name.substr(std::string_view(negation).size());
-}
-
-}  // namespace
 
 struct DeclarationIndex::Matches {
   int count = 0;
   std::uint32_t first = 0;
-  const char* ahead = "";
+  std::string_view ahead;
 };
 
 const DeclarationIndex::Name* DeclarationIndex::findName(const HashedName& name,
                                                          const OptionList& options) {
   catchUp(options);
   const Name* const named = m_names.find(name);
-  if (name.text.empty() || name.text.front() != *negation || !beginsWith(name.text, negation))
+  if (!isNegated(name.text))
     return named;
   const Name* const negated =
       m_names.find(withoutNegation(name.text), [](const Name& found) { return found.isBoolean; });
@@ -46,14 +34,14 @@ std::optional<unsigned int> DeclarationIndex::find(const HashedName& name,
 DeclarationIndex::Match DeclarationIndex::findBest(const HashedName& typed,
                                                    const OptionList& options) {
   if (const Name* const exact = findName(typed, options))
-    return {Match::unique, exact->option, "", typed.text};
+    return {Match::unique, exact->option, {}, typed.text};
   sortNames();
   Matches matches;
-  collect(m_sorted, typed.text, "", matches);
-  if (beginsWith(typed.text, negation))
+  collect(m_sorted, typed.text, {}, matches);
+  if (isNegated(typed.text))
     collect(m_sortedBooleans, withoutNegation(typed.text), negation, matches);
   else if (beginsWith(negation, typed.text))
-    collect(m_sortedBooleans, "", negation, matches);
+    collect(m_sortedBooleans, {}, negation, matches);
   if (matches.count != 1)
     return {matches.count == 0 ? Match::none : Match::ambiguous};
   const Name& match = m_names[matches.first];
@@ -136,8 +124,8 @@ void DeclarationIndex::sortNames() {
   m_sorted.swap(sorted);
 }
 
-void DeclarationIndex::collect(const Sorted& sorted, std::string_view prefix, const char* ahead,
-                               Matches& matches) const {
+void DeclarationIndex::collect(const Sorted& sorted, std::string_view prefix,
+                               std::string_view ahead, Matches& matches) const {
   auto match = std::lower_bound(sorted.begin(), sorted.end(), prefix,
                                 [&](std::uint32_t number, std::string_view wanted) {
                                   return m_names[number].name.text < wanted;

@@ -24,9 +24,9 @@ class DeclarationIndex {
   struct Match {
     enum Kind { none, unique, ambiguous };
     Kind kind = none;
-    unsigned int option = 0;     // of a unique match
-    const char* ahead = "";      // of a unique match: "no-" where the name is meant with it
-    std::string_view name = {};  // of a unique match: in full
+    unsigned int option = 0;      // of a unique match
+    std::string_view ahead = {};  // of a unique match: the negation where the name is meant with it
+    std::string_view name = {};   // of a unique match: in full
   };
 
   explicit DeclarationIndex(OwnedMemory* memory)
@@ -71,7 +71,7 @@ class DeclarationIndex {
   void learn(const OptionList& options);
   void settle(std::uint32_t option, const OptionList& options);
   void sortNames();
-  void collect(const Sorted& sorted, std::string_view prefix, const char* ahead,
+  void collect(const Sorted& sorted, std::string_view prefix, std::string_view ahead,
                Matches& matches) const;
 
   NameTable<Name> m_names;

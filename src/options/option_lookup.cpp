@@ -2,21 +2,17 @@
 
 #include <algorithm>
 
+#include "options/negation.h"
 #include "options/option_description.h"
 
 namespace kivo_3_3 {
 
 namespace {
 
-// Compares without putting "no-" and the name together.
-bool isNegationOf(const std::string& text, std::string_view name) {
-  return text.size() == name.size() + 3 && text.compare(0, 3, "no-") == 0 &&
-         text.compare(3, std::string::npos, name) == 0;
-}
-
 bool answersTo(const OptionDescription& option, const std::string& text) {
   const auto isMeant = [&](std::string_view name) {
-    return name == text || (option.m_type == vtBool && isNegationOf(text, name));
+    return name == text ||
+           (option.m_type == vtBool && isNegated(text) && withoutNegation(text) == name);
   };
   return std::any_of(option.m_names.begin(), option.m_names.end(), isMeant);
 }

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <type_traits>
 
+#include "base/begins_with.h"
 #include "base/white_space.h"
 
 namespace kivo_3_3 {
@@ -21,7 +22,7 @@ bool areHexDigits(std::string_view text) {
 }
 
 bool isHexadecimal(std::string_view text) {
-  const bool prefixed = (text.substr(0, 2) == "0x" || text.substr(0, 2) == "0X");
+  const bool prefixed = beginsWith(text, "0x") || beginsWith(text, "0X");
   if (prefixed && areHexDigits(text.substr(2)))
     return true;
   const char last = text.at(text.size() - 1);
@@ -89,7 +90,10 @@ class ClassicReader {
     return negative && std::is_signed<T>::value ? largest + 1 : largest;
   }
 
-  void skipSpace() { m_next = std::find_if_not(m_next, m_end, isClassicSpace); }
+  void skipSpace() {
+    while (m_next != m_end && isClassicSpace(*m_next))
+      ++m_next;
+  }
 
   const char* m_next;
   const char* m_end;

@@ -25,8 +25,8 @@ bool appendClassicValue(variant_type_t type, const variant_t& value, std::string
 // is read under a type that options do not have.
 bool canBecomeText(variant_type_t type, const variant_t& value);
 
-// The same text, kept in `garbage`; null under a type that options do not have. Raises
-// std::bad_alloc when it cannot be kept.
+// The text that appendValue() appends, kept in `garbage`; null under a type that options do not
+// have. Raises std::bad_alloc when it cannot be kept.
 const char* valueToText(variant_type_t type, const variant_t& value, Garbage& garbage);
 
 // What `text` stands for under `type`; `vtNull` where it stands for nothing and under a

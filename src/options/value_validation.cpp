@@ -8,6 +8,7 @@
 
 #include <ostream>
 
+#include "base/begins_with.h"
 #include "base/quoted.h"
 #include "bedrock/console.h"
 #include "options/option_description.h"
@@ -77,7 +78,7 @@ int complete(const OptionDescription& option, std::string_view text, variant_t& 
   int passed = 0;
   anyCandidate(option, [&](const variant_t& candidate) {
     const std::string_view whole = readAsText(candidate);
-    if (whole.substr(0, text.size()) == text) {
+    if (beginsWith(whole, text)) {
       ++passed;
       completed = whole;
       value = variant_t(whole.data(), true);

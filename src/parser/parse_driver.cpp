@@ -139,8 +139,8 @@ int BasicParser::unidentifiedProblem() {
   return status::unidentifiedProblem;
 }
 
-// Defaults become text at every parse, in the locale of that moment. Where nobody can tell,
-// the texts of the parse before are taken.
+// Defaults become text at every parse, in the locale of that moment. Where no tool can tell the
+// difference, the texts of the previous parse are reused.
 void BasicParser::applyDefaults(ParseResult& result) {
   if (isClassicLocale()) {
     const auto defaults = m_storage.index().timelessDefaults(m_storage.options());

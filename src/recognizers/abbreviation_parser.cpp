@@ -3,6 +3,7 @@
 #include <kivo/status.h>
 
 #include "base/quoted.h"
+#include "options/negation.h"
 #include "stratum2/find_best_match.h"
 
 namespace kivo_3_3 {
@@ -15,10 +16,6 @@ constexpr std::size_t shortestArgument = 2;
 
 // Only the ASCII hyphen counts here: a value may begin with a typographic dash.
 bool startsWithHyphen(std::string_view text) { return !text.empty() && text.front() == '-'; }
-
-bool isNegated(const DeclarationIndex::Match& match) {
-  return *match.ahead != '\0' || match.name.substr(0, 3) == "no-";
-}
 
 // The words run together, as they always have.
 [[gnu::cold]] string takesNoValue(const OptionDescription& option, const string& inArgument) {
@@ -121,7 +118,7 @@ int AbbreviationParser::decideValue(const OptionDescription& option, const Argum
   if (option.m_type == vtBool) {
     if (!value.empty())
       return fail(error, isBoolean(option, formatTokenMessage(args.front())));
-    value = isNegated(m_match) ? "0" : "1";
+    value = !m_match.ahead.empty() || isNegated(m_match.name) ? "0" : "1";
     return status::success;
   }
   return value.empty() ? takeValueFromNext(option, args, value, error) : status::success;
@@ -157,15 +154,12 @@ void AbbreviationParser::listCandidates(std::string_view name, const OptionList&
 
 void AbbreviationParser::makeOptionNamesList(const OptionList& options, std::vector<string>& names,
                                              std::string_view beginning) {
-  const auto beginsSo = [&](std::string_view name) {
-    return name.substr(0, beginning.size()) == beginning;
-  };
   for (const OptionDescription& option : options) {
     for (const HashedName& name : option.m_names) {
-      if (beginsSo(name))
+      if (beginsWith(name.text, beginning))
         names.emplace_back(name.text);
-      const string negated = option.m_type == vtBool ? joined("no-", name.text) : "";
-      if (!negated.empty() && beginsSo(negated))
+      const string negated = option.m_type == vtBool ? joined(negation, name.text) : "";
+      if (!negated.empty() && beginsWith(negated, beginning))
         names.push_back(negated);
     }
   }

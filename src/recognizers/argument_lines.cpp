@@ -15,8 +15,9 @@ string_view withoutLineEnd(string_view line) {
 }
 
 string_view withoutIndent(string_view line, const WhiteSpace& isSpace) {
-  const auto first = std::find_if_not(line.begin(), line.end(), isSpace);
-  return line.substr(static_cast<std::size_t>(first - line.begin()));
+  while (!line.empty() && isSpace(line.front()))
+    line.remove_prefix(1);
+  return line;
 }
 
 bool isComment(string_view line) {

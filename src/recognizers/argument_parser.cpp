@@ -6,14 +6,11 @@
 
 #include "recognizers/argument_parser.h"
 
+#include <bedrock/single_thread.h>
 #include <kivo/status.h>
 
 #include <algorithm>
 #include <utility>
-
-#if __has_include(<sys/single_threaded.h>)
-#include <sys/single_threaded.h>
-#endif
 
 #include "base/quoted.h"
 
@@ -43,15 +40,12 @@ namespace {
 }
 
 // Puts `next` in the place of `expected`. Where another thread was faster, `expected` becomes what
-// the counter is now, and false comes back. While a process has one thread only, a plain store does
-// the same at a fraction of the cost.
+// the counter is now, and false comes back.
 bool advance(int& counter, int& expected, int next) {
-#if __has_include(<sys/single_threaded.h>)
-  if (__libc_single_threaded != 0) {
+  if (BEDROCK::hasOneThread()) {
     counter = next;
     return true;
   }
-#endif
   return __atomic_compare_exchange_n(&counter, &expected, next, true, __ATOMIC_RELAXED,
                                      __ATOMIC_RELAXED);
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <string_view>
 
@@ -31,9 +30,11 @@ inline ArgumentParts splitArgument(std::string_view argument, const WhiteSpace& 
   std::string_view rest = argument;
   rest.remove_prefix(dashLength(rest));
   rest.remove_prefix(dashLength(rest));
-  const auto endsName = [&](char character) { return character == '=' || isSpace(character); };
-  const auto nameEnd = std::find_if(rest.begin(), rest.end(), endsName);
-  const auto length = static_cast<std::size_t>(nameEnd - rest.begin());
+  const char* nameEnd = rest.data();
+  const char* const end = nameEnd + rest.size();
+  while (nameEnd != end && *nameEnd != '=' && !isSpace(*nameEnd))
+    ++nameEnd;
+  const auto length = static_cast<std::size_t>(nameEnd - rest.data());
   ArgumentParts parts = {{rest.data(), length}, {}, length < rest.size()};
   rest.remove_prefix(length);
   if (parts.hasValue && rest.front() == '=')

@@ -4,9 +4,6 @@ namespace kivo_3_3 {
 
 namespace {
 
-// Texts are prefetched this far ahead: about as long as memory takes to answer.
-constexpr std::size_t farAhead = 8;
-
 // The first element from `begin` on that `isBefore` is false for. An ordered list is not
 // walked, so that each of many occurrences can be asked for what is its own.
 template <class List, class IsBefore>
@@ -65,21 +62,26 @@ Value ResultCursor::next() {
   return nextOf(*data);
 }
 
-// The typed form of a text gets its own characters when it is first delivered, and all later
-// deliveries share them.
 Value ResultCursor::nextOf(GivenOption& option) {
   m_place.value = firstValue(option, m_place.value, m_place.rangeFrom);
   // The data may have become shorter: options can share a name, which one then takes over.
-  if (m_place.value >= option.values.size() ||
-      option.values[m_place.value].position > m_place.rangeTo)
+  if (m_place.value >= option.values.size())
     return {};
   GivenValue& value = option.values[m_place.value];
+  if (value.position > m_place.rangeTo)
+    return {};
   const char* const text = m_texts.intern(value.text);
   makeOwning(value.value);
-  ++m_place.value;
-  if (option.values.size() - m_place.value > farAhead)
-    m_texts.prefetch(option.values[m_place.value + farAhead].text);
+  if (option.values.size() - ++m_place.value > InternedTexts::farAhead)
+    m_texts.prefetch(option.values[m_place.value + InternedTexts::farAhead].text);
   return {text, value.value, value.position};
+}
+
+// The typed form of a text gets its own characters when it is first delivered, and all later
+// deliveries share them.
+void ResultCursor::makeOwning(variant_t& value) {
+  if (value.type() == stratum2::vtStringReference)
+    value = m_typedTexts.make(value.get<const char*>());
 }
 
 bool ResultCursor::present(const char* name, int from, int to) {

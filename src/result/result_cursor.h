@@ -7,6 +7,7 @@
 
 #include "base/interned_texts.h"
 #include "result/stored_options.h"
+#include "stratum2/text_pool.h"
 
 namespace kivo_3_3 {
 
@@ -53,11 +54,13 @@ class ResultCursor {
   Found select(const char* name, int from, int to);
   GivenOption* given();
   Value nextOf(GivenOption& option);
+  void makeOwning(variant_t& value);
   Value defaultValue();
 
   Place m_place;
   StoredOptions& m_options;
   InternedTexts& m_texts;
+  stratum2::text_pool_t m_typedTexts;
 };
 
 }  // namespace kivo_3_3

@@ -50,12 +50,12 @@ StoredOptions::Group* StoredOptions::groupFor(const Names& names) {
   return areAlone ? common : nullptr;
 }
 
-// Gives the names that were added last, so many of them, this group.
-void StoredOptions::share(Group& group, std::size_t names) {
+// Gives this group to the last `count` names in the table.
+void StoredOptions::share(Group& group, std::size_t count) {
   const std::size_t end = m_names.entries().size();
-  for (std::size_t number = end - names; number < end; ++number)
+  for (std::size_t number = end - count; number < end; ++number)
     m_names[static_cast<Number>(number)].group = &group;
-  group.names = static_cast<Number>(names);
+  group.names = static_cast<Number>(count);
 }
 
 void StoredOptions::lookUp(const Names& names) {
@@ -126,8 +126,8 @@ void StoredOptions::apply(std::shared_ptr<const DeclaredDefaults> defaults, int 
   m_applied.push_back({std::move(defaults), first});
 }
 
-// The defaults applied last were complete only after their call. Room for one more comes first:
-// when memory runs out, nothing has changed.
+// Compares with the defaults of the parse before, which were still incomplete when apply() got
+// them. Room for one more comes first: when memory runs out, nothing has changed.
 void StoredOptions::dropOutdated(const DeclaredDefaults* replaced) {
   m_applied.reserve(m_applied.size() + 1);
   const std::shared_ptr<const DeclaredDefaults> latest = m_applied.back().defaults;

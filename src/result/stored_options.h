@@ -95,7 +95,7 @@ class StoredOptions {
   [[gnu::cold]] void dropOutdated(const DeclaredDefaults* replaced);
   Group* groupFor(const Names& names);
   [[gnu::cold]] void lookUp(const Names& names);
-  void share(Group& group, std::size_t names);
+  void share(Group& group, std::size_t count);
   static void lead(Name& name, Group& group);
   [[gnu::cold]] void storeApart(const Names& names, const OptionData& occurrence);
   [[gnu::cold]] void replace(const OptionData& occurrence);

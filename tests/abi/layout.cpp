@@ -57,6 +57,7 @@ void records() {
   field("m_bytes", offsetof(variant_t::data_t, m_bytes), sizeof(variant_t::data_t::m_bytes));
   field("m_references", offsetof(variant_t::data_t, m_references),
         sizeof(variant_t::data_t::m_references));
+  field("m_offset", offsetof(variant_t::data_t, m_offset), sizeof(variant_t::data_t::m_offset));
   record<WordWrappedText>("WordWrappedText");
   field("m_text", offsetof(WordWrappedText, m_text), sizeof(WordWrappedText::m_text));
   record<EventHandler>("EventHandler");

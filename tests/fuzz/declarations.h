@@ -16,6 +16,7 @@
 
 #include "fuzz/script.h"
 #include "options/option_description.h"
+#include "options/value_conversion.h"
 
 namespace kivo_3_3::fuzzing {
 
@@ -46,24 +47,6 @@ inline variant_t valueOf(const std::string& type, const std::string& text) {
       return text.c_str();
     default:
       return {};
-  }
-}
-
-// Whether an option of this type may have the value as its default, or allow it.
-inline bool suits(variant_type_t type, const variant_t& value) {
-  switch (type) {
-    case vtBool:
-    case vtS32:
-    case vtU32:
-    case vtS64:
-    case vtU64:
-      return value.can_get<u64_t>();
-    case vtDouble:
-      return value.can_get<double>();
-    case vtString:
-      return value.can_get<const char*>();
-    default:
-      return true;
   }
 }
 
@@ -189,7 +172,7 @@ class Declarations {
 
   variant_t checked(const Step& step) {
     const variant_t value = valueOf(step.text(0), step.text(1));
-    m_valuesSuit &= suits(m_builder->m_type, value);
+    m_valuesSuit &= canBecomeText(m_builder->m_type, value);
     m_tearsLines |= step.text(1).find('\n') != std::string::npos;
     return value;
   }

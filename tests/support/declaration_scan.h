@@ -22,7 +22,7 @@ inline std::string shown(std::optional<unsigned int> index) {
 
 inline std::string shown(const DeclarationIndex::Match& match) {
   if (match.kind == DeclarationIndex::Match::unique)
-    return match.ahead + std::string(match.name) + "@" + std::to_string(match.option);
+    return std::string(match.ahead).append(match.name) + "@" + std::to_string(match.option);
   return match.kind == DeclarationIndex::Match::none ? "none" : "ambiguous";
 }
 

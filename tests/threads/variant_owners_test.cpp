@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 #include <kivo/value.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "stratum2/text_pool.h"
 #include "threads/parsing.h"
 #include "threads/together.h"
 
@@ -33,6 +35,32 @@ TEST(TextOfAVariant, IsFreedWithItsLastOwnerOnWhateverThread) {
       mine = variant_t();
       ASSERT_EQ("text " + std::to_string(place++), copy.get<const char*>());
     }
+  });
+}
+
+// One thread makes the texts and ends the pool, while both release what they have of them.
+TEST(TextOfAVariant, MadeInAPoolIsFreedOnWhateverThread) {
+  constexpr int texts = 50000;
+  std::vector<variant_t> shared;
+  {
+    stratum2::text_pool_t pool;
+    for (int i = 0; i < texts; ++i)
+      shared.push_back(pool.make(std::to_string(i).c_str()));
+  }
+  auto pool = std::make_unique<stratum2::text_pool_t>();
+  for (int i = 0; i < texts; ++i)
+    shared.push_back(pool->make(std::to_string(i).c_str()));
+  together(2, [&](int number) {
+    const std::size_t half = shared.size() / 2;
+    for (std::size_t i = 0; i < half; ++i) {
+      variant_t& mine = shared[i * 2 + static_cast<std::size_t>(number)];
+      const variant_t copy = mine;
+      mine = {};
+      ASSERT_EQ(std::to_string((i * 2 + static_cast<std::size_t>(number)) % texts),
+                copy.get<const char*>());
+    }
+    if (number == 0)
+      pool.reset();
   });
 }
 

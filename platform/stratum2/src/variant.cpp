@@ -3,11 +3,9 @@
 #include <cstring>
 #include <new>
 
-#if __has_include(<sys/single_threaded.h>)
-#include <sys/single_threaded.h>
-#endif
-
 #include "bedrock/assertion.h"
+#include "counter.h"
+#include "stratum2/text_pool.h"
 
 namespace stratum2 {
 
@@ -16,19 +14,6 @@ namespace {
 void verify(bool holds, const char* expression, int line) {
   if (!holds)
     BEDROCK::assertion_failed(expression, __FILE__, line);
-}
-
-// Returns the number before. While a process has one thread only, an addition that is not atomic
-// does the same at a fraction of the cost.
-int add(std::atomic<int>& references, int change) noexcept {
-#if __has_include(<sys/single_threaded.h>)
-  if (__libc_single_threaded != 0) {
-    const int before = references.load(std::memory_order_relaxed);
-    references.store(before + change, std::memory_order_relaxed);
-    return before;
-  }
-#endif
-  return references.fetch_add(change, std::memory_order_acq_rel);
 }
 
 }  // namespace
@@ -50,17 +35,24 @@ variant_t::variant_t(const char* text, bool reference)
     return;
   }
   const std::size_t bytes = std::strlen(text) + 1;
-  m_value.m_data = new (m_mem.allocate(sizeof(data_t) + bytes)) data_t{bytes, {1}};
+  m_value.m_data = new (m_mem.allocate(sizeof(data_t) + bytes)) data_t{bytes, {1}, 0};
   std::memcpy(reinterpret_cast<char*>(m_value.m_data + 1), text, bytes);
 }
 
 void variant_t::retain() noexcept { add(m_value.m_data->m_references, 1); }
 
+void variant_t::free(data_t* data) noexcept {
+  if (data->m_offset == 0)
+    m_mem.free(data);
+  else
+    text_pool_t::leave(data);
+}
+
 // The only owner needs not say that it is gone.
 void variant_t::release() noexcept {
   std::atomic<int>& references = m_value.m_data->m_references;
   if (references.load(std::memory_order_acquire) == 1 || add(references, -1) == 1)
-    m_mem.free(m_value.m_data);
+    free(m_value.m_data);
 }
 
 void variant_t::reportUnsuitableRead() { verify(false, "can_get<T>()", __LINE__); }

@@ -38,6 +38,8 @@ enum variant_type_t : int {
   vtObject = 18
 };
 
+class text_pool_t;
+
 /// Compares two texts byte by byte, bytes taken as unsigned: negative, zero or
 /// positive where `left` stands before, with or after `right`.
 int string_compare(const char* left, const char* right);
@@ -125,6 +127,7 @@ class [[gnu::visibility("default")]] variant_t {
   struct data_t {
     std::size_t m_bytes;
     std::atomic<int> m_references;
+    unsigned int m_offset;  // in a chunk of text_pool_t; 0 for what has memory of its own
   };
   union value_t {
     s64_t m_signed;
@@ -134,6 +137,9 @@ class [[gnu::visibility("default")]] variant_t {
     const char* m_reference;
   };
 
+  friend class text_pool_t;
+
+  explicit variant_t(data_t * data) noexcept : m_type(vtString) { m_value.m_data = data; }
   variant_t(variant_type_t type, s64_t value) noexcept : m_type(type) { m_value.m_signed = value; }
   variant_t(variant_type_t type, u64_t value) noexcept : m_type(type) {
     m_value.m_unsigned = value;
@@ -165,6 +171,7 @@ class [[gnu::visibility("default")]] variant_t {
 
   void retain() noexcept;
   void release() noexcept;
+  [[gnu::visibility("hidden")]] static void free(data_t * data) noexcept;
   static void reportUnsuitableRead();
 
   static allocator_t m_mem;
