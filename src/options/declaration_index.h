@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "base/name_table.h"
 #include "options/declared_defaults.h"
 #include "options/option_description.h"
+#include "storage/name_table.h"
 
 namespace kivo_3_3 {
 

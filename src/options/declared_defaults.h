@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <string_view>
 
-#include "base/name_table.h"
-#include "base/owned_memory.h"
 #include "options/option_description.h"
+#include "storage/name_table.h"
+#include "storage/owned_memory.h"
 
 namespace kivo_3_3 {
 

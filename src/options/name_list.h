@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "base/hashed_name.h"
-#include "base/owned_memory.h"
+#include "storage/hashed_name.h"
+#include "storage/owned_memory.h"
 
 namespace kivo_3_3 {
 

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "base/owned_memory.h"
+#include "storage/owned_memory.h"
 
 namespace kivo_3_3 {
 

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "base/garbage.h"
 #include "options/name_list.h"
+#include "storage/garbage.h"
 
 namespace kivo_3_3 {
 

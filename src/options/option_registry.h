@@ -3,10 +3,10 @@
 #include <cstdint>
 #include <string_view>
 
-#include "base/garbage.h"
-#include "base/name_table.h"
 #include "options/declaration_index.h"
 #include "options/option_description.h"
+#include "storage/garbage.h"
+#include "storage/name_table.h"
 
 namespace kivo_3_3 {
 

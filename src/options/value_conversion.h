@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/garbage.h"
+#include "storage/garbage.h"
 
 namespace kivo_3_3 {
 

@@ -8,10 +8,10 @@
 #include <string_view>
 #include <vector>
 
-#include "base/garbage.h"
 #include "base/running_call.h"
 #include "options/option_registry.h"
 #include "recognizers/argument_window.h"
+#include "storage/garbage.h"
 
 namespace kivo_3_3 {
 

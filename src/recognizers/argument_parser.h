@@ -7,11 +7,11 @@
 #include <string>
 #include <string_view>
 
-#include "base/owned_memory.h"
 #include "base/trace.h"
 #include "options/option_data.h"
 #include "options/option_description.h"
 #include "recognizers/argument_window.h"
+#include "storage/owned_memory.h"
 
 namespace kivo_3_3 {
 

@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <limits>
 
-#include "base/segmented_list.h"
 #include "options/option_data.h"
+#include "storage/segmented_list.h"
 
 namespace kivo_3_3 {
 

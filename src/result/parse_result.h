@@ -7,13 +7,13 @@
 #include <utility>
 #include <vector>
 
-#include "base/garbage.h"
-#include "base/interned_texts.h"
-#include "base/owned_memory.h"
 #include "options/option_data.h"
 #include "options/option_description.h"
 #include "result/result_cursor.h"
 #include "result/stored_options.h"
+#include "storage/garbage.h"
+#include "storage/interned_texts.h"
+#include "storage/owned_memory.h"
 
 namespace kivo_3_3 {
 

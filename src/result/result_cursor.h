@@ -5,8 +5,8 @@
 #include <optional>
 #include <string_view>
 
-#include "base/interned_texts.h"
 #include "result/stored_options.h"
+#include "storage/interned_texts.h"
 #include "stratum2/text_pool.h"
 
 namespace kivo_3_3 {

@@ -7,12 +7,12 @@
 #include <optional>
 #include <vector>
 
-#include "base/name_table.h"
-#include "base/owned_memory.h"
 #include "options/declared_defaults.h"
 #include "options/name_list.h"
 #include "options/option_data.h"
 #include "result/given_option.h"
+#include "storage/name_table.h"
+#include "storage/owned_memory.h"
 
 namespace kivo_3_3 {
 

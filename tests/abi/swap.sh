@@ -45,7 +45,7 @@ copySources() {
 growInternals() {
   local grown
   for grown in parser/basic_parser.h:BasicParser result/parse_result.h:ParseResult \
-               options/option_description.h:OptionDescription base/garbage.h:Garbage; do
+               options/option_description.h:OptionDescription storage/garbage.h:Garbage; do
     sed -i -E "s/^class ${grown#*:} .*\{\$/&\n  long m_grown[3] = {1, 2, 3};/" "$1/src/${grown%:*}"
     grep -q m_grown "$1/src/${grown%:*}" || { echo "cannot grow ${grown#*:}"; return 1; }
   done

@@ -8,11 +8,12 @@ cd "$1"
 
 declare -A mayInclude=(
   [base]=""
-  [options]="base"
-  [recognizers]="options base"
-  [result]="recognizers options base"
-  [help]="options base"
-  [parser]="base options recognizers result help"
+  [storage]="base"
+  [options]="storage base"
+  [recognizers]="options storage base"
+  [result]="options storage base"
+  [help]="options storage base"
+  [parser]="recognizers result help options storage base"
 )
 violations=0
 
@@ -34,10 +35,11 @@ while read -r file included; do
   [[ " ${mayInclude[$room]} " == *" $target "* ]] || complain "$file may not include $included"
 done < <(includes src)
 
-if grep -rnE '#include ("|<(base|options|recognizers|result|help|parser)/)' include; then
+rooms=$(IFS='|' && echo "${!mayInclude[*]}")
+if grep -rnE "#include (\"|<($rooms)/)" include; then
   complain "a public header includes what is not public"
 fi
-if grep -rnE '#include [<"](kivo|base|options|recognizers|result|help|parser)/' platform; then
+if grep -rnE "#include [<\"](kivo|$rooms)/" platform; then
   complain "a platform layer includes the library that stands on it"
 fi
 if grep -rnE '#include [<"]stratum2/' platform/bedrock; then

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "base/colliding_texts.h"
 #include "parser/basic_parser.h"
+#include "storage/colliding_texts.h"
 #include "support/command.h"
 #include "support/recording_handler.h"
 

@@ -2,7 +2,7 @@
 
 #include <sys/mman.h>
 
-#include <cstdint>
+#include <memory>
 #include <new>
 
 namespace BEDROCK {
@@ -17,10 +17,10 @@ void* allocateInLargePages(std::size_t bytes) {
   void* const memory = ::operator new(bytes);
 #ifdef MADV_HUGEPAGE
   if (bytes >= 2 * largePage) {
-    const std::uintptr_t begin = reinterpret_cast<std::uintptr_t>(memory);
-    const std::uintptr_t aligned = (begin + largePage - 1) / largePage * largePage;
-    const std::uintptr_t end = (begin + bytes) / largePage * largePage;
-    madvise(reinterpret_cast<void*>(aligned), end - aligned, MADV_HUGEPAGE);
+    void* firstPage = memory;
+    std::size_t rest = bytes;
+    std::align(largePage, largePage, firstPage, rest);
+    madvise(firstPage, rest / largePage * largePage, MADV_HUGEPAGE);
   }
 #endif
   return memory;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "base/interned_texts.h"
-#include "base/owned_memory.h"
+#include "storage/interned_texts.h"
+#include "storage/owned_memory.h"
 
 namespace kivo_3_3 {
 

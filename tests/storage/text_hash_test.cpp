@@ -1,4 +1,4 @@
-#include "base/text_hash.h"
+#include "storage/text_hash.h"
 
 #include <gtest/gtest.h>
 
@@ -6,8 +6,8 @@
 #include <set>
 #include <string>
 
-#include "base/colliding_texts.h"
 #include "bedrock/seed.h"
+#include "storage/colliding_texts.h"
 
 namespace kivo_3_3::testing {
 namespace {

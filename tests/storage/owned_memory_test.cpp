@@ -1,7 +1,7 @@
 // Memory that ends with its owner: small blocks together with it, large ones when they
 // are given back.
 
-#include "base/owned_memory.h"
+#include "storage/owned_memory.h"
 
 #include <gtest/gtest.h>
 

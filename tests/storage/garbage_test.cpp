@@ -1,4 +1,4 @@
-#include "base/garbage.h"
+#include "storage/garbage.h"
 
 #include <gtest/gtest.h>
 

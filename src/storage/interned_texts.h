@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "base/owned_memory.h"
-#include "base/text_hash.h"
+#include "storage/owned_memory.h"
+#include "storage/text_hash.h"
 
 namespace kivo_3_3 {
 

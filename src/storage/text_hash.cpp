@@ -1,4 +1,4 @@
-#include "base/text_hash.h"
+#include "storage/text_hash.h"
 
 #include <cstring>
 

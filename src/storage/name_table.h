@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "base/hashed_name.h"
-#include "base/owned_memory.h"
+#include "storage/hashed_name.h"
+#include "storage/owned_memory.h"
 
 namespace kivo_3_3 {
 

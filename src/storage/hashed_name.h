@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "base/eight_characters.h"
+#include "storage/eight_characters.h"
 
 namespace kivo_3_3 {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "base/text_hash.h"
+#include "storage/text_hash.h"
 
 namespace kivo_3_3::testing {
 

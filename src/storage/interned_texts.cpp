@@ -1,4 +1,4 @@
-#include "base/interned_texts.h"
+#include "storage/interned_texts.h"
 
 #include <cstring>
 

@@ -1,4 +1,4 @@
-#include "base/owned_memory.h"
+#include "storage/owned_memory.h"
 
 #include <algorithm>
 

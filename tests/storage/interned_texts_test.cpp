@@ -1,4 +1,4 @@
-#include "base/interned_texts.h"
+#include "storage/interned_texts.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "allocation/allocation_limit.h"
-#include "base/colliding_texts.h"
+#include "storage/colliding_texts.h"
 
 namespace kivo_3_3::testing {
 namespace {

@@ -1,4 +1,4 @@
-#include "base/garbage.h"
+#include "storage/garbage.h"
 
 namespace kivo_3_3 {
 

@@ -1,4 +1,4 @@
-#include "base/name_table.h"
+#include "storage/name_table.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <string>
 
 #include "allocation/allocation_limit.h"
-#include "base/owned_memory.h"
+#include "storage/owned_memory.h"
 
 namespace kivo_3_3::testing {
 namespace {

@@ -6,7 +6,7 @@
 #include <new>
 #include <type_traits>
 
-#include "base/owned_memory.h"
+#include "storage/owned_memory.h"
 
 namespace kivo_3_3 {
 

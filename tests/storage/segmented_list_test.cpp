@@ -1,6 +1,6 @@
 // A list that grows without moving its elements, however many come behind them.
 
-#include "base/segmented_list.h"
+#include "storage/segmented_list.h"
 
 #include <gtest/gtest.h>
 
