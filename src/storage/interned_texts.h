@@ -61,8 +61,8 @@ class InternedTexts {
   std::size_t freeSlot(std::uint32_t hash) const;
   void enterAll();
   const char* textOf(std::size_t number) const {
-    return number < usualTexts ? m_usualTexts[number]
-                               : m_chunks[number / usualTexts - 1][number % usualTexts];
+    const std::size_t chunk = number / usualTexts;  // 0 for the usual texts
+    return (chunk == 0 ? m_usualTexts : m_chunks[chunk - 1])[number % usualTexts];
   }
   void append(const char* text) {
     const char** const chunk = m_size < usualTexts ? m_usualTexts : m_chunks.back();
