@@ -29,9 +29,18 @@ IOption::~IOption() = default;
 
 IOption* OptionDescription::synonym(const char* name) {
   if (name != nullptr)
-    amend([&] { m_names.emplace_back(m_garbage->memory().copy(name)); });
+    amend([&] { addName(name); });
   ++m_changes;
   return this;
+}
+
+// Whatever may raise std::bad_alloc comes before the index is changed.
+void OptionDescription::addName(std::string_view name) {
+  if (m_index != nullptr)
+    m_index->makeRoomFor(1);
+  const HashedName& added = m_names.emplace_back(m_garbage->memory().copy(name));
+  if (m_index != nullptr)
+    m_index->add(added, m_number, m_type == stratum2::vtBool);
 }
 
 IOption* OptionDescription::allowValue(const variant_t& value) {

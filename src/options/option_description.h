@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "options/name_index.h"
 #include "options/name_list.h"
 #include "storage/garbage.h"
 
@@ -93,6 +94,12 @@ class OptionDescription final : public IOption {
   Garbage* m_garbage = nullptr;
   std::uint64_t m_identity = 0;  // in this process; 0 for one that no registry has made
   std::uint32_t m_changes = 0;   // the number of amendments
+  // Where the names are found, and the number of the option there; null without a registry.
+  NameIndex* m_index = nullptr;
+  std::uint32_t m_number = 0;
+
+ private:
+  void addName(std::string_view name);
 };
 
 // Everything that one parser has declared, in that order. Descriptions stay where they are.

@@ -23,7 +23,8 @@ RegisteredOptionStorage::RegisteredOptionStorage(Garbage* garbage)
     : m_garbage(garbage),
       m_options(&garbage->memory()),
       m_groups(&garbage->memory()),
-      m_index(&garbage->memory()),
+      m_names(&garbage->memory()),
+      m_summary(m_options, &garbage->memory()),
       m_identity(lastIdentity += identityStep) {
   m_fallback.m_garbage = garbage;
 }
@@ -54,6 +55,7 @@ IOption* RegisteredOptionStorage::declare(const char* names, const char* tags,
     groupFor(orEmpty(group));
     return reject();
   }
+  m_names.makeRoomFor(wanted.size());
   OptionDescription& declared = m_options.emplace_back(&m_garbage->memory());
   try {
     declared.m_names = std::move(wanted);
@@ -62,11 +64,15 @@ IOption* RegisteredOptionStorage::declare(const char* names, const char* tags,
     declared.m_tokenizer = m_tokenizer;
     declared.m_garbage = m_garbage;
     declared.m_identity = m_identity + m_options.size();
+    declared.m_index = &m_names;
+    declared.m_number = static_cast<std::uint32_t>(m_options.size() - 1);
     fill(declared, isAction ? names : nullptr, tags, description, group);
   } catch (...) {
     m_options.pop_back();
     throw;
   }
+  for (const HashedName& name : declared.m_names)
+    m_names.add(name, declared.m_number, type == stratum2::vtBool);
   return &declared;
 }
 
@@ -108,9 +114,8 @@ const RegisteredOptionStorage::Group& RegisteredOptionStorage::groupFor(std::str
 }
 
 bool RegisteredOptionStorage::isTaken(const Names& names) {
-  return std::any_of(names.begin(), names.end(), [&](const HashedName& name) {
-    return m_index.find(name, m_options).has_value();
-  });
+  return std::any_of(names.begin(), names.end(),
+                     [&](const HashedName& name) { return m_names.find(name).has_value(); });
 }
 
 IOption* RegisteredOptionStorage::reject() {

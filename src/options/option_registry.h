@@ -3,7 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "options/declaration_index.h"
+#include "options/declaration_summary.h"
+#include "options/name_index.h"
 #include "options/option_description.h"
 #include "storage/garbage.h"
 #include "storage/name_table.h"
@@ -40,7 +41,8 @@ class RegisteredOptionStorage final {
   OptionList& options() { return m_options; }
   // One for each distinct key, in order of first use.
   const Groups& groups() const { return m_groups.entries(); }
-  DeclarationIndex& index() { return m_index; }
+  NameIndex& names() { return m_names; }
+  DeclarationSummary& summary() { return m_summary; }
   const OptionDescription& fallback() const { return m_fallback; }
 
  private:
@@ -57,7 +59,8 @@ class RegisteredOptionStorage final {
   OptionList m_options;
   NameTable<Group> m_groups;
   OptionDescription m_fallback;
-  DeclarationIndex m_index;
+  NameIndex m_names;
+  DeclarationSummary m_summary;
   const std::uint64_t m_identity;
 };
 

@@ -49,7 +49,7 @@ int ActionRules::check(const StoredOptions& options, string& error) const {
     return collected;
   if (used.firstAction != nullptr)
     return checkModifiers(stored, *used.firstAction, error);
-  if (used.otherOptions && m_declarations.index().hasActions(m_declarations.options())) {
+  if (used.otherOptions && m_declarations.summary().hasActions()) {
     error = "No action defined.";
     return status::usageError;
   }
@@ -60,7 +60,7 @@ int ActionRules::check(const StoredOptions& options, string& error) const {
 std::vector<ActionRules::Stored> ActionRules::lookUp(const StoredOptions& options) const {
   std::vector<Stored> stored;
   for (const std::string_view name : options.names()) {
-    const auto index = m_declarations.index().find(name, m_declarations.options());
+    const auto index = m_declarations.names().find(name);
     stored.push_back(
         {index ? &m_declarations.options()[*index] : nullptr, options.find(name).has_value()});
   }

@@ -140,7 +140,7 @@ const char* BasicParser::helpFailed() {
 template <class Write>
 const char* BasicParser::composeTopic(const char* topic, bool hidden, Write write) {
   return compose([&](const HelpGenerator& help) {
-    const auto index = m_storage.index().find(topic, m_storage.options());
+    const auto index = m_storage.names().find(topic);
     return index ? write(help, *index) : isNotAvailable(topic) + getDescription(hidden);
   });
 }

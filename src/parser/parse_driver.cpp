@@ -143,7 +143,7 @@ int BasicParser::unidentifiedProblem() {
 // difference, the texts of the previous parse are reused.
 void BasicParser::applyDefaults(ParseResult& result) {
   if (isClassicLocale()) {
-    const auto defaults = m_storage.index().timelessDefaults(m_storage.options());
+    const auto defaults = m_storage.summary().timelessDefaults();
     const auto first =
         defaults != nullptr ? IArgumentParser::drawInARow(defaults->count()) : std::nullopt;
     if (first) {
@@ -158,7 +158,7 @@ void BasicParser::applyDefaults(ParseResult& result) {
 // before its conversion on.
 void BasicParser::applyEachDefault(ParseResult& result) {
   std::shared_ptr<DeclaredDefaults> applied;
-  m_storage.index().forEachDefault(m_storage.options(), [&](const OptionDescription& declared) {
+  m_storage.summary().forEachDefault([&](const OptionDescription& declared) {
     if (applied == nullptr) {
       applied = std::make_shared<DeclaredDefaults>();
       result.applyDefaults(applied, firstPosition);
@@ -225,8 +225,8 @@ int BasicParser::parse_phase_one(std::string_view separator, ArgumentWindow& arg
   if (store != nullptr)
     store->holdDeclarations(m_garbage);
   OptionList& options = m_storage.options();
-  PositionalOptionsParser positional(listener(), textsOf(store), m_flags, m_storage.index());
-  AbbreviationParser named(listener(), textsOf(store), m_flags, m_storage.index());
+  PositionalOptionsParser positional(listener(), textsOf(store), m_flags, m_storage.summary());
+  AbbreviationParser named(listener(), textsOf(store), m_flags, m_storage.names());
   const std::array<IArgumentParser*, 2> recognizers = {&positional, &named};
   while (!args.empty() && args.front() != separator) {
     IArgumentParser* recognizer = chooseRecognizer(recognizers, args, options);
@@ -255,7 +255,7 @@ int BasicParser::collectNonparsingArguments(std::string_view separator, Argument
     return status::success;
   PositionalOptionsParser positional(listener(), textsOf(result),
                                      m_flags & ~parserFlags::dashArgumentsAreNeverPositional,
-                                     m_storage.index());
+                                     m_storage.summary());
   ArgumentWindow rest = args;
   for (rest.drop(); !rest.empty(); rest.drop()) {
     const std::string_view argument = rest.front();
@@ -292,7 +292,7 @@ int BasicParser::parse_phase_two(std::string_view, ArgumentWindow&, IParseResult
   const ParseResult* store = storeOf(result);
   if (store == nullptr)
     return status::success;
-  const bool hasActions = m_storage.index().hasActions(m_storage.options());
+  const bool hasActions = m_storage.summary().hasActions();
   if (!hasActions && !store->isFilledByMany())
     return status::success;  // there is nothing to hold the options against
   return ActionRules(m_storage, m_simultaneousActions).check(store->options(), error);

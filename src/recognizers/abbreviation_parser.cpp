@@ -41,8 +41,8 @@ bool startsWithHyphen(std::string_view text) { return !text.empty() && text.fron
 }  // namespace
 
 AbbreviationParser::AbbreviationParser(EventHandler* handler, OwnedMemory* texts, int flags,
-                                       DeclarationIndex& index)
-    : IArgumentParser(handler, texts, flags), m_index(index) {
+                                       NameIndex& names)
+    : IArgumentParser(handler, texts, flags), m_names(names) {
   m_name = "AbbreviationParser";
 }
 
@@ -57,10 +57,10 @@ int AbbreviationParser::recognize(ArgumentWindow& args, OptionList& options, str
   if (m_handler != nullptr)
     m_whiteSpace = WhiteSpace();  // it may have changed the locale
   m_parts = splitArgument(argument, m_whiteSpace);
-  m_match = m_index.findBest(m_parts.name, options);
-  if (m_match.kind == DeclarationIndex::Match::none)
+  m_match = m_names.findBest(m_parts.name);
+  if (m_match.kind == NameIndex::Match::none)
     return 1;
-  if (m_match.kind == DeclarationIndex::Match::ambiguous) {
+  if (m_match.kind == NameIndex::Match::ambiguous) {
     listCandidates(m_parts.name, options);
     trace(": failed to get best match for '", m_parts.name, "' in argument '", argument,
           "':Ambiguous option, possible options are: ", m_candidates);

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "options/declaration_index.h"
+#include "options/name_index.h"
 #include "recognizers/argument_parser.h"
 #include "recognizers/split_argument.h"
 
@@ -17,7 +17,7 @@ namespace kivo_3_3 {
 class AbbreviationParser final : public IArgumentParser {
  public:
   // `index` is that of the options that recognize() and parse() are called with.
-  AbbreviationParser(EventHandler* handler, OwnedMemory* texts, int flags, DeclarationIndex& index);
+  AbbreviationParser(EventHandler* handler, OwnedMemory* texts, int flags, NameIndex& names);
 
   int recognize(ArgumentWindow& args, OptionList& options, std::string& error) override;
   int parse(ArgumentWindow& args, IResultCollector* collector, OptionList& options,
@@ -36,12 +36,12 @@ class AbbreviationParser final : public IArgumentParser {
                         std::string_view& value, std::string& error) const;
   void listCandidates(std::string_view name, const OptionList& options);
 
-  int m_optionIndex = -1;           // the option that recognize() matched, -1 for none
-  std::string m_candidates;         // the names an ambiguous argument may stand for, quoted
-  DeclarationIndex::Match m_match;  // what recognize() matched
-  ArgumentParts m_parts;            // of the argument that was recognized
+  int m_optionIndex = -1;    // the option that recognize() matched, -1 for none
+  std::string m_candidates;  // the names an ambiguous argument may stand for, quoted
+  NameIndex::Match m_match;  // what recognize() matched
+  ArgumentParts m_parts;     // of the argument that was recognized
   WhiteSpace m_whiteSpace;
-  DeclarationIndex& m_index;
+  NameIndex& m_names;
 };
 
 }  // namespace kivo_3_3

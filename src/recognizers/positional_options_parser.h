@@ -1,6 +1,6 @@
 #pragma once
 
-#include "options/declaration_index.h"
+#include "options/declaration_summary.h"
 #include "recognizers/argument_parser.h"
 
 namespace kivo_3_3 {
@@ -11,7 +11,7 @@ class PositionalOptionsParser final : public IArgumentParser {
  public:
   // `index` is that of the options that recognize() and parse() are called with.
   PositionalOptionsParser(EventHandler* handler, OwnedMemory* texts, int flags,
-                          DeclarationIndex& index);
+                          DeclarationSummary& summary);
 
   int recognize(ArgumentWindow& args, OptionList& options, std::string& error) override;
   int parse(ArgumentWindow& args, IResultCollector* collector, OptionList& options,
@@ -19,7 +19,7 @@ class PositionalOptionsParser final : public IArgumentParser {
   int getPriority() override { return -100; }
 
  private:
-  DeclarationIndex& m_index;
+  DeclarationSummary& m_summary;
 };
 
 }  // namespace kivo_3_3

@@ -41,6 +41,12 @@ class NameTable {
   template <class IsMeant>
   const Entry* find(const HashedName& name, IsMeant isMeant) const;
 
+  // After this, adding `count` entries does not raise. Raises std::bad_alloc.
+  void makeRoomFor(std::size_t count) {
+    while (m_room < count)
+      makeRoom();
+  }
+
   // When memory runs out, nothing has changed.
   Entry& add(Entry entry);
 

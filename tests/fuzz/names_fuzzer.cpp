@@ -42,9 +42,9 @@ string defaultsByScan(const Options& options) {
   return all;
 }
 
-string defaultsOf(DeclarationIndex& index, const Options& options) {
+string defaultsOf(DeclarationSummary& summary) {
   std::map<string, unsigned int> places;
-  if (const auto defaults = index.timelessDefaults(options))
+  if (const auto defaults = summary.timelessDefaults())
     for (const DeclaredDefaults::Default& one : defaults->all())
       places[string(one.name)] = one.place;
   string all;
@@ -87,12 +87,8 @@ class Registry {
 
  private:
   Options& options() { return m_storage.options(); }
-  std::optional<unsigned int> find(std::string_view name) {
-    return m_storage.index().find(name, options());
-  }
-  DeclarationIndex::Match findBest(std::string_view typed) {
-    return m_storage.index().findBest(typed, options());
-  }
+  std::optional<unsigned int> find(std::string_view name) { return m_storage.names().find(name); }
+  NameIndex::Match findBest(std::string_view typed) { return m_storage.names().findBest(typed); }
   DeclarationScan scan() { return DeclarationScan(options()); }
 
   static Names namesOf(const std::vector<string>& words) {
@@ -111,9 +107,9 @@ class Registry {
 
   void checkFlags() {
     expectEqual("the first positional option is found", positionalByScan(options()),
-                shown(m_storage.index().findPositional(options())));
+                shown(m_storage.summary().findPositional()));
     expectEqual("every default has its place", defaultsByScan(options()),
-                defaultsOf(m_storage.index(), options()));
+                defaultsOf(m_storage.summary()));
   }
 
   Garbage m_garbage;

@@ -11,7 +11,7 @@
 #include "fuzz/fuzz.h"
 #include "fuzz/parsing.h"
 #include "fuzz/script.h"
-#include "options/declaration_index.h"
+#include "options/declaration_summary.h"
 #include "options/make_option.h"
 #include "result/parse_result.h"
 #include "support/naive_result.h"
@@ -90,7 +90,7 @@ class Comparison {
   }
 
   void applyDefaults() {
-    if (const auto defaults = m_index.timelessDefaults(m_options))
+    if (const auto defaults = m_summary.timelessDefaults())
       m_result.applyDefaults(defaults, IArgumentParser::drawInARow(defaults->count()).value());
     for (const OptionDescription& option : m_options) {
       if (!option.m_hasDefault)
@@ -164,7 +164,7 @@ class Comparison {
 
   Garbage m_garbage;
   OptionList m_options;
-  DeclarationIndex m_index{&m_garbage.memory()};
+  DeclarationSummary m_summary{m_options, &m_garbage.memory()};
   ParseResult m_result;
   testing::NaiveResult m_model;
   int m_next = 1;

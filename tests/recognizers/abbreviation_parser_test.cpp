@@ -48,7 +48,7 @@ class NamedRecognizer : public ::testing::Test {
   Garbage garbage;
   RecordingHandler handler;
   RegisteredOptionStorage storage{&garbage};
-  AbbreviationParser parser{&handler, &garbage.memory(), 0, storage.index()};
+  AbbreviationParser parser{&handler, &garbage.memory(), 0, storage.names()};
   ParseResult result;
   std::vector<string> args;  // what is left of those given last
   unsigned int optionIndex = 77;

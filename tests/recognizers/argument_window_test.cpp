@@ -182,8 +182,8 @@ class Declared {
     internal::kivoLogEnabled = !args.empty() && args[0] == traceSwitch;
     if (internal::kivoLogEnabled)
       args.erase(args.begin());
-    PositionalOptionsParser positional(&handler, &m_garbage.memory(), m_flags, m_storage.index());
-    AbbreviationParser named(&handler, &m_garbage.memory(), m_flags, m_storage.index());
+    PositionalOptionsParser positional(&handler, &m_garbage.memory(), m_flags, m_storage.summary());
+    AbbreviationParser named(&handler, &m_garbage.memory(), m_flags, m_storage.names());
     OptionList& options = m_storage.options();
     while (!args.empty() && args[0] != "--") {
       string ignored;

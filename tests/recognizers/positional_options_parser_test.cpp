@@ -33,7 +33,7 @@ class PositionalRecognizer : public ::testing::Test {
 
   int recognize(const string& argument, int flags) {
     WindowOn window({argument, "next"});
-    const int recognized = PositionalOptionsParser(&handler, &garbage.memory(), flags, index)
+    const int recognized = PositionalOptionsParser(&handler, &garbage.memory(), flags, summary)
                                .recognize(window, options, message);
     args = leftOf(window);
     return recognized;
@@ -48,9 +48,9 @@ class PositionalRecognizer : public ::testing::Test {
 
   Garbage garbage;
   RecordingHandler handler;
-  DeclarationIndex index{&garbage.memory()};
-  PositionalOptionsParser parser{&handler, &garbage.memory(), 0, index};
   OptionList options;
+  DeclarationSummary summary{options, &garbage.memory()};
+  PositionalOptionsParser parser{&handler, &garbage.memory(), 0, summary};
   ParseResult result;
   std::vector<string> args;  // what is left of those given last
   unsigned int optionIndex = 77;

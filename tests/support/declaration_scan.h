@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "options/declaration_index.h"
+#include "options/name_index.h"
 #include "options/option_description.h"
 #include "recognizers/abbreviation_parser.h"
 #include "stratum2/find_best_match.h"
@@ -20,10 +20,10 @@ inline std::string shown(std::optional<unsigned int> index) {
   return index ? std::to_string(*index) : "none";
 }
 
-inline std::string shown(const DeclarationIndex::Match& match) {
-  if (match.kind == DeclarationIndex::Match::unique)
+inline std::string shown(const NameIndex::Match& match) {
+  if (match.kind == NameIndex::Match::unique)
     return std::string(match.ahead).append(match.name) + "@" + std::to_string(match.option);
-  return match.kind == DeclarationIndex::Match::none ? "none" : "ambiguous";
+  return match.kind == NameIndex::Match::none ? "none" : "ambiguous";
 }
 
 // Over a copy of the declarations, made once.
