@@ -36,8 +36,9 @@ namespace kivo_3_3 {
 ///   with this parser too. What it parses with this parser into the result being filled is
 ///   stored ahead of the option being announced and counts as part of the outer parse,
 ///   which reads the option files and looks at the actions when its own arguments are
-///   through. What another parser stores there makes the outer parse end with 1, and no
-///   reason, unless its options have the same names.
+///   through. What another parser stores there makes the outer parse end with 1 and no
+///   reason of its own (getErrorDesc() keeps the former text), unless its options have the
+///   same names.
 ///
 /// It must not end a result that is being filled, nor a parser that is parsing or passing
 /// on the event: that reaches the assertion handler and, should it return, does nothing.

@@ -27,7 +27,8 @@ class KIVO_API IOption {
   virtual IOption* allowValue(const variant_t& value) = 0;
 
   /// Accepts `oldValue` too, with a warning that points to `newValue`. Looked at only
-  /// where the option has allowed values; the first replacement for a value stays.
+  /// where the option has allowed values; the first replacement for a value stays. The
+  /// warning shows a `newValue` that is a text; a number is shown as the empty text.
   virtual IOption* allowDeprecatedValue(const variant_t& oldValue, const variant_t& newValue) = 0;
 
   /// What the option answers when it was not given. The value must be of a kind that

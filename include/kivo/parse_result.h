@@ -33,7 +33,8 @@ class KIVO_API IParseResult {
   /// when it was not given, whatever the range. "No value" when there is none, or when
   /// no occurrence of the option lies from `from` up to, not including, `to`. An option
   /// given without values answers with its position alone. Selects the option for
-  /// next() and nextPosition().
+  /// next() and nextPosition(). In the range from `lastPosition` to `lastPosition` next()
+  /// delivers the default once more.
   virtual Value get(const char* name, int from = firstPosition, int to = lastPosition) = 0;
 
   /// The next value of the option that present() or get() selected, in the same range;

@@ -77,7 +77,12 @@ class KIVO_API IParser : public EventHandler {
   ///
   /// A name that is taken already, or too many of them, rejects the declaration: the
   /// builder returned then is harmless, and nothing is declared. The same happens when
-  /// memory runs out; isOptionDeclared() tells.
+  /// memory runs out. There is no message; only isOptionDeclared() tells. The names of every
+  /// declared option, action and modifier are taken, and so is each name of a `vtBool` option
+  /// with "no-" ahead. A new `vtBool` option is checked by its names alone: after an option
+  /// "no-x", a `vtBool` option "x" is accepted, and "--no-x" stays the first option.
+  /// A name of a `vtBool` option that itself begins with "no-" turns the option off. An
+  /// option that has no other name is never on: declare "cache", not "no-cache".
   virtual IOption* option(const char* names, const char* description, variant_type_t type,
                           const char* group = nullptr) = 0;
 
@@ -98,7 +103,8 @@ class KIVO_API IParser : public EventHandler {
 
   /// Parses a command line into `result`; `argv[0]`, the name of the tool, is passed
   /// over. Declared defaults are stored first. A null in `argv` ends it early. With a
-  /// null `result` everything is checked and announced, and nothing is kept.
+  /// null `result` each argument is checked and announced, and nothing is kept; what goes
+  /// with which action is then not checked, and option files are not read.
   ///
   /// Returns a value of `status`. After a failure getErrorDesc() tells the reason, except
   /// for `status::exceptionCaught`, and the result holds what was stored until then.
@@ -107,17 +113,22 @@ class KIVO_API IParser : public EventHandler {
   /// Parses a text with one argument a line into `result`. White space ahead of an
   /// argument is dropped, and so are empty lines and those that begin with ';' or '#'.
   /// Nothing is quoted or split: "--name=two words" on a line is one argument. Defaults
-  /// are not stored. A null text counts as the empty one. Returns as parseArgsVector().
+  /// are not stored. A null text counts as the empty one. A text that is exactly "-1", without
+  /// a newline, is read as "?". Returns as parseArgsVector().
   virtual int parseStream(const char* text, IParseResult* result) = 0;
 
   /// The reason for the last failure; the parser owns the text until destroy().
-  /// Read it only after a failure: success does not clear it. Empty when there is no
-  /// memory for the text.
+  /// Read it only after a failure: success does not clear it. A failure without a reason of
+  /// its own leaves the text of the failure before: `status::exceptionCaught`, and
+  /// `status::valueRefused` for a result with options of another parser. Empty when there is
+  /// no memory for the text.
   virtual const char* getErrorDesc() = 0;
 
   /// The help for the whole tool: its actions with their descriptions, or without
-  /// actions every option. `hidden` asks for what was declared in the group
-  /// "kivo_hidden", and for that alone. Every help operation answers "Unknown error
+  /// actions every option. Actions, and the options of a section, are sorted by name; sections
+  /// are in the order in which their headings were first declared. No help lists a positional
+  /// option or an option without a description. `hidden` asks for what was declared in the
+  /// group "kivo_hidden", and for that alone. Every help operation answers "Unknown error
   /// handled." when it cannot do better, and the empty text when memory runs out for good.
   virtual const char* getDescription(bool hidden) = 0;
 

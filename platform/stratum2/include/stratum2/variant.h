@@ -121,6 +121,8 @@ class [[gnu::visibility("default")]] variant_t {
 
   /// Numbers by value, texts byte by byte. Of two values of other different kinds the
   /// one with the higher kind number is the lesser, so nothing stands ahead of texts.
+  /// An unsigned number from 2^63 on, compared with a signed integer, is ordered as if it were
+  /// negative; lists that mix them have no order by value.
   bool operator<(const variant_t& var) const;
 
  private:

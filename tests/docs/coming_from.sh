@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# Compares the tables of docs/coming-from.md with its programs: every piece of code in a column
+# "you write" has to occur in a block of the page; follow.sh compiles and runs the blocks. Code
+# that is the text of a link is shown where the link leads.
+#   coming_from.sh SOURCE-DIRECTORY
+set -euo pipefail
+document=$1/docs/coming-from.md
+failures=0
+complain() { printf '%s\n' "$@" >&2; failures=$((failures + 1)); }
+
+# All on one line, since a program may break an expression where a table cannot.
+asOneLine() { tr '\n' ' ' | sed -E 's/ +/ /g'; }
+blocks=$(sed -n '/^```[a-z]/,/^```$/p' "$document" | asOneLine | sed 's/ ->/->/g')
+
+rows() {
+  awk '/^[|] to [|] you wrote [|] you write [|]$/ { inside = 1; next }
+       !/^[|]/ { inside = 0 }
+       inside && !/^[|]---/' "$document"
+}
+lastColumn() { awk -F ' [|] ' '{ sub(/ [|]$/, "", $NF); print $NF }' | sed -E 's/\[[^]]*\]\([^)]*\)//g'; }
+
+checked=0
+while IFS= read -r code; do
+  checked=$((checked + 1))
+  [[ $blocks == *"${code// ->/->}"* ]] || complain "in no block of the page: $code"
+done < <(rows | lastColumn | grep -oE '`[^`]+`' | tr -d '`')
+
+[ "$checked" -ge 40 ] || complain "only $checked pieces of code found"
+echo "$checked pieces of code checked, $failures missing"
+[ "$failures" -eq 0 ]
