@@ -93,6 +93,12 @@ string IArgumentParser::formatTokenMessage(std::string_view token) const {
   return joined(" in argument: '", token, "'");
 }
 
+void IArgumentParser::removeFront(ArgumentWindow& args) const {
+  const std::string_view argument = args.front();
+  trace(": removing argument: '", argument, "'");
+  args.drop();
+}
+
 int IArgumentParser::fail(string& error, string message) const {
   error = std::move(message);
   trace(": ", error);
@@ -168,10 +174,11 @@ int IArgumentParser::bindEachToken(char separator, const Binding& binding) {
 int IArgumentParser::bindToken(std::string_view token, const Binding& binding) {
   trace(": value is: '", token, "'");
   const int bound = bindOne(token, binding);
-  if (bound == status::success)
-    trace(": sent event on value parsed, option: '", binding.option.firstName(), "', value: '",
-          token, "'");
-  return bound;
+  if (bound != status::success)
+    return bound;
+  const std::string_view firstName = binding.option.firstName();  // raises where there is none
+  trace(": sent event on value parsed, option: '", firstName, "', value: '", token, "'");
+  return status::success;
 }
 
 // The token, kept, is completed where it is an abbreviation; the whole text is kept then too,

@@ -39,7 +39,8 @@ class IArgumentParser {
   virtual int parse(ArgumentWindow& args, IResultCollector* collector, OptionList& options,
                     unsigned int& optionIndex, std::string& error) = 0;
 
-  // " in argument: '--level'", to end a message with.
+  // " in argument: '--level'", to end a message with. Virtual as the recognizers' interface has
+  // it; neither recognizer overrides it.
   virtual std::string formatTokenMessage(std::string_view token) const;
 
   virtual int getPriority() = 0;
@@ -70,6 +71,9 @@ class IArgumentParser {
   int parseValueAndAddOption(std::string_view value, std::string& error,
                              const OptionDescription& option, const ArgumentWindow& args,
                              IResultCollector* collector);
+
+  // Takes the first argument from `args`.
+  void removeFront(ArgumentWindow& args) const;
 
   // Sets and traces a usage error, and returns its status.
   int fail(std::string& error, std::string message) const;

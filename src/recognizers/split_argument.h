@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "base/begins_with.h"
 #include "base/white_space.h"
 
 namespace kivo_3_3 {
@@ -25,6 +26,9 @@ inline std::size_t dashLength(std::string_view text) {
     return text.front() == '-' ? 1 : 0;
   return typographicDashLength(text);
 }
+
+// Whether `text` begins with the ASCII hyphen. No other dash counts: a value may begin with one.
+inline bool beginsWithHyphen(std::string_view text) { return beginsWith(text, "-"); }
 
 inline ArgumentParts splitArgument(std::string_view argument, const WhiteSpace& isSpace) {
   std::string_view rest = argument;
