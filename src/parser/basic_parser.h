@@ -89,6 +89,7 @@ class BasicParser : public IParser {
   void applyDefaults(ParseResult& result);
   [[gnu::cold]] void applyEachDefault(ParseResult& result);
   int parseArguments(ArgumentWindow& args, IParseResult* result);
+  int passUnknown(ArgumentWindow& args, std::string& error);
   int readOptionFiles(ParseResult* result);
   int readOptionFile(const char* name, ParseResult* result);
   [[gnu::cold]] int unidentifiedProblem();

@@ -53,6 +53,10 @@ ArgumentWindow argumentsOf(int argc, const char* const* argv) {
   return joined("Error reading option file '", file, "'");
 }
 
+[[gnu::cold]] string isUnknown(std::string_view argument) {
+  return joined("Unknown option: ", argument);
+}
+
 using Arguments = std::vector<const char*, OwnedAllocator<const char*>>;
 
 // The same arguments, kept where `copies` are.
@@ -230,21 +234,26 @@ int BasicParser::parse_phase_one(std::string_view separator, ArgumentWindow& arg
   const std::array<IArgumentParser*, 2> recognizers = {&positional, &named};
   while (!args.empty() && args.front() != separator) {
     IArgumentParser* recognizer = chooseRecognizer(recognizers, args, options);
-    if (recognizer == nullptr) {
-      const bool accepted = onUknownArgument(string(args.front()).c_str());
-      if (accepted && (m_flags & parserFlags::unknownArgumentIsError) != 0) {
-        error = joined("Unknown option: ", args.front());
-        return status::usageError;
-      }
-      internal::traceLine("ignoring ", args.front());
-      args.drop();
-      continue;
-    }
     unsigned int optionIndex = 0;
-    const int parsed = recognizer->parse(args, store, options, optionIndex, error);
-    if (parsed != status::success)
-      return parsed;
+    const int passed = recognizer != nullptr
+                           ? recognizer->parse(args, store, options, optionIndex, error)
+                           : passUnknown(args, error);
+    if (passed != status::success)
+      return passed;
   }
+  return status::success;
+}
+
+// Passes over the first argument, which no recognizer claims, unless it is an error.
+int BasicParser::passUnknown(ArgumentWindow& args, string& error) {
+  const std::string_view argument = args.front();
+  const bool accepted = onUknownArgument(string(argument).c_str());
+  if (accepted && (m_flags & parserFlags::unknownArgumentIsError) != 0) {
+    error = isUnknown(argument);
+    return status::usageError;
+  }
+  internal::traceLine("ignoring ", argument);
+  args.drop();
   return status::success;
 }
 
