@@ -76,7 +76,7 @@ class BasicParser : public IParser {
 
  private:
   template <class Call>
-  void forEachHandler(RunningCall::Event event, Call call);
+  void forEachHandler(RunningEvent::Kind kind, const char* text, Call call);
   // What passes the events on: none, where nobody is there to get them.
   EventHandler* listener() { return m_handlers.empty() ? nullptr : this; }
   template <class Write>

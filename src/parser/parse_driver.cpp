@@ -196,7 +196,7 @@ int BasicParser::parseStream(const char* text, IParseResult* result) {
 // A handler may parse more into the result being filled. That only adds arguments: the
 // option files, and what is to hold for all arguments together, are left to this parse.
 int BasicParser::parseVector(ArgumentWindow& args, IParseResult* result) {
-  const RunningCall parsing(*this, result);
+  const RunningParse parsing(*this, result);
   try {
     parsing.throwIfTooDeep();
     int outcome = parseArguments(args, result);
