@@ -101,7 +101,7 @@ int AbbreviationParser::recognize(ArgumentWindow& args, OptionList& options, str
 int AbbreviationParser::parse(ArgumentWindow& args, IResultCollector* collector,
                               OptionList& options, unsigned int& optionIndex, string& error) {
   const std::string_view argument = args.front();
-  optionIndex = this->optionIndex();
+  optionIndex = foundIndex();
   trace(": parsing argument '", argument, "'");
   if (!isUsable(argument, error))
     return status::usageError;
@@ -122,7 +122,7 @@ int AbbreviationParser::parse(ArgumentWindow& args, IResultCollector* collector,
   return status::success;
 }
 
-unsigned int AbbreviationParser::optionIndex() const {
+unsigned int AbbreviationParser::foundIndex() const {
   return m_found.match.kind == DeclarationIndex::Match::unique ? m_found.match.option : noOption;
 }
 

@@ -47,7 +47,7 @@ class AbbreviationParser final : public IArgumentParser {
   };
 
   // The number of the option that was found, noOption where it is ambiguous.
-  unsigned int optionIndex() const;
+  unsigned int foundIndex() const;
   bool isUsable(std::string_view argument, std::string& error) const;
   Decision decideValue(const OptionDescription& option, const ArgumentWindow& args,
                        std::string& error) const;
