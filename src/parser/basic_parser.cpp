@@ -41,7 +41,7 @@ BasicParser::BasicParser(int flags) : m_flags(flags) {
     m_storage.setTokenizer('\0');
 }
 
-// Ended from a handler, it would be missing when the parse goes on.
+// A parser destroyed by a handler would be missing when the parse goes on.
 void BasicParser::destroy() {
   if (RunningCall::isInUse(*this))
     BEDROCK::assertion_failed("!RunningCall::isInUse(*this)", __FILE__, __LINE__);
@@ -114,7 +114,7 @@ const char* BasicParser::getGlobalModifiersDescription(bool hidden) {
   return compose([&](const HelpGenerator& help) { return help.describeGlobalModifiers(hidden); });
 }
 
-// Keeps the help that `write` returns; whatever goes wrong is told in its place.
+// Keeps and returns the help that `write` returns; on failure returns an error text.
 template <class Write>
 const char* BasicParser::compose(Write write) {
   try {
@@ -124,7 +124,7 @@ const char* BasicParser::compose(Write write) {
   }
 }
 
-// Out of memory as well, the text still comes.
+// Returns the text even when memory has run out.
 const char* BasicParser::helpFailed() {
   constexpr const char* reason = "Unknown error handled.";
   try {
@@ -151,7 +151,7 @@ void BasicParser::addHandler(EventHandler* handler) {
   try {
     m_handlers.insert(handler);
   } catch (const std::exception&) {
-    // The interface has no way to tell; its comment says what becomes of the handler.
+    // The operation returns nothing; its comment in the interface says what follows.
   }
 }
 

@@ -8,17 +8,17 @@
 
 namespace kivo_3_3 {
 
-// What an argument consists of, as splitOptionValue() tells.
+// The parts of an argument, as splitOptionValue() returns them.
 struct ArgumentParts {
   std::string_view name;
   std::string_view value;
   bool hasValue = false;  // even if that is empty
 };
 
-// The length of the dash outside of ASCII that `text` begins with.
+// The length in bytes of the dash outside of ASCII that `text` begins with; 0 for none.
 std::size_t typographicDashLength(std::string_view text);
 
-// The length of the dash that `text` begins with.
+// The length in bytes of the dash that `text` begins with; 0 for none.
 inline std::size_t dashLength(std::string_view text) {
   if (text.empty())
     return 0;
