@@ -5,7 +5,7 @@
 
 namespace kivo_3_3 {
 
-// The parts of a message, one behind the other.
+// Concatenates the parts of a message.
 template <class... Parts>
 std::string joined(const Parts&... parts) {
   std::string all;

@@ -9,54 +9,21 @@ namespace {
 
 constexpr int deepestNesting = 100;
 
-thread_local RunningCall* innermost = nullptr;
+thread_local RunningCalls running;
 
 }  // namespace
 
-RunningCall::RunningCall(const EventHandler& parser, const IParseResult* result)
-    : m_parser(&parser),
-      m_result(result),
-      m_outer(innermost),
-      m_depth(innermost != nullptr ? innermost->m_depth + 1 : 1) {
-  innermost = this;
-  if (m_depth > deepestNesting)
-    endAllParses();
-}
+RunningCall::RunningCall(const EventHandler& parser) : m_parser(&parser), m_outer(running) {}
 
-// An event that was sent from outside of all parses is none of their calls.
+RunningCall::~RunningCall() { running = m_outer; }
+
+// An event that was sent during no parse goes on.
 void RunningCall::endAllParses() {
-  const RunningCall* outermost = this;
-  for (const RunningCall* call = this; call != nullptr; call = call->m_outer)
-    if (!call->m_event)
-      outermost = call;
-  for (RunningCall* call = this; call != outermost->m_outer; call = call->m_outer)
-    call->m_isTooDeep = true;
-}
-
-RunningCall::RunningCall(const EventHandler& parser, Event event)
-    : m_parser(&parser),
-      m_event(event),
-      m_outer(innermost),
-      m_depth(innermost != nullptr ? innermost->m_depth : 0) {
-  innermost = this;
-}
-
-RunningCall::~RunningCall() { innermost = m_outer; }
-
-bool RunningCall::isPartOfAParse() const {
-  for (const RunningCall* call = m_outer; call != nullptr; call = call->m_outer)
-    if (!call->m_event && call->m_parser == m_parser && call->m_result == m_result)
-      return true;
-  return false;
-}
-
-// The events of a parse are its own: an event that led to the parse is another one.
-bool RunningCall::hasComeBack() const {
-  for (const RunningCall* call = m_outer; call != nullptr && call->m_event; call = call->m_outer)
-    if (call->m_parser == m_parser && call->m_event->kind == m_event->kind &&
-        std::strcmp(call->m_event->text, m_event->text) == 0)
-      return true;
-  return false;
+  for (RunningCalls calls = running; calls.parse != nullptr; calls = calls.parse->m_outer) {
+    for (RunningEvent* event = calls.event; event != nullptr; event = event->m_outer.event)
+      event->m_isTooDeep = true;
+    calls.parse->m_isTooDeep = true;
+  }
 }
 
 void RunningCall::throwIfTooDeep() const {
@@ -64,16 +31,50 @@ void RunningCall::throwIfTooDeep() const {
     throw std::runtime_error("Parses are nested too deep.");
 }
 
+const RunningCall* RunningCall::innermostOf(const RunningCalls& calls) {
+  return calls.event != nullptr ? static_cast<const RunningCall*>(calls.event) : calls.parse;
+}
+
 bool RunningCall::isInUse(const EventHandler& parser) {
-  for (const RunningCall* call = innermost; call != nullptr; call = call->m_outer)
-    if (call->m_parser == &parser)
+  const RunningCall* call = innermostOf(running);
+  while (call != nullptr && call->m_parser != &parser)
+    call = innermostOf(call->m_outer);
+  return call != nullptr;
+}
+
+bool RunningCall::isInUse(const IParseResult& result) {
+  const RunningParse* parse = running.parse;
+  while (parse != nullptr && !parse->fills(result))
+    parse = parse->m_outer.parse;
+  return parse != nullptr;
+}
+
+RunningParse::RunningParse(const EventHandler& parser, const IParseResult* result)
+    : RunningCall(parser),
+      m_result(result),
+      m_depth(m_outer.parse != nullptr ? m_outer.parse->m_depth + 1 : 1) {
+  running = {this, nullptr};
+  if (m_depth > deepestNesting)
+    endAllParses();
+}
+
+bool RunningParse::isPartOfAParse() const {
+  for (const RunningParse* parse = m_outer.parse; parse != nullptr; parse = parse->m_outer.parse)
+    if (parse->m_parser == m_parser && parse->m_result == m_result)
       return true;
   return false;
 }
 
-bool RunningCall::isInUse(const IParseResult& result) {
-  for (const RunningCall* call = innermost; call != nullptr; call = call->m_outer)
-    if (call->m_result == &result)
+RunningEvent::RunningEvent(const EventHandler& parser, Kind kind, const char* text)
+    : RunningCall(parser), m_kind(kind), m_text(text) {
+  running.event = this;
+}
+
+// Only the events that were sent during the same parse count: a nested parse sends its own.
+bool RunningEvent::hasComeBack() const {
+  for (const RunningEvent* event = m_outer.event; event != nullptr; event = event->m_outer.event)
+    if (event->m_parser == m_parser && event->m_kind == m_kind &&
+        std::strcmp(event->m_text, m_text) == 0)
       return true;
   return false;
 }

@@ -1,8 +1,9 @@
 #pragma once
 
-// The running account of a parse, written to standard output when it is switched on.
+// The trace of a parse, written to standard output when it is switched on.
 //
-// Writers go through traceLine(), so that a silent trace costs the test of a flag.
+// Callers use traceLine(), so that a silent trace costs the test of a flag. Its arguments are
+// evaluated even then: they must neither raise nor have side effects.
 
 #include <initializer_list>
 #include <ostream>
@@ -11,8 +12,8 @@
 
 namespace kivo_3_3::internal {
 
-// Whether parses of this thread are traced. Every run over a list of arguments sets it anew.
-// `__thread`, for a `thread_local` of another file is read through a function.
+// Whether parses of this thread are traced. Every list of arguments sets it anew.
+// `__thread`, because a `thread_local` of another file is read through a function.
 extern __thread bool kivoLogEnabled;
 
 // Takes no characters: a stream on it fails at its first write and stays silent.
@@ -22,7 +23,7 @@ class basic_nullbuf : public std::basic_streambuf<Char> {
   ~basic_nullbuf() override = default;
 };
 
-// Holds the stream that swallows the trace while it is off.
+// Owns the stream that discards the trace while it is off. Only kivoLog() returns it.
 class KivoLog {
  public:
   KivoLog() : m_stream(&m_buffer) {}
@@ -34,13 +35,14 @@ class KivoLog {
   std::ostream m_stream;  // writes to the buffer, so it is destroyed first
 };
 
-// The console while the trace is on, the same silent stream whenever it is off.
+// The console while the trace is on, the silent stream while it is off. The library itself writes
+// only while it is on; the silent stream is part of the interface.
 std::ostream& kivoLog();
 
-// Writes these parts as one line, and all of it at once: another thread may write too.
+// Writes the parts as one line in a single call, because other threads may write too.
 [[gnu::cold]] void writeTraceLine(std::initializer_list<std::string_view> parts);
 
-// The same, if anybody is listening.
+// The same while the trace is on.
 template <class... Parts>
 void traceLine(const Parts&... parts) {
   if (kivoLogEnabled)

@@ -18,7 +18,7 @@ struct ActionRules::Stored {
   bool isGiven;                     // more than a default
 };
 
-// What was met among the stored options.
+// What collect() found among the stored options.
 struct ActionRules::Used {
   Group actions;
   const OptionDescription* firstAction = nullptr;
@@ -87,7 +87,7 @@ int ActionRules::collect(const std::vector<Stored>& stored, Used& used, string& 
   return status::success;
 }
 
-// A modifier that is there only through its default goes with every action.
+// A modifier that is stored only by its default goes with every action.
 int ActionRules::checkModifiers(const std::vector<Stored>& stored, const OptionDescription& action,
                                 string& error) {
   for (const Stored& entry : stored) {

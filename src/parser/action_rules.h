@@ -18,7 +18,7 @@ class ActionRules {
   ActionRules(RegisteredOptionStorage& declarations, const std::vector<Group>& groups)
       : m_declarations(declarations), m_groups(groups) {}
 
-  // Holds what a result has stored, defaults included, against the rules.
+  // Checks what a result has stored, defaults included, against the rules.
   int check(const StoredOptions& options, std::string& error) const;
 
   // Whether one group has all of these actions.

@@ -41,7 +41,7 @@ BasicParser::BasicParser(int flags) : m_flags(flags) {
     m_storage.setTokenizer('\0');
 }
 
-// Ended from a handler, it would be missing when the parse goes on.
+// A parser destroyed by a handler would be missing when the parse goes on.
 void BasicParser::destroy() {
   if (RunningCall::isInUse(*this))
     BEDROCK::assertion_failed("!RunningCall::isInUse(*this)", __FILE__, __LINE__);
@@ -114,7 +114,7 @@ const char* BasicParser::getGlobalModifiersDescription(bool hidden) {
   return compose([&](const HelpGenerator& help) { return help.describeGlobalModifiers(hidden); });
 }
 
-// Keeps the help that `write` returns; whatever goes wrong is told in its place.
+// Keeps and returns the help that `write` returns; on failure returns an error text.
 template <class Write>
 const char* BasicParser::compose(Write write) {
   try {
@@ -124,7 +124,7 @@ const char* BasicParser::compose(Write write) {
   }
 }
 
-// Out of memory as well, the text still comes.
+// Returns the text even when memory has run out.
 const char* BasicParser::helpFailed() {
   constexpr const char* reason = "Unknown error handled.";
   try {
@@ -151,7 +151,7 @@ void BasicParser::addHandler(EventHandler* handler) {
   try {
     m_handlers.insert(handler);
   } catch (const std::exception&) {
-    // The interface has no way to tell; its comment says what becomes of the handler.
+    // The operation returns nothing; its comment in the interface says what follows.
   }
 }
 
@@ -171,17 +171,22 @@ bool BasicParser::allowSimultaneousActions(const std::set<string>& actionNames) 
   }
 }
 
-// A handler may add and remove handlers: the next one is looked for anew each time.
+// Calls `call` with each handler and the text of the event, until one call returns false.
+//
+// A handler may add and remove handlers: the next one is looked up anew each time.
 // Where parsers are each other's handlers, an event that has come round goes no further.
 template <class Call>
-void BasicParser::forEachHandler(RunningCall::Event event, Call call) {
-  const RunningCall passingOn(*this, event);
+void BasicParser::forEachHandler(RunningEvent::Kind kind, const char* text, Call call) {
+  if (m_handlers.empty())
+    return;
+  const char* const kept = m_garbage->keep(text);
+  const RunningEvent passingOn(*this, kind, kept);
   if (passingOn.hasComeBack())
     return;
   auto handler = m_handlers.begin();
   while (handler != m_handlers.end()) {
     EventHandler* const called = *handler;
-    const bool goesOn = call(*called);
+    const bool goesOn = call(*called, kept);
     passingOn.throwIfTooDeep();
     if (!goesOn)
       return;
@@ -190,10 +195,7 @@ void BasicParser::forEachHandler(RunningCall::Event event, Call call) {
 }
 
 bool BasicParser::onOptionParse(const char* name) {
-  if (m_handlers.empty())
-    return true;
-  const char* kept = m_garbage->keep(name);
-  forEachHandler({RunningCall::Event::option, kept}, [&](EventHandler& handler) {
+  forEachHandler(RunningEvent::option, name, [](EventHandler& handler, const char* kept) {
     handler.onOptionParse(kept);
     return true;
   });
@@ -201,11 +203,8 @@ bool BasicParser::onOptionParse(const char* name) {
 }
 
 bool BasicParser::onValueParse(const char* name, const Value& value) {
-  if (m_handlers.empty())
-    return true;
-  const char* kept = m_garbage->keep(name);
   bool accepted = true;
-  forEachHandler({RunningCall::Event::value, kept}, [&](EventHandler& handler) {
+  forEachHandler(RunningEvent::value, name, [&](EventHandler& handler, const char* kept) {
     accepted = handler.onValueParse(kept, value);
     return accepted;
   });
@@ -213,14 +212,12 @@ bool BasicParser::onValueParse(const char* name, const Value& value) {
 }
 
 bool BasicParser::onUknownArgument(const char* argument) {
-  if (m_handlers.empty())
-    return true;
-  const char* kept = m_garbage->keep(argument);
   bool accepted = true;
-  forEachHandler({RunningCall::Event::unknownArgument, kept}, [&](EventHandler& handler) {
-    accepted = handler.onUknownArgument(kept) && accepted;
-    return true;
-  });
+  forEachHandler(RunningEvent::unknownArgument, argument,
+                 [&](EventHandler& handler, const char* kept) {
+                   accepted = handler.onUknownArgument(kept) && accepted;
+                   return true;
+                 });
   return accepted;
 }
 

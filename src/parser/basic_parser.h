@@ -18,7 +18,7 @@ namespace kivo_3_3 {
 class ParseResult;
 class PositionalOptionsParser;
 
-// The parser a tool holds: owns the declarations, the texts handed out and the
+// The parser a tool holds: owns the declarations and the texts handed out, notifies the
 // handlers, and forwards everything else to the stages of a parse.
 class BasicParser : public IParser {
  public:
@@ -61,11 +61,12 @@ class BasicParser : public IParser {
   virtual int parse_phase_one(std::string_view separator, ArgumentWindow& args,
                               IParseResult* result, std::string& error);
 
-  // Holds what the result has stored against the rules for actions and modifiers.
+  // Checks what the result has stored against the rules for actions and modifiers. `separator`
+  // and `args` are part of the interface and unused.
   virtual int parse_phase_two(std::string_view separator, ArgumentWindow& args,
                               IParseResult* result, std::string& error);
 
-  // Stores the arguments behind `separator` and takes it and them from `args`.
+  // Stores the arguments after `separator` and takes it and them from `args`.
   int collectNonparsingArguments(std::string_view separator, ArgumentWindow& args,
                                  ParseResult* result, std::string& error);
 
@@ -76,8 +77,9 @@ class BasicParser : public IParser {
 
  private:
   template <class Call>
-  void forEachHandler(RunningCall::Event event, Call call);
-  // What passes the events on: none, where nobody is there to get them.
+  void forEachHandler(RunningEvent::Kind kind, const char* text, Call call);
+  // The handler for the recognizers of one list of arguments; null if there are no handlers. Each
+  // list asks again: the handlers may have been removed during the list before.
   EventHandler* listener() { return m_handlers.empty() ? nullptr : this; }
   template <class Write>
   const char* compose(Write write);
@@ -89,6 +91,7 @@ class BasicParser : public IParser {
   void applyDefaults(ParseResult& result);
   [[gnu::cold]] void applyEachDefault(ParseResult& result);
   int parseArguments(ArgumentWindow& args, IParseResult* result);
+  int passUnknown(ArgumentWindow& args, std::string& error);
   int readOptionFiles(ParseResult* result);
   int readOptionFile(const char* name, ParseResult* result);
   [[gnu::cold]] int unidentifiedProblem();

@@ -15,16 +15,15 @@ namespace kivo_3_3 {
 // The arguments in `text`, one a line. A null text counts as the empty one.
 ArgumentWindow parseStreamToArgs(const char* text, const WhiteSpace& isSpace);
 
-// Remembers which option file named which, to tell a ring from a file that is merely
+// Remembers which option file named which, to distinguish a cycle from a file that is merely
 // read twice. Files are read in the order in which they were named.
 class OptionFileTrail {
  public:
-  // So many files have been named by now, counted from the first; those not known yet
-  // are named by the file entered last.
+  // `total` files have been named so far; the new ones among them by the file entered last.
   void named(std::size_t total);
 
-  // Goes into the next file; false when that would be a file that led here. Files are
-  // told apart by their identity, however their names are spelt.
+  // Enters the next file; false if that file has led to itself. Files are the same if their
+  // identities are equal, however their names are spelt.
   bool enter(const std::string& identity);
 
  private:

@@ -1,4 +1,4 @@
-// The road of one parse: defaults, then the arguments one by one, what stands behind
+// The stages of one parse: defaults, then the arguments one by one, the arguments after
 // "--", the option files, and at last the rules for actions.
 //
 // A phase writes its message straight into the parser's last error; success does not
@@ -35,13 +35,13 @@ constexpr const char* argumentSeparator = "--";
 constexpr const char* traceSwitch = "kivooption=kivologenable=1";
 constexpr int lowestPriority = -99999999;
 
-// The result behind the interface; null for none, and for one that is not our own.
+// The library's own result in `result`; null for no result, and for one of another class.
 ParseResult* storeOf(IParseResult* result) {
   const bool isOurs = result != nullptr && typeid(*result) == typeid(ParseResult);
   return isOurs ? static_cast<ParseResult*>(result) : nullptr;
 }
 
-// Those behind the name of the tool, up to a null pointer.
+// The arguments after the name of the tool, up to a null pointer.
 ArgumentWindow argumentsOf(int argc, const char* const* argv) {
   if (argv == nullptr)
     return ArgumentWindow(nullptr, 0);
@@ -53,9 +53,13 @@ ArgumentWindow argumentsOf(int argc, const char* const* argv) {
   return joined("Error reading option file '", file, "'");
 }
 
+[[gnu::cold]] string isUnknown(std::string_view argument) {
+  return joined("Unknown option: ", argument);
+}
+
 using Arguments = std::vector<const char*, OwnedAllocator<const char*>>;
 
-// The same arguments, kept where `copies` are.
+// The same arguments; their texts are in the memory of `copies`.
 [[gnu::cold]] ArgumentWindow copied(ArgumentWindow args, Arguments& copies) {
   OwnedMemory& memory = *copies.get_allocator().memory();
   for (; !args.empty(); args.drop())
@@ -63,12 +67,12 @@ using Arguments = std::vector<const char*, OwnedAllocator<const char*>>;
   return ArgumentWindow(copies.data(), copies.size());
 }
 
-// Where the texts of values go that are stored in the result.
+// The memory for the texts of values; null without a result.
 OwnedMemory* textsOf(ParseResult* result) {
   return result != nullptr ? &result->memory() : nullptr;
 }
 
-// So many option files have been named on the command line and in option files.
+// The number of option files named so far, on the command line and in option files.
 std::size_t countOptionFiles(const ParseResult& result) {
   const auto option = result.options().find(optionFile);
   return option ? result.options().given(*option).values.size() : 0;
@@ -83,9 +87,8 @@ void traceOutcome(const char* step, int outcome, const string& error) {
                       ", message: ", error);
 }
 
-// Every recognizer is asked, for each gives its own account of the argument. Of those
-// that claim it the one of the highest priority is chosen, on a tie the first; null
-// where nobody claims it.
+// Asks every recognizer, because each traces what it makes of the argument. Returns the one of
+// the highest priority among those that claim the argument, on a tie the first; null if none does.
 IArgumentParser* chooseRecognizer(const std::array<IArgumentParser*, 2>& recognizers,
                                   ArgumentWindow& args, OptionList& options) {
   IArgumentParser* best = nullptr;
@@ -105,8 +108,7 @@ IArgumentParser* chooseRecognizer(const std::array<IArgumentParser*, 2>& recogni
 
 }  // namespace
 
-// What the caller hands over may change or end in a handler: so where there are handlers,
-// it is copied.
+// A handler may change or free the caller's arguments: they are copied if there are handlers.
 int BasicParser::parseArgsVector(int argc, const char* const* argv, IParseResult* result) {
   try {
     return parseCommandLine(argc, argv, result);
@@ -126,7 +128,7 @@ int BasicParser::parseCommandLine(int argc, const char* const* argv, IParseResul
     OwnedMemoryOf<128> memory;
     Arguments copies(&memory);
     ArgumentWindow args = argumentsOf(argc, argv);
-    if (!m_handlers.empty())
+    if (listener() != nullptr)
       args = copied(args, copies);
     return parseVector(args, result);
   } catch (const PositionsExhausted&) {
@@ -154,8 +156,8 @@ void BasicParser::applyDefaults(ParseResult& result) {
   applyEachDefault(result);
 }
 
-// One by one, so that everything up to a conversion that raises is stored. A name is known from
-// before its conversion on.
+// Converts one default after the other, so that everything before a conversion that raises is
+// stored. The result knows a name before its default is converted.
 void BasicParser::applyEachDefault(ParseResult& result) {
   std::shared_ptr<DeclaredDefaults> applied;
   m_storage.summary().forEachDefault([&](const OptionDescription& declared) {
@@ -180,7 +182,7 @@ void BasicParser::applyEachDefault(ParseResult& result) {
 int BasicParser::parseStream(const char* text, IParseResult* result) {
   try {
     OwnedMemoryOf<512> memory;
-    const bool isCopied = text != nullptr && !m_handlers.empty();
+    const bool isCopied = text != nullptr && listener() != nullptr;
     const WhiteSpace isSpace;
     ArgumentWindow args = parseStreamToArgs(isCopied ? memory.copy(text).data() : text, isSpace);
     return parseVector(args, result);
@@ -192,7 +194,7 @@ int BasicParser::parseStream(const char* text, IParseResult* result) {
 // A handler may parse more into the result being filled. That only adds arguments: the
 // option files, and what is to hold for all arguments together, are left to this parse.
 int BasicParser::parseVector(ArgumentWindow& args, IParseResult* result) {
-  const RunningCall parsing(*this, result);
+  const RunningParse parsing(*this, result);
   try {
     parsing.throwIfTooDeep();
     int outcome = parseArguments(args, result);
@@ -230,21 +232,26 @@ int BasicParser::parse_phase_one(std::string_view separator, ArgumentWindow& arg
   const std::array<IArgumentParser*, 2> recognizers = {&positional, &named};
   while (!args.empty() && args.front() != separator) {
     IArgumentParser* recognizer = chooseRecognizer(recognizers, args, options);
-    if (recognizer == nullptr) {
-      const bool accepted = onUknownArgument(string(args.front()).c_str());
-      if (accepted && (m_flags & parserFlags::unknownArgumentIsError) != 0) {
-        error = joined("Unknown option: ", args.front());
-        return status::usageError;
-      }
-      internal::traceLine("ignoring ", args.front());
-      args.drop();
-      continue;
-    }
     unsigned int optionIndex = 0;
-    const int parsed = recognizer->parse(args, store, options, optionIndex, error);
-    if (parsed != status::success)
-      return parsed;
+    const int passed = recognizer != nullptr
+                           ? recognizer->parse(args, store, options, optionIndex, error)
+                           : passUnknown(args, error);
+    if (passed != status::success)
+      return passed;
   }
+  return status::success;
+}
+
+// Passes over the first argument, which no recognizer claims, unless it is an error.
+int BasicParser::passUnknown(ArgumentWindow& args, string& error) {
+  const std::string_view argument = args.front();
+  const bool accepted = onUknownArgument(string(argument).c_str());
+  if (accepted && (m_flags & parserFlags::unknownArgumentIsError) != 0) {
+    error = isUnknown(argument);
+    return status::usageError;
+  }
+  internal::traceLine("ignoring ", argument);
+  args.drop();
   return status::success;
 }
 
@@ -273,7 +280,7 @@ int BasicParser::collectNonparsingArguments(std::string_view separator, Argument
   return status::success;
 }
 
-// Binds the first of these leftover arguments where the positional option claims it.
+// Binds the first of the leftover arguments `args` if the positional option claims it.
 int BasicParser::bindLeftover(ArgumentWindow args, PositionalOptionsParser& recognizer,
                               ParseResult* result, string& error) {
   OptionList& options = m_storage.options();
@@ -294,12 +301,12 @@ int BasicParser::parse_phase_two(std::string_view, ArgumentWindow&, IParseResult
     return status::success;
   const bool hasActions = m_storage.summary().hasActions();
   if (!hasActions && !store->isFilledByMany())
-    return status::success;  // there is nothing to hold the options against
+    return status::success;  // no rule applies
   return ActionRules(m_storage, m_simultaneousActions).check(store->options(), error);
 }
 
-// The result's own cursor walks the names, and goes on where it was after each file,
-// whatever a handler has read meanwhile.
+// The result's own cursor walks the names of the files. After each file it returns to its place,
+// since a handler may have moved it.
 int BasicParser::readOptionFiles(ParseResult* result) {
   if (result == nullptr)
     return status::success;

@@ -13,9 +13,16 @@ namespace {
 using std::string;
 
 constexpr std::size_t shortestArgument = 2;
+constexpr unsigned int noOption = -1U;
 
-// Only the ASCII hyphen counts here: a value may begin with a typographic dash.
-bool startsWithHyphen(std::string_view text) { return !text.empty() && text.front() == '-'; }
+[[gnu::cold]] string isUnknown(std::string_view argument) {
+  return joined("Unknown option '", argument, "'");
+}
+
+[[gnu::cold]] string isAmbiguous(std::string_view name, const string& inArgument,
+                                 const string& candidates) {
+  return joined("Ambiguous option '", name, "'", inArgument, ", could be: ", candidates);
+}
 
 // The words run together, as they always have.
 [[gnu::cold]] string takesNoValue(const OptionDescription& option, const string& inArgument) {
@@ -38,6 +45,26 @@ bool startsWithHyphen(std::string_view text) { return !text.empty() && text.fron
                 " or make sure that value is not missed");
 }
 
+// The names that an ambiguous one stands for, in declaration order.
+[[gnu::cold]] string listCandidates(std::string_view name, const OptionList& options) {
+  std::vector<string> names;
+  AbbreviationParser::makeOptionNamesList(options, names);
+  stratum2::generic_iterator_t<string> best;
+  stratum2::find_best_match({names.begin(), names.end()}, string(name), best);
+  string candidates;
+  for (; best; ++best) {
+    if (!candidates.empty())
+      candidates += ", ";
+    candidates += quoted(*best);
+  }
+  return candidates;
+}
+
+// Whether the name that was matched switches its boolean off.
+bool isSwitchedOff(const NameIndex::Match& match) {
+  return !match.ahead.empty() || isNegated(match.name);
+}
+
 }  // namespace
 
 AbbreviationParser::AbbreviationParser(EventHandler* handler, OwnedMemory* texts, int flags,
@@ -48,119 +75,112 @@ AbbreviationParser::AbbreviationParser(EventHandler* handler, OwnedMemory* texts
 
 int AbbreviationParser::recognize(ArgumentWindow& args, OptionList& options, string&) {
   const std::string_view argument = args.front();
-  m_candidates.clear();
+  m_found.match.kind = NameIndex::Match::none;
   trace(": recognizing argument '", argument, "'");
-  m_optionIndex = -1;
   if (argument.size() < shortestArgument || dashLength(argument) == 0)
     return 1;
 
   if (m_handler != nullptr)
-    m_whiteSpace = WhiteSpace();  // it may have changed the locale
-  m_parts = splitArgument(argument, m_whiteSpace);
-  m_match = m_names.findBest(m_parts.name);
-  if (m_match.kind == NameIndex::Match::none)
+    m_whiteSpace = WhiteSpace();  // a handler may have changed the locale
+  m_found.parts = splitArgument(argument, m_whiteSpace);
+  const std::string_view name = m_found.parts.name;
+  m_found.match = m_names.findBest(name);
+  if (m_found.match.kind == NameIndex::Match::none)
     return 1;
-  if (m_match.kind == NameIndex::Match::ambiguous) {
-    listCandidates(m_parts.name, options);
-    trace(": failed to get best match for '", m_parts.name, "' in argument '", argument,
-          "':Ambiguous option, possible options are: ", m_candidates);
+  if (m_found.match.kind == NameIndex::Match::ambiguous) {
+    m_found.candidates = listCandidates(name, options);
+    trace(": failed to get best match for '", name, "' in argument '", argument,
+          "':Ambiguous option, possible options are: ", m_found.candidates);
     return 0;
   }
-  trace(": best match option for '", m_parts.name, "' in argument '", argument, "' is '",
-        m_match.ahead, m_match.name, "'");
-  m_optionIndex = static_cast<int>(m_match.option);
+  trace(": best match option for '", name, "' in argument '", argument, "' is '",
+        m_found.match.ahead, m_found.match.name, "'");
   return 0;
 }
 
 int AbbreviationParser::parse(ArgumentWindow& args, IResultCollector* collector,
                               OptionList& options, unsigned int& optionIndex, string& error) {
   const std::string_view argument = args.front();
-  optionIndex = static_cast<unsigned int>(m_optionIndex);
+  optionIndex = foundIndex();
   trace(": parsing argument '", argument, "'");
-  if (m_parts.name.empty() || startsWithHyphen(m_parts.name)) {
-    error = joined("Unknown option '", argument, "'");
+  if (!isUsable(argument, error))
     return status::usageError;
-  }
-  if (!m_candidates.empty()) {
-    error = joined("Ambiguous option '", m_parts.name, "'", formatTokenMessage(argument),
-                   ", could be: ", m_candidates);
-    return status::usageError;
-  }
 
   const OptionDescription& option = asItStands(options[optionIndex], options);
-  trace(": detected option: '", option.firstName(), "'");
-  std::string_view value = m_parts.value;
-  const int decided = decideValue(option, args, value, error);
-  if (decided != status::success)
-    return decided;
-  const bool isValueNext = m_parts.value.empty() && option.m_type != vtBool && !value.empty();
+  const std::string_view firstName = option.firstName();  // raises where there is none
+  trace(": detected option: '", firstName, "'");
+  const Decision decision = decideValue(option, args, error);
+  if (decision.status != status::success)
+    return decision.status;
   announce(option);
   trace(": sent event on option parsed");
-  const int bound = parseValueAndAddOption(value, error, option, args, collector);
+  const int bound = parseValueAndAddOption(decision.value, error, option, args, collector);
   if (bound != status::success)
     return bound;
-
-  for (int count = isValueNext ? 2 : 1; count != 0; --count) {
-    trace(": removing argument: '", args.front(), "'");
-    args.drop();
-  }
+  for (unsigned int count = decision.argumentCount; count != 0; --count)
+    removeFront(args);
   return status::success;
 }
 
-// `value` is that of the argument itself, which may be empty.
-int AbbreviationParser::decideValue(const OptionDescription& option, const ArgumentWindow& args,
-                                    std::string_view& value, string& error) const {
-  if (m_parts.hasValue)
-    trace(": value from the same argument taken: '", value, "'");
-  if (option.m_type == vtNull)
-    return value.empty() ? status::success
-                         : fail(error, takesNoValue(option, formatTokenMessage(args.front())));
-  if (option.m_type == vtBool) {
-    if (!value.empty())
-      return fail(error, isBoolean(option, formatTokenMessage(args.front())));
-    value = !m_match.ahead.empty() || isNegated(m_match.name) ? "0" : "1";
-    return status::success;
-  }
-  return value.empty() ? takeValueFromNext(option, args, value, error) : status::success;
+unsigned int AbbreviationParser::foundIndex() const {
+  return m_found.match.kind == NameIndex::Match::unique ? m_found.match.option : noOption;
 }
 
-int AbbreviationParser::takeValueFromNext(const OptionDescription& option,
-                                          const ArgumentWindow& args, std::string_view& value,
-                                          string& error) const {
+// Whether the argument that was recognized has a name, and one that stands for one option. The
+// errors found here are not traced.
+bool AbbreviationParser::isUsable(std::string_view argument, string& error) const {
+  const std::string_view name = m_found.parts.name;
+  if (name.empty() || beginsWithHyphen(name)) {
+    error = isUnknown(argument);
+    return false;
+  }
+  if (m_found.match.kind == NameIndex::Match::ambiguous) {
+    error = isAmbiguous(name, formatTokenMessage(argument), m_found.candidates);
+    return false;
+  }
+  return true;
+}
+
+// An empty value after a '=' counts as none.
+AbbreviationParser::Decision AbbreviationParser::decideValue(const OptionDescription& option,
+                                                             const ArgumentWindow& args,
+                                                             string& error) const {
+  const std::string_view value = m_found.parts.value;
+  if (m_found.parts.hasValue)
+    trace(": value from the same argument taken: '", value, "'");
+  if (option.m_type == vtNull && !value.empty())
+    return {fail(error, takesNoValue(option, formatTokenMessage(args.front())))};
+  if (option.m_type == vtBool && !value.empty())
+    return {fail(error, isBoolean(option, formatTokenMessage(args.front())))};
+  if (option.m_type == vtBool)
+    return {status::success, isSwitchedOff(m_found.match) ? "0" : "1"};
+  if (option.m_type != vtNull && value.empty())
+    return takeValueFromNext(option, args, error);
+  return {status::success, value};
+}
+
+AbbreviationParser::Decision AbbreviationParser::takeValueFromNext(const OptionDescription& option,
+                                                                   const ArgumentWindow& args,
+                                                                   string& error) const {
   trace(": no value in the same argument, looking next");
   const std::optional<std::string_view> next = args.second();
   if (!next)
-    return fail(error, requiresValue(option, formatTokenMessage(args.front())));
-  if (startsWithHyphen(*next))
-    return fail(error, seemsToBeOption(option, *next));
+    return {fail(error, requiresValue(option, formatTokenMessage(args.front())))};
+  if (beginsWithHyphen(*next))
+    return {fail(error, seemsToBeOption(option, *next))};
   trace(": got value from the next argument: '", *next, "'");
   if (next->empty())
-    return fail(error, requiresValue(option, formatTokenMessage(args.front())));
-  value = *next;
-  return status::success;
+    return {fail(error, requiresValue(option, formatTokenMessage(args.front())))};
+  return {status::success, *next, 2};
 }
 
-void AbbreviationParser::listCandidates(std::string_view name, const OptionList& options) {
-  std::vector<string> names;
-  makeOptionNamesList(options, names, name);
-  stratum2::generic_iterator_t<string> best;
-  stratum2::find_best_match({names.begin(), names.end()}, string(name), best);
-  for (; best; ++best) {
-    if (!m_candidates.empty())
-      m_candidates += ", ";
-    m_candidates += quoted(*best);
-  }
-}
-
-void AbbreviationParser::makeOptionNamesList(const OptionList& options, std::vector<string>& names,
-                                             std::string_view beginning) {
+void AbbreviationParser::makeOptionNamesList(const OptionList& options,
+                                             std::vector<string>& names) {
   for (const OptionDescription& option : options) {
     for (const HashedName& name : option.m_names) {
-      if (beginsWith(name.text, beginning))
-        names.emplace_back(name.text);
-      const string negated = option.m_type == vtBool ? joined(negation, name.text) : "";
-      if (!negated.empty() && beginsWith(negated, beginning))
-        names.push_back(negated);
+      names.emplace_back(name.text);
+      if (option.m_type == vtBool)
+        names.push_back(joined(negation, name.text));
     }
   }
 }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <kivo/status.h>
+
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "options/name_index.h"
@@ -12,7 +15,7 @@ namespace kivo_3_3 {
 // Recognizes named options: "-v", "--level=3", "--level 3", "--no-verbose", by any name
 // in full or shortened as far as it stays unambiguous, with any kind of dash.
 //
-// What recognize() finds is kept for the parse() that follows it on the same argument.
+// What recognize() finds is stored for the parse() that follows it on the same argument.
 // An ambiguous argument is claimed too, so that parse() can report it.
 class AbbreviationParser final : public IArgumentParser {
  public:
@@ -25,21 +28,33 @@ class AbbreviationParser final : public IArgumentParser {
   int getPriority() override { return -10; }
 
   // Appends every name an argument may be matched with, in declaration order, the "no-"
-  // form of a boolean's name right behind it; of those, the ones with this beginning.
-  static void makeOptionNamesList(const OptionList& options, std::vector<std::string>& names,
-                                  std::string_view beginning = {});
+  // form of a boolean's name right after the name.
+  static void makeOptionNamesList(const OptionList& options, std::vector<std::string>& names);
 
  private:
-  int decideValue(const OptionDescription& option, const ArgumentWindow& args,
-                  std::string_view& value, std::string& error) const;
-  int takeValueFromNext(const OptionDescription& option, const ArgumentWindow& args,
-                        std::string_view& value, std::string& error) const;
-  void listCandidates(std::string_view name, const OptionList& options);
+  // What recognize() found.
+  struct Found {
+    ArgumentParts parts;            // of the argument
+    NameIndex::Match match;  // the option that its name stands for
+    std::string candidates;         // the names that an ambiguous one stands for, quoted
+  };
 
-  int m_optionIndex = -1;    // the option that recognize() matched, -1 for none
-  std::string m_candidates;  // the names an ambiguous argument may stand for, quoted
-  NameIndex::Match m_match;  // what recognize() matched
-  ArgumentParts m_parts;     // of the argument that was recognized
+  // The value of an option, or why there is none.
+  struct Decision {
+    int status = status::success;
+    std::string_view value = {};
+    unsigned int argumentCount = 1;  // the arguments that the option and its value are in
+  };
+
+  // The number of the option that was found, noOption where it is ambiguous.
+  unsigned int foundIndex() const;
+  bool isUsable(std::string_view argument, std::string& error) const;
+  Decision decideValue(const OptionDescription& option, const ArgumentWindow& args,
+                       std::string& error) const;
+  Decision takeValueFromNext(const OptionDescription& option, const ArgumentWindow& args,
+                             std::string& error) const;
+
+  Found m_found;
   WhiteSpace m_whiteSpace;
   NameIndex& m_names;
 };

@@ -6,17 +6,17 @@
 
 namespace kivo_3_3 {
 
-// The arguments in a text, one a line, each of them found when its turn has come. White
-// space ahead of an argument goes, and so do empty lines and those that begin with ';' or
-// '#'; the rest of a line stays as it is. The text and `isSpace` are the caller's.
+// The arguments in a text, one a line; a line is read when next() reaches it. White space
+// before an argument is dropped, and so are empty lines and lines that begin with ';' or '#';
+// the rest of a line stays as it is. The text and `isSpace` must outlive this object.
 class ArgumentLines {
  public:
-  // None.
+  // No arguments.
   ArgumentLines() = default;
   ArgumentLines(std::string_view text, const WhiteSpace& isSpace)
       : m_rest(text), m_isSpace(&isSpace) {}
 
-  // The next argument; a null view behind the last one.
+  // The next argument; a null view after the last one.
   std::string_view next();
 
  private:

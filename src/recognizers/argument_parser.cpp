@@ -39,8 +39,8 @@ namespace {
                 "' in argument '", argument, "'");
 }
 
-// Puts `next` in the place of `expected`. Where another thread was faster, `expected` becomes what
-// the counter is now, and false comes back.
+// Replaces `expected` with `next`. If another thread has changed the counter, sets `expected` to
+// its present value and returns false.
 bool advance(int& counter, int& expected, int next) {
   if (BEDROCK::hasOneThread()) {
     counter = next;
@@ -50,12 +50,12 @@ bool advance(int& counter, int& expected, int next) {
                                      __ATOMIC_RELAXED);
 }
 
-// Negative numbers are no positions either.
+// Negative numbers are not positions either.
 bool isPosition(int number) {
   return static_cast<unsigned int>(number) < static_cast<unsigned int>(lastPosition);
 }
 
-// Draws `count` positions, of which `first` becomes the first; false where fewer are left.
+// Draws `count` positions and sets `first` to the first of them; false if fewer are left.
 inline bool draw(int& counter, unsigned int count, int& first) {
   first = __atomic_load_n(&counter, __ATOMIC_RELAXED);
   do {
@@ -65,7 +65,7 @@ inline bool draw(int& counter, unsigned int count, int& first) {
   return true;
 }
 
-// The whole value stands where an argument is announced: it is what the user typed.
+// The message says "argument" but shows the whole value: that is what the user typed.
 [[gnu::cold]] string noValueParsed(std::string_view value, const OptionDescription& option) {
   return joined("No value parsed in argument '", value, "' for option '", option.firstName(), "'");
 }
@@ -91,6 +91,12 @@ IArgumentParser::IArgumentParser(EventHandler* handler, OwnedMemory* texts, int 
 
 string IArgumentParser::formatTokenMessage(std::string_view token) const {
   return joined(" in argument: '", token, "'");
+}
+
+void IArgumentParser::removeFront(ArgumentWindow& args) const {
+  const std::string_view argument = args.front();
+  trace(": removing argument: '", argument, "'");
+  args.drop();
 }
 
 int IArgumentParser::fail(string& error, string message) const {
@@ -132,7 +138,7 @@ int IArgumentParser::parseValueAndAddOption(std::string_view value, string& erro
   return status::success;
 }
 
-// With a zero behind it. Nobody looks twice at what nobody stores.
+// Zero-terminated. Without a result, valid only until the next call.
 std::string_view IArgumentParser::kept(std::string_view text) {
   return m_texts != nullptr ? m_texts->copy(text) : m_unstored.assign(text);
 }
@@ -168,14 +174,15 @@ int IArgumentParser::bindEachToken(char separator, const Binding& binding) {
 int IArgumentParser::bindToken(std::string_view token, const Binding& binding) {
   trace(": value is: '", token, "'");
   const int bound = bindOne(token, binding);
-  if (bound == status::success)
-    trace(": sent event on value parsed, option: '", binding.option.firstName(), "', value: '",
-          token, "'");
-  return bound;
+  if (bound != status::success)
+    return bound;
+  const std::string_view firstName = binding.option.firstName();  // raises where there is none
+  trace(": sent event on value parsed, option: '", firstName, "', value: '", token, "'");
+  return status::success;
 }
 
-// The token, kept, is completed where it is an abbreviation; the whole text is kept then too,
-// for it is the option's.
+// `token` was kept. An abbreviation is replaced by the allowed value it stands for, and that text,
+// which belongs to the option, is kept too.
 int IArgumentParser::bindOne(std::string_view& token, const Binding& binding) {
   const OptionDescription& option = binding.option;
   const char* const typed = token.data();

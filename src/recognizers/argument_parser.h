@@ -15,7 +15,7 @@
 
 namespace kivo_3_3 {
 
-// Raised where the counter has no position left: none may be drawn twice in a process.
+// Raised when the counter has no position left: none may be drawn twice in a process.
 class PositionsExhausted final : public std::exception {};
 
 // A recognizer: decides which declared option the first of some arguments is, and binds
@@ -23,23 +23,26 @@ class PositionsExhausted final : public std::exception {};
 // of the highest priority then parses it.
 class IArgumentParser {
  public:
-  // `handler` is null where nobody listens. The texts of values are kept in `texts`, which
-  // is null where nobody stores them.
+  // `handler` is null where there are no handlers: that is decided once for each recognizer. The
+  // texts of values are stored in `texts`, which is null where there is no result.
   IArgumentParser(EventHandler* handler, OwnedMemory* texts, int flags);
   IArgumentParser(const IArgumentParser&) = delete;
   IArgumentParser& operator=(const IArgumentParser&) = delete;
 
   virtual ~IArgumentParser() = default;
 
-  // 0 when this recognizer claims the front of `args`, else 1.
+  // 0 when this recognizer claims the front of `args`, else 1. `error` is part of the interface;
+  // no recognizer writes to it.
   virtual int recognize(ArgumentWindow& args, OptionList& options, std::string& error) = 0;
 
   // Binds the argument that was recognized last and takes what it used from the front
   // of `args`. On failure `args` is as before, nothing is stored, and `error` tells why.
+  // `optionIndex` becomes the number of the option; the driver does not read it, tests do.
   virtual int parse(ArgumentWindow& args, IResultCollector* collector, OptionList& options,
                     unsigned int& optionIndex, std::string& error) = 0;
 
-  // " in argument: '--level'", to end a message with.
+  // " in argument: '--level'", to end a message with. Virtual as the recognizers' interface has
+  // it; neither recognizer overrides it.
   virtual std::string formatTokenMessage(std::string_view token) const;
 
   virtual int getPriority() = 0;
@@ -71,6 +74,9 @@ class IArgumentParser {
                              const OptionDescription& option, const ArgumentWindow& args,
                              IResultCollector* collector);
 
+  // Takes the first argument from `args`.
+  void removeFront(ArgumentWindow& args) const;
+
   // Sets and traces a usage error, and returns its status.
   int fail(std::string& error, std::string message) const;
 
@@ -80,9 +86,9 @@ class IArgumentParser {
     internal::traceLine(m_name, parts...);
   }
 
-  EventHandler* m_handler;  // if any
-  const char* m_name = "UndefinedParser";
-  int m_flags;
+  EventHandler* const m_handler;           // null where there are no handlers
+  const char* m_name = "UndefinedParser";  // until the recognizer sets its own
+  const int m_flags;
 
  private:
   struct Binding;
@@ -96,11 +102,11 @@ class IArgumentParser {
   bool isRefused(std::string_view token, variant_t& value, int position,
                  const OptionDescription& option) const;
 
-  std::optional<OptionDescription> m_copy;  // what asItStands() copied last
-  const OptionDescription* m_copyOf = nullptr;
-  OwnedMemory* m_texts;    // if any
-  std::string m_unstored;  // the text in hand, without
-  // Kept from one argument to the next for the room it has.
+  std::optional<OptionDescription> m_copy;      // what asItStands() copied last
+  const OptionDescription* m_copyOf = nullptr;  // the original of m_copy
+  OwnedMemory* const m_texts;                   // null where there is no result
+  std::string m_unstored;                       // the last text kept without a result
+  // A member, so that the memory is reused for the next argument.
   OwnedMemoryOf<128> m_memory;
   OptionData m_data{&m_memory};
 };

@@ -2,45 +2,31 @@
 
 #include <array>
 
-#include "bedrock/unicode.h"
+#include "base/begins_with.h"
 #include "recognizers/split_argument.h"
 
 namespace kivo_3_3 {
 
 namespace {
 
-// A dash in UTF-8. Nothing of it needs destruction, so that a tool may still parse while
-// the static objects of the process end.
-struct Dash {
-  char bytes[4];
-  std::size_t length;
+constexpr std::array<std::string_view, 5> typographicDashes = {
+    "\xE2\x80\x92",  // figure dash
+    "\xE2\x80\x93",  // en dash
+    "\xE2\x80\x94",  // em dash
+    "\xE2\x80\x95",  // horizontal bar
+    "\xE2\x81\x93",  // swung dash
 };
-
-using Dashes = std::array<Dash, 5>;
-
-Dash toUtf8(char32_t character) {
-  const std::string text = BEDROCK::utf32_to_utf8(character);
-  Dash dash = {};
-  dash.length = text.copy(dash.bytes, sizeof(dash.bytes));
-  return dash;
-}
-
-// Figure dash, en dash, em dash, horizontal bar, swung dash.
-const Dashes& typographicDashes() {
-  static const Dashes table = {{toUtf8(U'\u2012'), toUtf8(U'\u2013'), toUtf8(U'\u2014'),
-                                toUtf8(U'\u2015'), toUtf8(U'\u2053')}};
-  return table;
-}
 
 }  // namespace
 
 std::size_t typographicDashLength(std::string_view text) {
-  for (const Dash& dash : typographicDashes())
-    if (text.compare(0, dash.length, dash.bytes, dash.length) == 0)
-      return dash.length;
+  for (const std::string_view dash : typographicDashes)
+    if (beginsWith(text, dash))
+      return dash.size();
   return 0;
 }
 
+// For tools, and for the tests: the recognizers call dashLength() and splitArgument() themselves.
 unsigned int getDashLength(const std::string& text, unsigned int pos) {
   return static_cast<unsigned int>(dashLength(std::string_view(text).substr(pos)));
 }

@@ -2,6 +2,8 @@
 
 #include <kivo/parser.h>
 
+#include "recognizers/split_argument.h"
+
 namespace kivo_3_3 {
 
 using std::string;
@@ -16,23 +18,24 @@ int PositionalOptionsParser::recognize(ArgumentWindow& args, OptionList&, string
   const std::string_view argument = args.front();
   trace(": recognizing argument '", argument, "'");
   const bool dashesAreRefused = (m_flags & parserFlags::dashArgumentsAreNeverPositional) != 0;
-  if (dashesAreRefused && !argument.empty() && argument.front() == '-')
+  if (dashesAreRefused && beginsWithHyphen(argument))
     return 1;
   return m_summary.findPositional() ? 0 : 1;
 }
 
 int PositionalOptionsParser::parse(ArgumentWindow& args, IResultCollector* collector,
                                    OptionList& options, unsigned int& optionIndex, string& error) {
-  trace(": parsing argument '", args.front(), "'");
+  const std::string_view argument = args.front();
+  trace(": parsing argument '", argument, "'");
   optionIndex = m_summary.findPositional().value_or(static_cast<unsigned int>(options.size()));
   const OptionDescription& option = asItStands(options.at(optionIndex), options);
-  trace(": option is '", option.firstName(), "'");
+  const std::string_view firstName = option.firstName();  // raises where there is none
+  trace(": option is '", firstName, "'");
   announce(option);
-  const int bound = parseValueAndAddOption(args.front(), error, option, args, collector);
+  const int bound = parseValueAndAddOption(argument, error, option, args, collector);
   if (bound != status::success)
     return bound;
-  trace(": removing argument: '", args.front(), "'");
-  args.drop();
+  removeFront(args);
   return status::success;
 }
 

@@ -3,21 +3,22 @@
 #include <cstddef>
 #include <string_view>
 
+#include "base/begins_with.h"
 #include "base/white_space.h"
 
 namespace kivo_3_3 {
 
-// What an argument consists of, as splitOptionValue() tells.
+// The parts of an argument, as splitOptionValue() returns them.
 struct ArgumentParts {
   std::string_view name;
   std::string_view value;
   bool hasValue = false;  // even if that is empty
 };
 
-// The length of the dash outside of ASCII that `text` begins with.
+// The length in bytes of the dash outside of ASCII that `text` begins with; 0 for none.
 std::size_t typographicDashLength(std::string_view text);
 
-// The length of the dash that `text` begins with.
+// The length in bytes of the dash that `text` begins with; 0 for none.
 inline std::size_t dashLength(std::string_view text) {
   if (text.empty())
     return 0;
@@ -25,6 +26,9 @@ inline std::size_t dashLength(std::string_view text) {
     return text.front() == '-' ? 1 : 0;
   return typographicDashLength(text);
 }
+
+// Whether `text` begins with the ASCII hyphen. No other dash counts: a value may begin with one.
+inline bool beginsWithHyphen(std::string_view text) { return beginsWith(text, "-"); }
 
 inline ArgumentParts splitArgument(std::string_view argument, const WhiteSpace& isSpace) {
   std::string_view rest = argument;

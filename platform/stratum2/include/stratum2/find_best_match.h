@@ -14,6 +14,9 @@ namespace stratum2 {
 ///
 /// Returns the number of best matches and sets `best` to a walk over copies of them in
 /// candidate order, or to an empty handle when there is none.
+///
+/// The rule of abbreviations in its plain form. The library lists the names an ambiguous argument
+/// may stand for with it, and property tests compare the name index with it.
 unsigned int find_best_match(generic_iterator_t<std::string> candidates, const std::string& typed,
                              generic_iterator_t<std::string>& best);
 

@@ -11,6 +11,9 @@ namespace stratum2 {
 /// A walk made from two iterators refers to their range, which must outlive it; one
 /// made from a vector keeps the vector. Copies of a walk move on independently. An
 /// empty handle is a walk over nothing.
+///
+/// Part of the layer's interface: find_best_match() takes its candidates and returns the best of
+/// them in this form.
 template <class T>
 class generic_iterator_t {
  public:
