@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -53,25 +52,31 @@ class NameTable {
   // Open addressing: an entry stands in the first free place from that of its hash on, round
   // the end.
   struct Slot {
-    bool isFree() const { return next == 0; }
-    std::uint32_t number() const { return next - 1; }
+    bool isFree() const { return bits == 0; }
+    std::uint32_t hash() const { return static_cast<std::uint32_t>(bits); }
+    std::uint32_t number() const { return static_cast<std::uint32_t>(bits >> 32) - 1; }
 
-    std::uint32_t hash;
-    std::uint32_t next;  // the number behind that of the entry
+    std::uint64_t bits;
   };
   using Slots = std::vector<Slot, OwnedAllocator<Slot>>;
 
   static std::uint32_t hashOf(const HashedName& name) {
     return static_cast<std::uint32_t>(name.hash >> 32);
   }
-  // By its highest bits.
-  static std::size_t beginOf(std::uint32_t hash, const Slots& slots) {
+  // Maps a hash to its first slot by the hash's high bits.
+  static std::size_t firstSlot(std::uint32_t hash, const Slots& slots) {
     return static_cast<std::size_t>((std::uint64_t{hash} * slots.size()) >> 32);
   }
-  // The place of the name, or the free one that it would take.
-  std::size_t placeOf(const HashedName& name) const;
-  // The first free one from that of the hash on.
-  static std::size_t freePlace(std::uint32_t hash, const Slots& slots);
+  // Probes the slots from the hash's first one on. Returns the place of the first slot that has
+  // this hash and that `isWanted` accepts, or of the free slot that ends the search.
+  template <class IsWanted>
+  static std::size_t probe(std::uint32_t hash, const Slots& slots, IsWanted isWanted);
+  static Slot slotFor(std::uint32_t hash, std::size_t number) {
+    return {std::uint64_t{number + 1} << 32 | hash};
+  }
+  static std::size_t freePlace(std::uint32_t hash, const Slots& slots) {
+    return probe(hash, slots, [](const Slot&) { return false; });
+  }
   Entry& put(Entry entry, std::size_t place);
   void makeRoom();
 
@@ -82,19 +87,28 @@ class NameTable {
 };
 
 template <class Entry>
+template <class IsWanted>
+std::size_t NameTable<Entry>::probe(std::uint32_t hash, const Slots& slots, IsWanted isWanted) {
+  const std::size_t last = slots.size() - 1;
+  std::size_t place = firstSlot(hash, slots);
+  while (!slots[place].isFree() && !(slots[place].hash() == hash && isWanted(slots[place])))
+    place = (place + 1) & last;
+  return place;
+}
+
+template <class Entry>
 template <class IsMeant>
 const Entry* NameTable<Entry>::find(const HashedName& name, IsMeant isMeant) const {
   if (m_slots.empty())
     return nullptr;
-  const std::size_t last = m_slots.size() - 1;
-  const std::uint32_t hash = hashOf(name);
-  for (std::size_t place = beginOf(hash, m_slots); !m_slots[place].isFree();
-       place = (place + 1) & last) {
-    const Entry& entry = m_entries[m_slots[place].number()];
-    if (m_slots[place].hash == hash && entry.name == name && isMeant(entry))
-      return &entry;
-  }
-  return nullptr;
+  const Entry* found = nullptr;
+  probe(hashOf(name), m_slots, [&](const Slot& slot) {
+    const Entry& entry = m_entries[slot.number()];
+    if (entry.name == name && isMeant(entry))
+      found = &entry;
+    return found != nullptr;
+  });
+  return found;
 }
 
 template <class Entry>
@@ -113,7 +127,9 @@ Entry& NameTable<Entry>::findOrAdd(const HashedName& name, Make make) {
       return m_entries[numberOf(*found)];
     makeRoom();
   }
-  const std::size_t place = placeOf(name);
+  const std::size_t place = probe(hashOf(name), m_slots, [&](const Slot& slot) {
+    return m_entries[slot.number()].name == name;
+  });
   return m_slots[place].isFree() ? put(make(), place) : m_entries[m_slots[place].number()];
 }
 
@@ -121,29 +137,9 @@ template <class Entry>
 Entry& NameTable<Entry>::put(Entry entry, std::size_t place) {
   m_entries.push_back(std::move(entry));
   Entry& added = m_entries.back();
-  m_slots[place] = {hashOf(added.name), static_cast<std::uint32_t>(m_entries.size())};
+  m_slots[place] = slotFor(hashOf(added.name), m_entries.size() - 1);
   --m_room;
   return added;
-}
-
-template <class Entry>
-std::size_t NameTable<Entry>::placeOf(const HashedName& name) const {
-  const std::size_t last = m_slots.size() - 1;
-  const std::uint32_t hash = hashOf(name);
-  std::size_t place = beginOf(hash, m_slots);
-  while (!m_slots[place].isFree() &&
-         !(m_slots[place].hash == hash && m_entries[m_slots[place].number()].name == name))
-    place = (place + 1) & last;
-  return place;
-}
-
-template <class Entry>
-std::size_t NameTable<Entry>::freePlace(std::uint32_t hash, const Slots& slots) {
-  const std::size_t last = slots.size() - 1;
-  std::size_t place = beginOf(hash, slots);
-  while (!slots[place].isFree())
-    place = (place + 1) & last;
-  return place;
 }
 
 // Entries of one name come upon their places in their order, and so are met in it.
@@ -153,10 +149,9 @@ void NameTable<Entry>::makeRoom() {
   const std::size_t room = std::max(m_expected, count * 2);
   m_entries.reserve(room);
   Slots wider(room * 2, m_slots.get_allocator());
-  std::memset(wider.data(), 0, wider.size() * sizeof(Slot));
   for (std::uint32_t number = 0; number < count; ++number) {
     const std::uint32_t hash = hashOf(m_entries[number].name);
-    wider[freePlace(hash, wider)] = {hash, number + 1};
+    wider[freePlace(hash, wider)] = slotFor(hash, number);
   }
   m_slots.swap(wider);
   m_room = room - count;

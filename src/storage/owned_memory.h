@@ -120,11 +120,6 @@ class OwnedAllocator {
     else
       ::operator delete(elements);
   }
-  // What is made of nothing is not set to zero first: who needs that does it.
-  template <class Element>
-  void construct(Element* place) {
-    ::new (static_cast<void*>(place)) Element;
-  }
   OwnedAllocator select_on_container_copy_construction() const { return {}; }
 
   OwnedMemory* memory() const { return m_memory; }
