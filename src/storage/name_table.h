@@ -1,5 +1,8 @@
 #pragma once
 
+// The look-up of names. If it lost or reordered entries, a parse would miss a declared option or
+// take one for another that was declared later.
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -11,17 +14,19 @@
 
 namespace kivo_3_3 {
 
-// Entries that are found by name. Each has a number, from 0 on in the order in which they
-// are added, and a member `name`, a HashedName whose text must stay where it is. Where an
-// entry stands is good until another is to be added.
+// A hash table of entries, found by name and numbered from 0 in the order in which they are added.
+// An entry has a member `name`, a HashedName whose text must not move. Adding an entry invalidates
+// references to all others. Several entries may have one name. Compared with std::unordered_map:
+// see owned_memory.h.
 template <class Entry>
 class NameTable {
  public:
   using Entries = std::vector<Entry, OwnedAllocator<Entry>>;
 
-  // So many entries are expected, a power of two, once there is one.
-  explicit NameTable(OwnedMemory* memory, std::size_t expected = 16)
-      : m_entries(memory), m_slots(memory), m_expected(expected) {}
+  // `expectedEntries`, a power of two, is the number of entries that the table makes room for when
+  // the first one is added. 16: the defaults or groups of a typical tool.
+  explicit NameTable(OwnedMemory* memory, std::size_t expectedEntries = 16)
+      : m_entries(memory), m_slots(memory), m_expectedEntries(expectedEntries) {}
   NameTable(const NameTable&) = delete;
   NameTable& operator=(const NameTable&) = delete;
 
@@ -32,25 +37,26 @@ class NameTable {
     return static_cast<std::uint32_t>(&entry - m_entries.data());
   }
 
-  // Of the entries with this name, the one added first, and first of those that
-  // `isMeant` accepts; null where there is none.
+  // Returns the first added entry with this name, of those that `isMeant` accepts; null if there
+  // is none.
   const Entry* find(const HashedName& name) const {
     return find(name, [](const Entry&) { return true; });
   }
   template <class IsMeant>
   const Entry* find(const HashedName& name, IsMeant isMeant) const;
 
-  // When memory runs out, nothing has changed.
+  // Raises std::bad_alloc, and then nothing has changed.
   Entry& add(Entry entry);
 
-  // The entry with this name; where there is none, that which `make` returns, and which is
-  // added. When memory runs out, nothing has changed.
+  // Returns the entry with this name; if there is none, adds the one that `make` returns. Raises
+  // std::bad_alloc, and then nothing has changed.
   template <class Make>
   Entry& findOrAdd(const HashedName& name, Make make);
 
  private:
-  // Open addressing: an entry stands in the first free place from that of its hash on, round
-  // the end.
+  // Open addressing with linear probing; the first slot follows on the last one. A slot is one
+  // integer, so that a vector of slots is cleared by memset(): 0 if it is free, else the hash in
+  // the lower half and the number of the entry plus one in the upper half.
   struct Slot {
     bool isFree() const { return bits == 0; }
     std::uint32_t hash() const { return static_cast<std::uint32_t>(bits); }
@@ -67,8 +73,8 @@ class NameTable {
   static std::size_t firstSlot(std::uint32_t hash, const Slots& slots) {
     return static_cast<std::size_t>((std::uint64_t{hash} * slots.size()) >> 32);
   }
-  // Probes the slots from the hash's first one on. Returns the place of the first slot that has
-  // this hash and that `isWanted` accepts, or of the free slot that ends the search.
+  // Probes from the hash's first slot on. Returns the place of the first slot that has this hash
+  // and that `isWanted` accepts, or else of the free slot that ends the search.
   template <class IsWanted>
   static std::size_t probe(std::uint32_t hash, const Slots& slots, IsWanted isWanted);
   static Slot slotFor(std::uint32_t hash, std::size_t number) {
@@ -81,9 +87,9 @@ class NameTable {
   void makeRoom();
 
   Entries m_entries;
-  Slots m_slots;           // none without entries, else a power of two and at most half full
-  std::size_t m_room = 0;  // for so many more entries
-  std::size_t m_expected;
+  Slots m_slots;           // none without entries, else a power of two, at most half in use
+  std::size_t m_room = 0;  // the number of entries that can be added without allocation
+  std::size_t m_expectedEntries;
 };
 
 template <class Entry>
@@ -142,11 +148,11 @@ Entry& NameTable<Entry>::put(Entry entry, std::size_t place) {
   return added;
 }
 
-// Entries of one name come upon their places in their order, and so are met in it.
+// Entries are reinserted in order, so among equal names the first added is still found first.
 template <class Entry>
 void NameTable<Entry>::makeRoom() {
   const std::size_t count = m_entries.size();
-  const std::size_t room = std::max(m_expected, count * 2);
+  const std::size_t room = std::max(m_expectedEntries, count * 2);
   m_entries.reserve(room);
   Slots wider(room * 2, m_slots.get_allocator());
   for (std::uint32_t number = 0; number < count; ++number) {
