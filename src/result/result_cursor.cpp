@@ -72,8 +72,8 @@ Value ResultCursor::nextOf(GivenOption& option) {
     return {};
   const char* const text = m_texts.intern(value.text);
   makeOwning(value.value);
-  if (option.values.size() - ++m_place.value > InternedTexts::farAhead)
-    m_texts.prefetch(option.values[m_place.value + InternedTexts::farAhead].text);
+  if (option.values.size() - ++m_place.value > InternedTexts::prefetchDistance)
+    m_texts.prefetch(option.values[m_place.value + InternedTexts::prefetchDistance].text);
   return {text, value.value, value.position};
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
-// Reads characters as integers, for hashing and comparing several of them in one step.
+// Reads characters as integers, to hash or compare eight of them in one step. If two short texts
+// of one size were read as the same integer, HashedName would take one name for another.
 
 #include <cstddef>
 #include <cstdint>
@@ -9,6 +10,7 @@
 
 namespace kivo_3_3 {
 
+// Characters in one step.
 constexpr std::size_t eight = sizeof(std::uint64_t);
 
 template <class Integer>
@@ -18,8 +20,8 @@ std::uint64_t loadCharacters(const char* text) {
   return integer;
 }
 
-// The last eight characters. Of a shorter text all characters, some of them twice: together
-// with the size they stand for one text only.
+// The last eight characters of `text`, or all of a shorter one, some of them twice: up to eight
+// characters the result is one-to-one for a given size.
 inline std::uint64_t lastEight(std::string_view text) {
   constexpr std::size_t four = sizeof(std::uint32_t);
   const char* const end = text.data() + text.size();

@@ -1,29 +1,31 @@
 #pragma once
 
+// The texts of one parser. If one of them moved or was freed before the parser, the tool would
+// read a dangling `const char*`.
+
 #include "storage/interned_texts.h"
 #include "storage/owned_memory.h"
 
 namespace kivo_3_3 {
 
-// Owns every text that a parser hands out as a `const char*`. A kept text stays where it
-// is until the Garbage ends, and equal texts are kept once.
+// Owns every text that a parser hands out as a `const char*`. A kept text has one address until
+// the Garbage is destroyed; equal texts are interned.
 class Garbage final {
  public:
-  // The kept copy of `text`. Null, and a text that cannot be kept because memory ran
-  // out, answer with a static empty text.
+  // Returns the kept copy of `text`; a static empty text if `text` is null or memory runs out.
   virtual const char* init(const char* text);
 
-  // The same for those who must not go on with another text: raises std::bad_alloc when
-  // memory runs out.
+  // The same, but raises std::bad_alloc when memory runs out.
   const char* keep(const char* text);
 
-  // For what else is to live as long.
+  // The arena of the texts, for other objects that must live as long as the Garbage.
   OwnedMemory& memory() { return m_memory; }
 
   // For tests: see InternedTexts::countSteps().
   std::size_t countSteps() const { return m_texts.countSteps(); }
 
  private:
+  // 2560 bytes: five options of some 500 bytes each.
   OwnedMemoryOf<2560> m_memory;
   InternedTexts m_texts{m_memory};
 };

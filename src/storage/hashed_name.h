@@ -1,5 +1,8 @@
 #pragma once
 
+// Names with their hashes. If two different names compared equal, an option would be declared,
+// found or stored under the name of another.
+
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -8,8 +11,9 @@
 
 namespace kivo_3_3 {
 
-// A name that a tool declares, or one to look for among these, with its hash, which is computed
-// once. The characters are owned elsewhere. (Texts from outside are hashed by TextHash.)
+// A declared name, or one to look up among the declared names, with its hash, computed once. Does
+// not own its characters. The hash has no key: a tool chooses its names, so they are not hostile.
+// Texts of the user are hashed by TextHash.
 struct HashedName {
   HashedName() = default;
   // NOLINTNEXTLINE(google-explicit-constructor): a name is a text
@@ -20,6 +24,9 @@ struct HashedName {
   // NOLINTNEXTLINE(google-explicit-constructor)
   operator std::string_view() const { return text; }
 
+  // Up to eight characters the hash is one-to-one for a given length: equal hash and length mean
+  // equal text. Without this shortcut a typical command line takes 3 % more instructions; with a
+  // call of memcmp() instead of isSame() fifty options take 3 % more.
   friend bool operator==(const HashedName& left, const HashedName& right) {
     const std::size_t size = left.text.size();
     return left.hash == right.hash && size == right.text.size() &&
@@ -27,8 +34,7 @@ struct HashedName {
   }
 
   std::string_view text;
-  // Of the text alone; its highest bits are those that tell most. Up to eight characters and
-  // their number are all of it: who has the same hash then, and is as long, has the same text.
+  // Depends on the text alone. Its high bits depend on all characters.
   std::uint64_t hash = 0;
 
  private:
@@ -38,9 +44,11 @@ struct HashedName {
       hash = mixed(hash ^ loadCharacters<std::uint64_t>(text.data() + place));
     return mixed(hash ^ lastEight(text));
   }
-  // Another for each. All bits have a share in the highest.
+  // One-to-one, since the factor is odd. Every input bit affects the high bits. The factor is
+  // 2^64 divided by the golden ratio.
   static std::uint64_t mixed(std::uint64_t bits) { return bits * 0x9E3779B97F4A7C15; }
-  // More than eight characters.
+  // For texts of more than eight characters, both of this size. The last step may overlap the one
+  // before it.
   static bool isSame(const char* left, const char* right, std::size_t size) {
     const std::size_t last = size - eight;
     for (std::size_t place = 0; place < last; place += eight)

@@ -6,13 +6,13 @@ namespace kivo_3_3 {
 
 namespace {
 
-// One of 64 bits, by the first two characters.
+// One bit of 64, chosen by the first two characters.
 std::uint64_t markOf(const char* text) {
   const int second = *text != '\0' ? text[1] : 0;
   return std::uint64_t{1} << ((*text + second * 7) & 63);
 }
 
-// Most texts differ in their first character.
+// Compares the first characters before the call: most texts differ there.
 bool areEqual(const char* left, const char* right) {
   return left == right || (*left == *right && std::strcmp(left, right) == 0);
 }
@@ -20,26 +20,26 @@ bool areEqual(const char* left, const char* right) {
 }  // namespace
 
 InternedTexts::~InternedTexts() {
-  if (m_slots != m_usualSlots)
+  if (m_slots != m_inlineSlots)
     m_memory.deallocate(m_slots, m_slotCount * sizeof(Slot));
 }
 
 const char* InternedTexts::internAs(const char* text, bool isCopied) {
-  if (m_size >= fewTexts)
+  if (m_size >= fewestHashedTexts)
     return internAmongMany(text, isCopied);
   const std::uint64_t mark = markOf(text);
   for (std::size_t number = 0; (m_marks & mark) != 0 && number < m_size; ++number)
-    if (areEqual(m_usualTexts[number], text))
-      return m_usualTexts[number];
+    if (areEqual(m_inlineTexts[number], text))
+      return m_inlineTexts[number];
   text = kept(text, isCopied);
   m_marks |= mark;
   append(text);
-  if (m_size == fewTexts)
+  if (m_size == fewestHashedTexts)
     enterAll();
   return text;
 }
 
-// Whatever may raise comes before the first change that a caller could tell.
+// Everything that may raise comes before the first change that a caller could observe.
 const char* InternedTexts::internAmongMany(const char* text, bool isCopied) {
   const std::uint32_t hash = hashOf(text);
   const Slot numbers = static_cast<Slot>(m_slotCount - 1);
@@ -52,7 +52,7 @@ const char* InternedTexts::internAmongMany(const char* text, bool isCopied) {
     if (areEqual(known, text))
       return known;
   }
-  if (m_size >= usualTexts && m_size % usualTexts == 0)
+  if (m_size >= inlineTexts && m_size % inlineTexts == 0)
     addChunk();
   if (m_size * 2 == m_slotCount) {
     widen();
@@ -72,15 +72,15 @@ std::size_t InternedTexts::freeSlot(std::uint32_t hash) const {
 }
 
 void InternedTexts::addChunk() {
-  if (m_chunks.size() * usualTexts + usualTexts == m_size)
+  if (m_chunks.size() * inlineTexts + inlineTexts == m_size)
     m_chunks.push_back(
-        static_cast<const char**>(m_memory.allocate(usualTexts * sizeof(const char*))));
+        static_cast<const char**>(m_memory.allocate(inlineTexts * sizeof(const char*))));
 }
 
 void InternedTexts::widen() {
   const std::size_t bytes = m_slotCount * 2 * sizeof(Slot);
   Slot* const wider = static_cast<Slot*>(m_memory.allocate(bytes));
-  if (m_slots != m_usualSlots)
+  if (m_slots != m_inlineSlots)
     m_memory.deallocate(m_slots, m_slotCount * sizeof(Slot));
   m_slots = wider;
   m_slotCount *= 2;
@@ -90,15 +90,15 @@ void InternedTexts::widen() {
 void InternedTexts::enterAll() {
   std::memset(m_slots, 0, m_slotCount * sizeof(Slot));
   for (std::size_t number = 0; number < m_size; ++number) {
-    if (m_size - number > farAhead)
-      prefetch(textOf(number + farAhead));
+    if (m_size - number > prefetchDistance)
+      prefetch(textOf(number + prefetchDistance));
     const std::uint32_t hash = hashOf(textOf(number));
     m_slots[freeSlot(hash)] = slotFor(hash, number);
   }
 }
 
 std::size_t InternedTexts::countSteps() const {
-  if (m_size < fewTexts)
+  if (m_size < fewestHashedTexts)
     return m_size * (m_size + 1) / 2;
   const std::size_t numbers = m_slotCount - 1;
   std::size_t steps = 0;

@@ -1,5 +1,8 @@
 #pragma once
 
+// A set of texts. If it held a text twice or moved one, equal texts of a result would have two
+// addresses, and the tool would see it.
+
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -9,7 +12,7 @@
 
 namespace kivo_3_3 {
 
-// A set of texts, each with a zero at its end, in which equal texts have one address.
+// Interns zero-terminated texts: equal texts have one address.
 class InternedTexts {
  public:
   // `memory` owns the set and must outlive it.
@@ -19,32 +22,32 @@ class InternedTexts {
   InternedTexts& operator=(const InternedTexts&) = delete;
   ~InternedTexts();
 
-  // The text of the set that equals `text`. If there is none yet, that is `text` itself, which
-  // must live as long as the set. Raises std::bad_alloc, and then nothing has changed.
+  // Returns the text of the set that equals `text`. If there is none, adds `text` itself, which
+  // must then outlive the set. Raises std::bad_alloc, and then nothing has changed.
   const char* intern(const char* text) { return internAs(text, false); }
 
-  // The same, for a `text` that may end earlier: the set takes a copy.
+  // The same, but adds a copy: `text` may be freed after the call.
   const char* internCopy(const char* text) { return internAs(text, true); }
 
-  // Texts are prefetched this far ahead: about as long as memory takes to answer.
-  static constexpr std::size_t farAhead = 8;
+  // How many texts before its use a text is prefetched: the work on eight texts takes about as
+  // long as memory takes to answer.
+  static constexpr std::size_t prefetchDistance = 8;
 
-  // Loads what intern() will need for `text` into the cache, for callers that know some texts
-  // before their turn. Inlined by force: a compiler may take a function that only prefetches for
-  // one without effect, and drop its calls.
+  // Loads the slot that intern() will read for `text` into the cache. Always inlined: a compiler
+  // may drop calls of a function that only prefetches, since such a function has no effect.
   [[gnu::always_inline]] void prefetch(const char* text) const {
-    if (m_slotCount >= fewestToPrefetch)
+    if (m_slotCount >= fewestSlotsToPrefetch)
       __builtin_prefetch(&m_slots[firstSlot(hashOf(text))]);
   }
 
-  // For tests: how many slots have to be looked at to find every text once. As many as there are
-  // texts if no two of them collide.
+  // For tests: the number of probes that it takes to find every text once; without collisions,
+  // the number of texts.
   std::size_t countSteps() const;
 
  private:
-  // Open addressing with linear probing: a text is in the first free slot from the one that the
-  // upper bits of its hash name, past the last slot from the first one on. A slot holds one more
-  // than the number of the text, and above that the other bits of its hash; 0 while it is free.
+  // Open addressing with linear probing: the upper bits of the hash name the first slot of a text,
+  // and the first slot follows on the last one. A slot has the number of the text plus one in its
+  // lower bits and the other bits of the hash above these; 0 if it is free.
   using Slot = std::uint32_t;
   using Chunks = std::vector<const char**, OwnedAllocator<const char**>>;
 
@@ -61,12 +64,12 @@ class InternedTexts {
   std::size_t freeSlot(std::uint32_t hash) const;
   void enterAll();
   const char* textOf(std::size_t number) const {
-    const std::size_t chunk = number / usualTexts;  // 0 for the usual texts
-    return (chunk == 0 ? m_usualTexts : m_chunks[chunk - 1])[number % usualTexts];
+    const std::size_t chunk = number / inlineTexts;  // 0 for the inline texts
+    return (chunk == 0 ? m_inlineTexts : m_chunks[chunk - 1])[number % inlineTexts];
   }
   void append(const char* text) {
-    const char** const chunk = m_size < usualTexts ? m_usualTexts : m_chunks.back();
-    chunk[m_size++ % usualTexts] = text;
+    const char** const chunk = m_size < inlineTexts ? m_inlineTexts : m_chunks.back();
+    chunk[m_size++ % inlineTexts] = text;
   }
   const char* internAs(const char* text, bool isCopied);
   const char* internAmongMany(const char* text, bool isCopied);
@@ -76,25 +79,28 @@ class InternedTexts {
   [[gnu::cold]] void widen();
   [[gnu::cold]] void addChunk();
 
-  // 16: what a tool reads of a usual command line. So few texts are compared one by one, and only
-  // if one of them has the same mark, which takes less than to hash them.
-  static constexpr std::size_t fewTexts = 16;
-  static constexpr std::size_t usualTexts = fewTexts * 4;
-  static constexpr std::size_t usualSlots = usualTexts * 2;
-  // From 128 kB on, slots are likely to be missing from the cache next to the processor.
-  static constexpr std::size_t fewestToPrefetch = std::size_t{1} << 15;
+  // From this number of texts on they are hashed. Fewer are compared one by one, and only if one of
+  // them has the same mark, which is cheaper. 16: the texts that a tool reads of a typical command
+  // line.
+  static constexpr std::size_t fewestHashedTexts = 16;
+  // Texts that have a place inside the set, and texts of one chunk.
+  static constexpr std::size_t inlineTexts = fewestHashedTexts * 4;
+  // Slots inside the set: twice the texts, since at most half of the slots are in use.
+  static constexpr std::size_t inlineSlots = inlineTexts * 2;
+  // 32,768 slots are 128 kB: more than a first-level cache holds, so that slots have to be fetched.
+  static constexpr std::size_t fewestSlotsToPrefetch = std::size_t{1} << 15;
 
   OwnedMemory& m_memory;
   std::size_t m_size = 0;     // the number of texts
-  std::uint64_t m_marks = 0;  // those of all texts, while there are few
-  // At most half of the slots, a power of two, are in use.
-  Slot* m_slots = m_usualSlots;
-  std::size_t m_slotCount = usualSlots;
-  // The texts by their numbers: chunks follow on the usual ones. Chunks, so that no text is ever
-  // moved: a list that doubles would need three times its memory for a moment.
+  std::uint64_t m_marks = 0;  // of all texts, while they are compared one by one
+  // The number of slots is a power of two; at most half of them are in use.
+  Slot* m_slots = m_inlineSlots;
+  std::size_t m_slotCount = inlineSlots;
+  // The texts by number: the inline ones, then chunks. A list that doubles would need three times
+  // its memory while it moves.
   Chunks m_chunks;
-  const char* m_usualTexts[usualTexts];
-  Slot m_usualSlots[usualSlots];  // in use when there are no longer few texts
+  const char* m_inlineTexts[inlineTexts];
+  Slot m_inlineSlots[inlineSlots];  // unused while texts are compared one by one
 };
 
 }  // namespace kivo_3_3

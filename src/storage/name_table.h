@@ -1,9 +1,11 @@
 #pragma once
 
+// The look-up of names. If it lost or reordered entries, a parse would miss a declared option or
+// take one for another that was declared later.
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -12,17 +14,19 @@
 
 namespace kivo_3_3 {
 
-// Entries that are found by name. Each has a number, from 0 on in the order in which they
-// are added, and a member `name`, a HashedName whose text must stay where it is. Where an
-// entry stands is good until another is to be added.
+// A hash table of entries, found by name and numbered from 0 in the order in which they are added.
+// An entry has a member `name`, a HashedName whose text must not move. Adding an entry invalidates
+// references to all others. Several entries may have one name. Compared with std::unordered_map:
+// see owned_memory.h.
 template <class Entry>
 class NameTable {
  public:
   using Entries = std::vector<Entry, OwnedAllocator<Entry>>;
 
-  // So many entries are expected, a power of two, once there is one.
-  explicit NameTable(OwnedMemory* memory, std::size_t expected = 16)
-      : m_entries(memory), m_slots(memory), m_expected(expected) {}
+  // `expectedEntries`, a power of two, is the number of entries that the table makes room for when
+  // the first one is added. 16: the defaults or groups of a typical tool.
+  explicit NameTable(OwnedMemory* memory, std::size_t expectedEntries = 16)
+      : m_entries(memory), m_slots(memory), m_expectedEntries(expectedEntries) {}
   NameTable(const NameTable&) = delete;
   NameTable& operator=(const NameTable&) = delete;
 
@@ -33,80 +37,97 @@ class NameTable {
     return static_cast<std::uint32_t>(&entry - m_entries.data());
   }
 
-  // Of the entries with this name, the one added first, and first of those that
-  // `isMeant` accepts; null where there is none.
+  // Returns the first added entry with this name, of those that `isMeant` accepts; null if there
+  // is none.
   const Entry* find(const HashedName& name) const {
     return find(name, [](const Entry&) { return true; });
   }
   template <class IsMeant>
   const Entry* find(const HashedName& name, IsMeant isMeant) const;
 
-  // After this, adding `count` entries does not raise. Raises std::bad_alloc.
+  // After this, adding `count` entries does not raise. Raises std::bad_alloc, and then nothing has
+  // changed.
   void makeRoomFor(std::size_t count) {
-    while (m_room < count)
-      makeRoom();
+    if (m_room < count)
+      widen(count);
   }
 
-  // When memory runs out, nothing has changed.
+  // Raises std::bad_alloc, and then nothing has changed.
   Entry& add(Entry entry);
 
-  // The entry with this name; where there is none, that which `make` returns, and which is
-  // added. When memory runs out, nothing has changed.
+  // Returns the entry with this name; if there is none, adds the one that `make` returns. Raises
+  // std::bad_alloc, and then nothing has changed.
   template <class Make>
   Entry& findOrAdd(const HashedName& name, Make make);
 
  private:
-  // Open addressing: an entry stands in the first free place from that of its hash on, round
-  // the end.
+  // Open addressing with linear probing; the first slot follows on the last one. A slot is one
+  // integer, so that a vector of slots is cleared by memset(): 0 if it is free, else the hash in
+  // the lower half and the number of the entry plus one in the upper half.
   struct Slot {
-    bool isFree() const { return next == 0; }
-    std::uint32_t number() const { return next - 1; }
+    bool isFree() const { return bits == 0; }
+    std::uint32_t hash() const { return static_cast<std::uint32_t>(bits); }
+    std::uint32_t number() const { return static_cast<std::uint32_t>(bits >> 32) - 1; }
 
-    std::uint32_t hash;
-    std::uint32_t next;  // the number behind that of the entry
+    std::uint64_t bits;
   };
   using Slots = std::vector<Slot, OwnedAllocator<Slot>>;
 
   static std::uint32_t hashOf(const HashedName& name) {
     return static_cast<std::uint32_t>(name.hash >> 32);
   }
-  // By its highest bits.
-  static std::size_t beginOf(std::uint32_t hash, const Slots& slots) {
+  // Maps a hash to its first slot by the hash's high bits.
+  static std::size_t firstSlot(std::uint32_t hash, const Slots& slots) {
     return static_cast<std::size_t>((std::uint64_t{hash} * slots.size()) >> 32);
   }
-  // The place of the name, or the free one that it would take.
-  std::size_t placeOf(const HashedName& name) const;
-  // The first free one from that of the hash on.
-  static std::size_t freePlace(std::uint32_t hash, const Slots& slots);
+  // Probes from the hash's first slot on. Returns the place of the first slot that has this hash
+  // and that `isWanted` accepts, or else of the free slot that ends the search.
+  template <class IsWanted>
+  static std::size_t probe(std::uint32_t hash, const Slots& slots, IsWanted isWanted);
+  static Slot slotFor(std::uint32_t hash, std::size_t number) {
+    return {std::uint64_t{number + 1} << 32 | hash};
+  }
+  static std::size_t freePlace(std::uint32_t hash, const Slots& slots) {
+    return probe(hash, slots, [](const Slot&) { return false; });
+  }
   Entry& put(Entry entry, std::size_t place);
-  void makeRoom();
+  void widen(std::size_t count);
 
   Entries m_entries;
-  Slots m_slots;           // none without entries, else a power of two and at most half full
-  std::size_t m_room = 0;  // for so many more entries
-  std::size_t m_expected;
+  Slots m_slots;           // none without entries, else a power of two, at most half in use
+  std::size_t m_room = 0;  // the number of entries that can be added without allocation
+  std::size_t m_expectedEntries;
 };
+
+template <class Entry>
+template <class IsWanted>
+std::size_t NameTable<Entry>::probe(std::uint32_t hash, const Slots& slots, IsWanted isWanted) {
+  const std::size_t last = slots.size() - 1;
+  std::size_t place = firstSlot(hash, slots);
+  while (!slots[place].isFree() && !(slots[place].hash() == hash && isWanted(slots[place])))
+    place = (place + 1) & last;
+  return place;
+}
 
 template <class Entry>
 template <class IsMeant>
 const Entry* NameTable<Entry>::find(const HashedName& name, IsMeant isMeant) const {
   if (m_slots.empty())
     return nullptr;
-  const std::size_t last = m_slots.size() - 1;
-  const std::uint32_t hash = hashOf(name);
-  for (std::size_t place = beginOf(hash, m_slots); !m_slots[place].isFree();
-       place = (place + 1) & last) {
-    const Entry& entry = m_entries[m_slots[place].number()];
-    if (m_slots[place].hash == hash && entry.name == name && isMeant(entry))
-      return &entry;
-  }
-  return nullptr;
+  const Entry* found = nullptr;
+  probe(hashOf(name), m_slots, [&](const Slot& slot) {
+    const Entry& entry = m_entries[slot.number()];
+    if (entry.name == name && isMeant(entry))
+      found = &entry;
+    return found != nullptr;
+  });
+  return found;
 }
 
 template <class Entry>
 Entry& NameTable<Entry>::add(Entry entry) {
   if (m_room == 0)
-    makeRoom();
+    widen(1);
   const std::size_t place = freePlace(hashOf(entry.name), m_slots);
   return put(std::move(entry), place);
 }
@@ -117,9 +138,11 @@ Entry& NameTable<Entry>::findOrAdd(const HashedName& name, Make make) {
   if (m_room == 0) {
     if (const Entry* const found = find(name))
       return m_entries[numberOf(*found)];
-    makeRoom();
+    widen(1);
   }
-  const std::size_t place = placeOf(name);
+  const std::size_t place = probe(hashOf(name), m_slots, [&](const Slot& slot) {
+    return m_entries[slot.number()].name == name;
+  });
   return m_slots[place].isFree() ? put(make(), place) : m_entries[m_slots[place].number()];
 }
 
@@ -127,45 +150,26 @@ template <class Entry>
 Entry& NameTable<Entry>::put(Entry entry, std::size_t place) {
   m_entries.push_back(std::move(entry));
   Entry& added = m_entries.back();
-  m_slots[place] = {hashOf(added.name), static_cast<std::uint32_t>(m_entries.size())};
+  m_slots[place] = slotFor(hashOf(added.name), m_entries.size() - 1);
   --m_room;
   return added;
 }
 
+// Entries are reinserted in order, so among equal names the first added is still found first.
 template <class Entry>
-std::size_t NameTable<Entry>::placeOf(const HashedName& name) const {
-  const std::size_t last = m_slots.size() - 1;
-  const std::uint32_t hash = hashOf(name);
-  std::size_t place = beginOf(hash, m_slots);
-  while (!m_slots[place].isFree() &&
-         !(m_slots[place].hash == hash && m_entries[m_slots[place].number()].name == name))
-    place = (place + 1) & last;
-  return place;
-}
-
-template <class Entry>
-std::size_t NameTable<Entry>::freePlace(std::uint32_t hash, const Slots& slots) {
-  const std::size_t last = slots.size() - 1;
-  std::size_t place = beginOf(hash, slots);
-  while (!slots[place].isFree())
-    place = (place + 1) & last;
-  return place;
-}
-
-// Entries of one name come upon their places in their order, and so are met in it.
-template <class Entry>
-void NameTable<Entry>::makeRoom() {
-  const std::size_t count = m_entries.size();
-  const std::size_t room = std::max(m_expected, count * 2);
+void NameTable<Entry>::widen(std::size_t count) {
+  const std::size_t used = m_entries.size();
+  std::size_t room = std::max(m_expectedEntries, m_slots.size());
+  while (room - used < count)
+    room *= 2;
   m_entries.reserve(room);
   Slots wider(room * 2, m_slots.get_allocator());
-  std::memset(wider.data(), 0, wider.size() * sizeof(Slot));
-  for (std::uint32_t number = 0; number < count; ++number) {
+  for (std::uint32_t number = 0; number < used; ++number) {
     const std::uint32_t hash = hashOf(m_entries[number].name);
-    wider[freePlace(hash, wider)] = {hash, number + 1};
+    wider[freePlace(hash, wider)] = slotFor(hash, number);
   }
   m_slots.swap(wider);
-  m_room = room - count;
+  m_room = room - used;
 }
 
 }  // namespace kivo_3_3

@@ -1,3 +1,6 @@
+// The blocks of an arena. If one was left out of the chain, it would leak; if one was in it twice,
+// it would be freed twice.
+
 #include "storage/owned_memory.h"
 
 #include <algorithm>
@@ -15,15 +18,16 @@ OwnedMemory::~OwnedMemory() {
 }
 
 void* OwnedMemory::allocateElsewhere(std::size_t size) {
-  if (size > largestSmall)
+  if (size > largestSmallBytes)
     return BEDROCK::allocateInLargePages(size);
   beginBlock();
   return allocate(size);
 }
 
-// What is left of the block before goes unused.
+// The rest of the block before it stays unused.
 void OwnedMemory::beginBlock() {
-  const std::size_t size = std::clamp(m_blockSize * growth, largestSmall, largestBlock);
+  const std::size_t size =
+      std::clamp(m_blockSize * blockGrowthFactor, largestSmallBytes, largestBlockBytes);
   m_next = addBlock(size);
   m_end = m_next + size;
   m_blockSize = size;
@@ -36,7 +40,7 @@ char* OwnedMemory::addBlock(std::size_t size) {
 }
 
 char* OwnedMemory::cutElsewhere(std::size_t size) {
-  if (size > largestSmall)
+  if (size > largestSmallBytes)
     return addBlock(size);
   beginBlock();
   return m_end -= size;

@@ -1,5 +1,35 @@
 #pragma once
 
+// An arena, and its allocator for containers. If a piece overlapped another or was freed early,
+// texts and values that a tool refers to would change under its hands.
+//
+// This folder has its own arena, list and hash table because those of the standard library cost
+// more for what a parser and a result store. Instructions, g++ 12 -O2 on x86-64:
+//
+//                             OwnedMemory  pmr::monotonic_buffer_resource
+//   declare 24 options             10,203                          15,354
+//   declare 10,000 options      3,634,748                       5,417,034
+//
+// The resource of the standard library pads each text, since it carves texts and objects from one
+// end, and makes a virtual call for each piece. It takes less memory, since its blocks grow by half
+// instead of fourfold: 18 kB for 24 options instead of 51 kB, 11.3 MB for 10,000, not 14.9.
+//
+//                            SegmentedList       deque      vector
+//   store 12 values                    998       3,120       3,136
+//   store 1,000,000 values      74,137,945  68,673,411  46,701,761
+//   the same, milliseconds             4.0         7.4         9.6
+//
+// Values are stored with their positions, and read once. Each empty deque allocates 576 bytes: the
+// 24 lists of 12 options 14 kB. A vector moves its elements, to which a tool may refer.
+//
+//                              NameTable  unordered_map  unordered_map with the hash of HashedName
+//   add 24 names                   1,823          8,547                                      4,430
+//   add 10,000 names           1,593,801      2,564,811                                  1,934,259
+//   find one of 24 names              65            139                                         85
+//   find one of 10,000 names          71            158                                         93
+//
+// An unordered_map also forgets the order of declaration, in which entries are walked.
+
 #include <cstddef>
 #include <new>
 #include <string_view>
@@ -7,37 +37,37 @@
 
 namespace kivo_3_3 {
 
-// Memory for what ends together with its owner. Small pieces are cut from a few larger
-// blocks, texts from their ends, and given back with all others at the end; large ones that
-// are given back come and go one by one.
+// An arena: everything allocated from it is freed with it. Small objects are carved from the front
+// of a few blocks, texts from the back, where they need no alignment; large ones are separate and
+// can be freed early.
 class OwnedMemory {
  public:
   OwnedMemory(const OwnedMemory&) = delete;
   OwnedMemory& operator=(const OwnedMemory&) = delete;
 
-  // Aligned for pointers and numbers. Raises std::bad_alloc.
+  // Aligned for pointers and numbers. A large piece must be deallocated. Raises std::bad_alloc.
   void* allocate(std::size_t bytes) {
     const std::size_t size = rounded(bytes);
-    if (size > largestSmall || size > static_cast<std::size_t>(m_end - m_next))
+    if (size > largestSmallBytes || size > static_cast<std::size_t>(m_end - m_next))
       return allocateElsewhere(size);
     char* const piece = m_next;
     m_next += size;
     return piece;
   }
-  // With what allocate() was called with. The piece cut last can be cut again.
+  // `bytes` as in the call of allocate(). Of the small pieces, only the last one is reused.
   void deallocate(void* piece, std::size_t bytes) noexcept {
-    if (bytes > largestSmall)
+    if (bytes > largestSmallBytes)
       ::operator delete(piece);
     else if (static_cast<char*>(piece) + rounded(bytes) == m_next)
       m_next = static_cast<char*>(piece);
   }
 
-  // Like allocate(), for what stays to the end.
+  // Like allocate(), but a large piece too is freed with the arena, and must not be deallocated.
   void* allocateForGood(std::size_t bytes) {
-    return bytes > largestSmall ? addBlock(bytes) : allocate(bytes);
+    return bytes > largestSmallBytes ? addBlock(bytes) : allocate(bytes);
   }
 
-  // A copy of `text`, with a zero behind it, that stays to the end.
+  // Returns a zero-terminated copy of `text` that is freed with the arena. Raises std::bad_alloc.
   std::string_view copy(std::string_view text) {
     const std::size_t size = text.size() + 1;
     char* const place =
@@ -50,23 +80,27 @@ class OwnedMemory {
  protected:
   static constexpr std::size_t alignment = alignof(double);
 
-  // Cuts up `first`, which lives as long, before anything else.
+  // Carves from `first`, which must outlive the arena, before it allocates a block.
   OwnedMemory(char* first, std::size_t size)
       : m_next(first), m_end(first + size), m_blockSize(size) {}
   ~OwnedMemory();
 
  private:
-  // A larger block, which begins with this.
+  // The header of a block; the pieces follow on it.
   struct alignas(alignment) Block {
     Block* previous;
   };
 
-  static constexpr std::size_t largestSmall = 1536;
-  // Each block is so much longer than the one before that the last is most of all. A C
-  // library may go by the largest piece below 32 MB that it got by itself from the system and
-  // that was freed: twice as much of free memory it keeps at hand for who parses again.
-  static constexpr std::size_t growth = 4;
-  static constexpr std::size_t largestBlock = std::size_t{31} << 20;
+  // Bytes of the largest small piece. 1536: the tables of a result with 32 names are small (at most
+  // 1,024 bytes), and the unused rest of a block is never longer than this.
+  static constexpr std::size_t largestSmallBytes = 1536;
+  // Each block is this many times as long as the one before it. 4: the last block holds most of
+  // the memory, so that there are few.
+  static constexpr std::size_t blockGrowthFactor = 4;
+  // Bytes of the largest block. 31 MB is below the 32 MB from which on glibc returns every freed
+  // block to the system at once. A million values take 93 MB with it, and 128 MB without a limit,
+  // in the same time.
+  static constexpr std::size_t largestBlockBytes = std::size_t{31} << 20;
 
   static constexpr std::size_t rounded(std::size_t bytes) {
     return (bytes + alignment - 1) / alignment * alignment;
@@ -82,19 +116,19 @@ class OwnedMemory {
   std::size_t m_blockSize;
 };
 
-// The same with its first block inside.
+// An arena with its first block inside, of `firstSize` bytes.
 template <std::size_t firstSize>
 class OwnedMemoryOf final : public OwnedMemory {
  public:
-  // cppcheck-suppress uninitMemberVar ; what is in it comes with its use
+  // cppcheck-suppress uninitMemberVar ; each piece is set by its user
   OwnedMemoryOf() : OwnedMemory(m_first, firstSize) {}
 
  private:
   alignas(alignment) char m_first[firstSize];
 };
 
-// Lets a container take its elements from such memory; without, from the heap. Copies of
-// the container do the latter: they may live longer.
+// Lets a container allocate its elements from an arena; from the heap, if it is given none. A copy
+// of a container allocates from the heap, since it may outlive the arena.
 template <class T>
 class OwnedAllocator {
  public:
@@ -119,11 +153,6 @@ class OwnedAllocator {
       m_memory->deallocate(elements, count * elementSize);
     else
       ::operator delete(elements);
-  }
-  // What is made of nothing is not set to zero first: who needs that does it.
-  template <class Element>
-  void construct(Element* place) {
-    ::new (static_cast<void*>(place)) Element;
   }
   OwnedAllocator select_on_container_copy_construction() const { return {}; }
 

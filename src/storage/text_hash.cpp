@@ -1,3 +1,5 @@
+// Draws the key of TextHash. A key that others could read or guess would protect nothing.
+
 #include "storage/text_hash.h"
 
 #include <cstring>
@@ -8,7 +10,7 @@ namespace kivo_3_3 {
 
 namespace {
 
-// Hashed once more, for the seed is what other parts of the process are protected by.
+// Hashes the seed of the process, so that no key reveals it: other code may rely on its secrecy.
 HashKey drawnKey() noexcept {
   const auto seed = BEDROCK::process_seed();
   char text[sizeof seed];

@@ -1,5 +1,8 @@
 #pragma once
 
+// The keyed hash for texts from outside. If an attacker could predict it, the texts of one command
+// line or option file could be made to collide, and reading them would take quadratic time.
+
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -8,21 +11,19 @@
 
 namespace kivo_3_3 {
 
-// What the hash of a text depends on besides the text.
+// The secret part of the hash.
 struct HashKey {
   std::uint64_t start;
-  std::uint64_t factor;  // odd, for a factor of zero would give every text one hash
+  std::uint64_t factor;  // odd, and so never zero, which would give all texts one hash
 };
 
-// Drawn when the process begins; a forked child has that of its parent. Made before other static
-// objects, which may own tables.
+// Drawn when the process starts; a forked child inherits it. Initialised before other static
+// objects, since these may own tables.
 extern const HashKey hashKey;
 
-// The hash of texts that come from outside of the tool: without the key, nobody can construct
-// texts that collide. (Names that a tool declares have a cheaper one: see HashedName.)
-//
-// Eight characters a step: a multiplication whose two halves are combined. The high bits depend
-// on all characters and on the whole key.
+// Hashes eight characters a step by a 128-bit multiplication, of which both halves are combined.
+// The high bits depend on all characters and on the whole key. Declared names have a cheaper hash:
+// see HashedName.
 class TextHash {
  public:
   static std::uint64_t of(std::string_view text, const HashKey& key = hashKey) {
@@ -32,8 +33,8 @@ class TextHash {
     return folded(hash ^ lastEight(text), key.factor);
   }
 
-  // The product of 128 bits, its upper half combined with its lower half, for compilers without
-  // integers of that size.
+  // The 128-bit product, its halves combined by exclusive or, in 64-bit arithmetic: for compilers
+  // without 128-bit integers.
   static constexpr std::uint64_t foldedInHalves(std::uint64_t left, std::uint64_t right) {
     const std::uint64_t low = 0xFFFFFFFF;
     const std::uint64_t lowLow = (left & low) * (right & low);
