@@ -4,6 +4,7 @@
 
 #include <random>
 
+#include "allocation/allocation_limit.h"
 #include "options/make_option.h"
 #include "support/declaration_scan.h"
 
@@ -52,6 +53,15 @@ TEST(DeclarationIndex, CompletesAnAbbreviation) {
   EXPECT_EQ("none", shown(index.findBest("levels", options)));
 }
 
+TEST(DeclarationIndex, TakesNoMemoryForFurtherAbbreviations) {
+  const Options options = {makeOption({"level"}, vtS32), makeOption({"color"}, vtBool)};
+  DeclarationIndex index(nullptr);
+  EXPECT_EQ("level@0", shown(index.findBest("lev", options)));
+  const AllocationLimit limit(0, Failing::once);
+  EXPECT_EQ(1u, index.findBest("c", options).option);
+  EXPECT_FALSE(limit.reached());
+}
+
 TEST(DeclarationIndex, TwoNamesOfOneOptionAreTwoMatches) {
   const Options options = {makeOption({"level", "length"}, vtS32)};
   DeclarationIndex index(nullptr);
@@ -77,6 +87,26 @@ TEST(DeclarationIndex, LearnsNamesAddedToTheLastOption) {
   options.push_back(makeOption({"e"}, vtS32));
   EXPECT_EQ("delta@1", shown(index.findBest("d", options)));
   EXPECT_EQ("2", shown(index.find("e", options)));
+}
+
+// Two amendments must not look like none.
+TEST(DeclarationIndex, LearnsANameWhateverElseWasAmendedWithIt) {
+  using Amendment = IOption* (*)(IOption&);
+  const Amendment amendments[] = {[](IOption& option) { return option.allowValue(1); },
+                                  [](IOption& option) { return option.allowDeprecatedValue(1, 2); },
+                                  [](IOption& option) { return option.defaultValue(1); },
+                                  [](IOption& option) { return option.tokenize(';'); },
+                                  [](IOption& option) { return option.positional(); },
+                                  [](IOption& option) { return option.tag("t"); }};
+  for (const Amendment amend : amendments) {
+    SCOPED_TRACE(&amend - amendments);
+    Options options;
+    options.push_back(makeOption({"level"}, vtS32));
+    DeclarationIndex index(nullptr);
+    EXPECT_EQ("none", shown(index.find("x", options)));
+    amend(*options.back().synonym("x"));
+    EXPECT_EQ("0", shown(index.find("x", options)));
+  }
 }
 
 TEST(DeclarationIndex, LearnsNamesOfAnOptionDeclaredWithNone) {

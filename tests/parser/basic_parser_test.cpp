@@ -167,6 +167,14 @@ TEST(Declaring, TakesEffectInTheNextParse) {
   EXPECT_EQ("level=1@+1", command.parsed({"--level=1"}));
 }
 
+TEST(Declaring, AmendmentsTakeEffectInTheNextParseTogether) {
+  Command command;
+  IOption* const level = command.option("level", vtS32);
+  EXPECT_EQ("", command.parsed({}));
+  level->synonym("x")->defaultValue(3);
+  EXPECT_EQ("level(3)@+1 level=2@+3", command.parsed({"-x=2"}));
+}
+
 TEST(Declaring, NullTextsCountAsEmptyOrNone) {
   Command command;
   IParser& parser = command.parser();

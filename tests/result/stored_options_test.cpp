@@ -223,6 +223,19 @@ TEST_F(Storing, OneNameTwiceHasLaterOccurrencesTwice) {
   EXPECT_EQ("a: @1 @3 @3 v2@2 v4@4 v4@4; ", stored());
 }
 
+TEST_F(Storing, OneNameTwiceTakesMemoryInProportionToItsOccurrences) {
+  const long before = liveBlocks();
+  OwnedMemoryOf<640> memory;
+  StoredOptions options(memory);
+  for (int position = 1; position <= 16'000; ++position) {
+    OptionData data;
+    data.positions = {position};
+    options.store({"a", "a"}, data, 1);
+  }
+  EXPECT_EQ(31'999u, options.given(*options.find("a")).positions.size());
+  EXPECT_GT(before + 20, liveBlocks());  // each is four times as large as the one before it
+}
+
 TEST_F(Storing, OneNameTwiceBesideAnotherHasLaterOccurrencesTwice) {
   both.store({"b", "a", "a"}, 0);
   both.store({"b", "a", "a"}, 0);
