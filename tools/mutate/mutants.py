@@ -151,6 +151,7 @@ class Source:
         while True:
             while access := ACCESS.match(self.text, first):
                 first = access.end()
+            first += len(self.text[first:]) - len(self.text[first:].lstrip())
             last = self._end_of_statement(first)
             if start <= last:
                 return first, max(last, end)

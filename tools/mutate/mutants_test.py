@@ -85,8 +85,13 @@ class Keys(unittest.TestCase):
         self.assertEqual(["if(a) @return -> @", "else @go() -> @", "@stay() -> @"],
                          [key.split(": ")[-1] for key in keys(text) if "-> @" in key])
 
+    def test_directives_and_static_assertions_do_not_count(self):
+        text = "void f() {\n  static_assert(a < b);\n#if A < B\n  go(a < b);\n#endif\n}\n"
+        self.assertIn("src/a/counter.cpp: f: go(a @< -> <=@ b)", keys(text))
+
     def test_classes_templates_and_lambdas(self):
-        text = ("template <class T>\nclass [[gnu::visibility(\"default\")]] List final {\n public:\n"
+        text = ("template <class T>\nclass [[gnu::visibility(\"default\")]] List final {\n"
+                " public:\n"
                 "  ~List() {\n    stop();\n  }\n  bool operator<(const List& o) const {\n"
                 "    return any([&](int a) { return a < 3; });\n  }\n  int m_size = 0;\n};\n")
         self.assertEqual({"List::~List", "List::operator<", "List"},
