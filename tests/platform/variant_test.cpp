@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstring>
 #include <limits>
 #include <stdexcept>
 #include <string>
@@ -356,6 +357,22 @@ TEST(VariantOrder, NothingIsNeverLessThanNothing) {
   const AssertionRecorder assertions;
   EXPECT_EQ('=', compare(nothing, variant_t()));
   EXPECT_EQ("", assertions.expressions());
+}
+
+// As a tool may have it that was built with other headers.
+variant_t withUnknownTag() {
+  constexpr int unknown = 99;
+  variant_t value;
+  std::memcpy(reinterpret_cast<char*>(&value) + sizeof(u64_t), &unknown, sizeof(unknown));
+  return value;
+}
+
+TEST(VariantOrder, OfTwoWithOneUnknownTagIsAnAssertion) {
+  const AssertionRecorder assertions;
+  EXPECT_FALSE(withUnknownTag() < withUnknownTag());
+  EXPECT_EQ("m_type == vtNull && var.m_type == vtNull", assertions.expressions());
+  EXPECT_TRUE(withUnknownTag() < nothing);
+  EXPECT_EQ("m_type == vtNull && var.m_type == vtNull", assertions.expressions());
 }
 
 TEST(StringCompare, IsNegativeZeroOrPositiveByBytes) {
