@@ -137,6 +137,19 @@ TEST_F(Storing, NamesOfOneOptionShareTheirData) {
   EXPECT_EQ(shared, &options.given(*options.find("c")));
 }
 
+TEST_F(Storing, NamesShareTheirDataStillWhenAnotherHasItsOwn) {
+  OwnedMemoryOf<640> memory;
+  StoredOptions options(memory);
+  OptionData data;
+  data.positions = {1};
+  options.store({"a", "b", "c"}, data, 1);
+  options.store({"c"}, data, 2);
+  options.store({"a", "b"}, data, 3);
+  EXPECT_EQ("@1 @1", render(options.given(*options.find("a"))));
+  EXPECT_EQ(&options.given(*options.find("a")), &options.given(*options.find("b")));
+  EXPECT_EQ("@1 @1", render(options.given(*options.find("c"))));
+}
+
 TEST_F(Storing, OccurrencesOfOneOptionInARowAddUp) {
   constexpr std::uint64_t option = 7;
   for (int round = 0; round < 3; ++round)
