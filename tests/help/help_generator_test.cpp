@@ -505,6 +505,14 @@ TEST_F(HelpFailure, IsMetOnlyWhereANamelessOptionIsListed) {
   EXPECT_EQ(unknownError, hidden());
 }
 
+TEST_F(HelpFailure, IsNotMetWhereManyNamelessOptionsAreNotListed) {
+  option("good");
+  for (int i = 0; i < 2'000; ++i)
+    option("", vtNull, "kivo_hidden");
+  EXPECT_EQ(entry("-good", "Text."), ordinary());
+  EXPECT_EQ(unknownError, hidden());
+}
+
 TEST_F(HelpFailure, OfANamelessActionIsMetInTheTopics) {
   action("run", "Do it.");
   action("", "Nameless.", "kivo_hidden");

@@ -92,6 +92,27 @@ TEST(DeclarationSummary, GivesTheSameDefaultsUntilTheyChange) {
   EXPECT_EQ(nullptr, first->find("l"));
 }
 
+// Two amendments must not look like none.
+TEST(DeclarationSummary, GivesOtherDefaultsWhateverElseWasAmendedWithAName) {
+  using Amendment = IOption* (*)(IOption&);
+  const Amendment amendments[] = {[](IOption& option) { return option.allowValue(1); },
+                                  [](IOption& option) { return option.allowDeprecatedValue(1, 2); },
+                                  [](IOption& option) { return option.defaultValue(2); },
+                                  [](IOption& option) { return option.tokenize(';'); },
+                                  [](IOption& option) { return option.positional(); },
+                                  [](IOption& option) { return option.tag("t"); }};
+  for (const Amendment amend : amendments) {
+    SCOPED_TRACE(&amend - amendments);
+    Options options;
+    options.push_back(makeOption({"level"}, vtS32));
+    options.back().defaultValue(1);
+    DeclarationSummary summary(options, nullptr);
+    EXPECT_EQ("level@0 ", defaultsOf(summary));
+    amend(*options.back().synonym("x"));
+    EXPECT_EQ("level@0 x@1 ", defaultsOf(summary));
+  }
+}
+
 TEST(DeclarationSummary, GivesNoDefaultsWhereOneHasToBeConvertedAtEachParse) {
   Options options;
   options.push_back(makeOption({"a"}, vtS32));

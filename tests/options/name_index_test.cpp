@@ -4,6 +4,7 @@
 
 #include <random>
 
+#include "allocation/allocation_limit.h"
 #include "options/make_option.h"
 #include "support/declaration_scan.h"
 
@@ -106,6 +107,14 @@ TEST(NameIndex, LearnsNamesOfAnOptionDeclaredWithNone) {
   EXPECT_EQ("none", options.find("a"));
   options.back().synonym("a");
   EXPECT_EQ("0", options.find("no-a"));
+}
+
+TEST(NameIndex, TakesNoMemoryForFurtherAbbreviations) {
+  Indexed options = {makeOption({"level"}, vtS32), makeOption({"color"}, vtBool)};
+  EXPECT_EQ("level@0", options.findBest("lev"));
+  const AllocationLimit limit(0, Failing::once);
+  EXPECT_EQ("color@1", options.findBest("c"));
+  EXPECT_FALSE(limit.reached());
 }
 
 TEST(NameIndex, ManyNamesAreFound) {

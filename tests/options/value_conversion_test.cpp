@@ -5,9 +5,11 @@
 #include <cmath>
 #include <limits>
 #include <stdexcept>
+#include <string_view>
 
 #include "support/assertion_recorder.h"
 #include "support/global_locale.h"
+#include "support/guarded_page.h"
 
 namespace kivo_3_3::testing {
 namespace {
@@ -50,6 +52,18 @@ TEST(TypeName, EveryOptionTypeHasItsName) {
 TEST(TypeName, OtherTagsHaveTheEmptyName) {
   for (const int tag : otherTags)
     EXPECT_STREQ("", typeName(static_cast<variant_type_t>(tag))) << tag;
+}
+
+// The texts have no zero behind them.
+TEST(TextToValue, ReadsNoByteBeforeOrAfterTheText) {
+  const GuardedPage page;
+  for (const std::string_view text :
+       {"", "-", "+", " ", "-5", "12", "1.", "1.5", "-1.5 ", "0x", "7h"})
+    for (const variant_type_t type : optionTypes) {
+      const variant_t value = textToValue(type, std::string(text));
+      EXPECT_TRUE(value == textToValue(type, page.first(text))) << text << " as " << type;
+      EXPECT_TRUE(value == textToValue(type, page.last(text))) << text << " as " << type;
+    }
 }
 
 TEST(TextToValue, UnderOtherTagsNothingConverts) {

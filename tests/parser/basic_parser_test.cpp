@@ -9,6 +9,7 @@
 #include <memory>
 #include <type_traits>
 
+#include "allocation/allocation_limit.h"
 #include "support/command.h"
 #include "support/recording_handler.h"
 #include "support/stored.h"
@@ -18,7 +19,9 @@ namespace kivo_3_3 {
 namespace {
 
 using std::string;
+using testing::AllocationLimit;
 using testing::Command;
+using testing::Failing;
 using testing::givenTo;
 using testing::RecordingHandler;
 using testing::TestHandler;
@@ -167,6 +170,14 @@ TEST(Declaring, TakesEffectInTheNextParse) {
   EXPECT_EQ("level=1@+1", command.parsed({"--level=1"}));
 }
 
+TEST(Declaring, AmendmentsTakeEffectInTheNextParseTogether) {
+  Command command;
+  IOption* const level = command.option("level", vtS32);
+  EXPECT_EQ("", command.parsed({}));
+  level->synonym("x")->defaultValue(3);
+  EXPECT_EQ("level(3)@+1 level=2@+3", command.parsed({"-x=2"}));
+}
+
 TEST(Declaring, NullTextsCountAsEmptyOrNone) {
   Command command;
   IParser& parser = command.parser();
@@ -176,6 +187,23 @@ TEST(Declaring, NullTextsCountAsEmptyOrNone) {
   parser.modifier("fast", nullptr, nullptr, vtNull, nullptr);
   EXPECT_TRUE(parser.isOptionDeclared("fast", false, ""));
   EXPECT_EQ("", command.parsed({"x"}));
+}
+
+// Neither the rules for actions nor those for deprecated values apply.
+TEST(Parsing, OfAFewAllowedValuesTakesNoMemoryFromTheHeap) {
+  Command command;
+  command.option("tone", vtString)->allowValue("soft")->allowValue("loud");
+  EXPECT_EQ("tone=soft@+1", command.parsed({"--tone=soft"}));
+  const ResultHandle result = makeResult(command.parser());
+  const char* const arguments[] = {"tool", "--tone=loud"};
+  int outcome = 0;
+  {
+    const AllocationLimit limit(0, Failing::once);
+    outcome = command.parser().parseArgsVector(2, arguments, result.get());
+    EXPECT_FALSE(limit.reached());
+  }
+  EXPECT_EQ(0, outcome);
+  EXPECT_STREQ("loud", result->get("tone", firstPosition, lastPosition).text);
 }
 
 TEST(ErrorText, IsEmptyAtTheStartAndNotClearedBySuccess) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include "allocation/allocation_limit.h"
 #include "support/temporary_folder.h"
 
 namespace kivo_3_3::testing {
@@ -114,6 +115,20 @@ TEST(LoadFile, AFileLargerThanAnyBufferComesWhole) {
   std::string text;
   EXPECT_EQ(0, BEDROCK::load_file(name.c_str(), text));
   EXPECT_TRUE(lines == text);
+}
+
+// The size of a regular file is known.
+TEST(LoadFile, OfALongFileAllocatesTheTextOnce) {
+  const TemporaryFolder folder;
+  const std::string expected(1'000'000, 'x');
+  const std::string name = folder.write("file", expected);
+  std::string text;
+  {
+    const AllocationLimit limit(1, Failing::once);
+    EXPECT_EQ(0, BEDROCK::load_file(name.c_str(), text));
+    EXPECT_FALSE(limit.reached());
+  }
+  EXPECT_TRUE(expected == text);
 }
 
 TEST(LoadFile, WhatCannotBeReadIsAnErrorAndLeavesTheText) {

@@ -3,13 +3,18 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
+#include <cstring>
 #include <limits>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
+#include "allocation/allocation_limit.h"
 #include "support/assertion_recorder.h"
+#include "support/guarded_page.h"
 
 namespace kivo_3_3::testing {
 namespace {
@@ -148,6 +153,40 @@ TEST(Variant, CopiesAreCountedAcrossThreads) {
   copyManyTimes();
   other.join();
   EXPECT_STREQ("shared by all", value.get<const char*>());
+}
+
+// Each thread has one of the two owners of each text. They wait for each other before each
+// release: some texts lose both owners between two instructions.
+TEST(Variant, ATextIsFreedOnceWhenTwoThreadsReleaseItTogether) {
+  constexpr std::size_t texts = 10'000;
+  const long before = liveBlocks();
+  {
+    std::vector<variant_t> mine;
+    for (std::size_t i = 0; i < texts; ++i)
+      mine.emplace_back("shared by two");
+    std::vector<variant_t> others = mine;
+    std::atomic<std::size_t> arrived = 0;
+    const auto releaseAll = [&](std::vector<variant_t>& owners) {
+      std::size_t awaited = 0;
+      for (variant_t& owner : owners) {
+        awaited += 2;
+        ++arrived;
+        while (arrived < awaited)
+          continue;
+        owner = variant_t();
+      }
+    };
+    std::thread other([&] { releaseAll(others); });
+    releaseAll(mine);
+    other.join();
+  }
+  EXPECT_EQ(before, liveBlocks());
+}
+
+TEST(Variant, ReadsNoByteAfterTheTextItIsMadeFrom) {
+  const GuardedPage page;
+  const variant_t value(page.last(std::string_view("copied", 7)).data());
+  EXPECT_STREQ("copied", value.get<const char*>());
 }
 
 TEST(Variant, WhatCanBeReadDependsOnTheKind) {
@@ -318,6 +357,22 @@ TEST(VariantOrder, NothingIsNeverLessThanNothing) {
   const AssertionRecorder assertions;
   EXPECT_EQ('=', compare(nothing, variant_t()));
   EXPECT_EQ("", assertions.expressions());
+}
+
+// As a tool may have it that was built with other headers.
+variant_t withUnknownTag() {
+  constexpr int unknown = 99;
+  variant_t value;
+  std::memcpy(reinterpret_cast<char*>(&value) + sizeof(u64_t), &unknown, sizeof(unknown));
+  return value;
+}
+
+TEST(VariantOrder, OfTwoWithOneUnknownTagIsAnAssertion) {
+  const AssertionRecorder assertions;
+  EXPECT_FALSE(withUnknownTag() < withUnknownTag());
+  EXPECT_EQ("m_type == vtNull && var.m_type == vtNull", assertions.expressions());
+  EXPECT_TRUE(withUnknownTag() < nothing);
+  EXPECT_EQ("m_type == vtNull && var.m_type == vtNull", assertions.expressions());
 }
 
 TEST(StringCompare, IsNegativeZeroOrPositiveByBytes) {

@@ -14,6 +14,7 @@
 #include "result/parse_result.h"
 #include "support/arguments.h"
 #include "support/console_capture.h"
+#include "support/guarded_page.h"
 #include "support/recording_handler.h"
 #include "support/stored.h"
 
@@ -24,6 +25,7 @@ namespace {
 using std::string;
 using testing::ConsoleCapture;
 using testing::givenTo;
+using testing::GuardedPage;
 using testing::leftOf;
 using testing::RecordingHandler;
 using testing::WindowOn;
@@ -48,6 +50,22 @@ TEST(ArgumentWindow, ShowsFewerAtTheEnd) {
   EXPECT_TRUE(window.empty());
   EXPECT_EQ(std::nullopt, window.second());
   EXPECT_THROW(window.front(), std::out_of_range);
+}
+
+// What is fetched early is among them, too.
+TEST(ArgumentWindow, ReadsNothingAfterTheLastArgument) {
+  const GuardedPage page;
+  for (std::size_t count = 0; count < 20; ++count) {
+    const std::vector<const char*> arguments(count, "a");
+    const std::string_view bytes(reinterpret_cast<const char*>(arguments.data()),
+                                 count * sizeof(const char*));
+    const void* const place = page.last(bytes).data();
+    ArgumentWindow window(static_cast<const char* const*>(place), count);
+    std::size_t shown = 0;
+    for (; !window.empty(); window.drop())
+      ++shown;
+    EXPECT_EQ(count, shown);
+  }
 }
 
 TEST(ArgumentWindow, HasNothingToShowOfNothing) {

@@ -90,6 +90,20 @@ TEST(GivenOption, RoomThatWasMadeIsEnoughAtEverySize) {
   EXPECT_EQ(6u * 133, given.values.size());
 }
 
+TEST(GivenOption, GivenOnceTakesNoMemory) {
+  OwnedMemoryOf<640> memory;
+  void* const before = memory.allocate(8);
+  memory.deallocate(before, 8);
+  OptionData data;
+  data.positions = {1};
+  data.values = {{"a", variant_t("a", true), 2}};
+  GivenOption given;
+  given.makeRoomFor(data, memory);
+  given.append(data);
+  EXPECT_EQ("@1 a@2", render(given));
+  EXPECT_EQ(before, memory.allocate(8));
+}
+
 TEST(GivenOption, TakesWhatAnotherHas) {
   OwnedMemoryOf<640> memory;
   GivenOption first;

@@ -325,6 +325,17 @@ TEST_F(Reading, ExhaustedWalkGoesOnWithWhatIsStoredLater) {
   EXPECT_EQ("b@4", next());
 }
 
+TEST_F(Reading, OfAnUnknownNameDoesNotGoOnWithTheEmptyName) {
+  OptionData data;
+  data.positions = {1};
+  data.values = {given("7", nullptr, 2)};
+  result.store(makeOption({"", "e"}, vtS32), data);
+  EXPECT_EQ("7@2", get(""));
+  EXPECT_EQ("-", get("nobody"));
+  EXPECT_EQ("-", next());
+  EXPECT_EQ(lastPosition, result.nextPosition());
+}
+
 TEST_F(Reading, ReadingChangesNothing) {
   store("level", {1}, {{"a", 2}});
   storeDefault("depth", "high", 3);

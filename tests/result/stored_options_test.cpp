@@ -137,6 +137,19 @@ TEST_F(Storing, NamesOfOneOptionShareTheirData) {
   EXPECT_EQ(shared, &options.given(*options.find("c")));
 }
 
+TEST_F(Storing, NamesShareTheirDataStillWhenAnotherHasItsOwn) {
+  OwnedMemoryOf<640> memory;
+  StoredOptions options(memory);
+  OptionData data;
+  data.positions = {1};
+  options.store({"a", "b", "c"}, data, 1);
+  options.store({"c"}, data, 2);
+  options.store({"a", "b"}, data, 3);
+  EXPECT_EQ("@1 @1", render(options.given(*options.find("a"))));
+  EXPECT_EQ(&options.given(*options.find("a")), &options.given(*options.find("b")));
+  EXPECT_EQ("@1 @1", render(options.given(*options.find("c"))));
+}
+
 TEST_F(Storing, OccurrencesOfOneOptionInARowAddUp) {
   constexpr std::uint64_t option = 7;
   for (int round = 0; round < 3; ++round)
@@ -221,6 +234,19 @@ TEST_F(Storing, OneNameTwiceHasLaterOccurrencesTwice) {
   EXPECT_EQ("a: @1 v2@2; ", stored());
   both.store({"a", "a"});
   EXPECT_EQ("a: @1 @3 @3 v2@2 v4@4 v4@4; ", stored());
+}
+
+TEST_F(Storing, OneNameTwiceTakesMemoryInProportionToItsOccurrences) {
+  const long before = liveBlocks();
+  OwnedMemoryOf<640> memory;
+  StoredOptions options(memory);
+  for (int position = 1; position <= 16'000; ++position) {
+    OptionData data;
+    data.positions = {position};
+    options.store({"a", "a"}, data, 1);
+  }
+  EXPECT_EQ(31'999u, options.given(*options.find("a")).positions.size());
+  EXPECT_GT(before + 20, liveBlocks());  // each is four times as large as the one before it
 }
 
 TEST_F(Storing, OneNameTwiceBesideAnotherHasLaterOccurrencesTwice) {

@@ -30,6 +30,67 @@ TEST(OwnedMemory, FewSmallBlocksTakeNothingFromTheHeap) {
   EXPECT_EQ(before, liveBlocks());
 }
 
+TEST(OwnedMemory, TheInsideIsUsedToItsLastByte) {
+  const long before = liveBlocks();
+  OwnedMemoryOf<640> pieces;
+  EXPECT_NE(nullptr, pieces.allocate(600));
+  EXPECT_NE(nullptr, pieces.allocate(40));
+  EXPECT_EQ(before, liveBlocks());
+  OwnedMemoryOf<640> texts;
+  EXPECT_EQ(639u, texts.copy(std::string(639, 'x')).size());
+  EXPECT_EQ(before, liveBlocks());
+  EXPECT_NE(nullptr, pieces.allocate(1));
+  EXPECT_EQ("", texts.copy(""));
+  EXPECT_EQ(before + 2, liveBlocks());
+}
+
+// Beyond this a piece comes and goes by itself.
+constexpr std::size_t largestSmall = 1'536;
+
+TEST(OwnedMemory, IsCutUpForPiecesAndTextsUpToACertainSize) {
+  const long before = liveBlocks();
+  OwnedMemoryOf<4 * largestSmall> memory;
+  EXPECT_NE(nullptr, memory.allocate(largestSmall));
+  EXPECT_NE(nullptr, memory.allocateForGood(largestSmall));
+  EXPECT_EQ(before, liveBlocks());
+  void* const alone = memory.allocate(largestSmall + 1);
+  EXPECT_EQ(before + 1, liveBlocks());
+  memory.deallocate(alone, largestSmall + 1);
+  EXPECT_EQ(before, liveBlocks());
+  EXPECT_NE(nullptr, memory.allocateForGood(largestSmall + 1));
+  EXPECT_EQ(before + 1, liveBlocks());
+}
+
+TEST(OwnedMemory, TextsBeginANewBlockUpToACertainSize) {
+  const long before = liveBlocks();
+  OwnedMemoryOf<640> memory;
+  memory.copy(std::string(largestSmall - 1, 'x'));
+  EXPECT_EQ(before + 1, liveBlocks());
+  memory.copy(std::string(800, 'x'));  // there is room left in that block
+  EXPECT_EQ(before + 1, liveBlocks());
+  memory.copy(std::string(largestSmall, 'x'));  // which has a block to itself
+  EXPECT_EQ(before + 2, liveBlocks());
+  memory.copy(std::string(200, 'x'));
+  EXPECT_EQ(before + 2, liveBlocks());
+}
+
+TEST(OwnedMemory, ABlockIsFourTimesAsLongAsTheOneBeforeItUpTo31Megabytes) {
+  constexpr std::size_t piece = 512;
+  OwnedMemoryOf<piece> memory;
+  memory.allocate(piece);
+  std::vector<std::size_t> lengths;  // in pieces
+  while (lengths.size() < 11) {
+    const long before = liveBlocks();
+    memory.allocate(piece);
+    if (liveBlocks() != before)
+      lengths.push_back(0);
+    ++lengths.back();
+  }
+  lengths.pop_back();
+  EXPECT_EQ((std::vector<std::size_t>{4, 16, 64, 256, 1024, 4096, 16384, 63488, 63488, 63488}),
+            lengths);
+}
+
 TEST(OwnedMemory, ManySmallBlocksComeFromAFewLargerOnes) {
   const long before = liveBlocks();
   {

@@ -1,8 +1,8 @@
-"""Where the sources can be changed a little: the mutants that scripts/mutate tests.
+"""Finds the small changes ("mutants") that can be made to a source file.
 
-The sources are read as text, which clang-format has brought into shape: only a binary
-operator has white space on both sides. Comments and literals are blanked out first, and
-every brace is sorted into what it opens: a namespace, a class, code, or an initializer.
+The sources are read as text in the shape that clang-format gives them: only a binary operator
+has white space on both sides. Comments and literals are blanked out first, and each brace is
+classified by what it opens: a namespace, a class, code, or an initializer.
 """
 import collections
 import pathlib
@@ -21,14 +21,23 @@ STEP = re.compile(r"\+\+|--")
 NOT = re.compile(r"!(?=[\w(*])")
 NUMBER = re.compile(r"(?<![\w.'])(0[xX][0-9A-Fa-f]+|\d+)(?=[uUlL]*(?![\w.']))")
 TRUTH = re.compile(r"\b(true|false)\b")
-BLANK = re.compile(r'//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"|(?<!\w)\'(?:\\.|[^\'\\\n])+\''
-                   r"|^[ \t]*#[^\n]*|\bstatic_assert\([^;]*;", re.DOTALL | re.MULTILINE)
+LITERAL = r'"(?:\\.|[^"\\\n])*"|(?<!\w)\'(?:\\.|[^\'\\\n])+\''
+BLANK = re.compile(LITERAL + r"|//[^\n]*|/\*.*?\*/|^[ \t]*#[^\n]*|\bstatic_assert\([^;]*;",
+                   re.DOTALL | re.MULTILINE)
+COMMENT = re.compile(LITERAL + r"|//[^\n]*|/\*.*?\*/", re.DOTALL)
+SPACE = re.compile(r"(\S) (?=(\S))")
+ACCESS = re.compile(r"\s*(?:public|protected|private)\s*:(?!:)")
+CALLABLE = re.compile(r"((?:\w+(?:<[^<>()]*>)?::)*"
+                      r"(?:operator\s*(?:\(\)|[^\s(]+)|~?\w+(?:<[^<>()]*>)?))\s*\(")
+CLASS = re.compile(r"\b(?:class|struct|union)\s+"
+                   r"(?:(?:alignas\(\w+\)|\[\[.*?\]\])\s*)*(\w[\w:]*)")
 PREFIX = re.compile(r"\s*(?:(else|do)\b|(?:case\b(?:::|[^:;])*|default\s*):(?!:)"
                     r"|(if constexpr|if|while|for|switch)\s*(?=\())")
 EXPRESSION = re.compile(r"(?!return\b|auto\b)(?:throw\b|(?:\+\+|--|\*|\()*[\w:]+(?:<[\w:* ]+>)?\s*"
                         r"(?:\(|\.|->|\[|\+\+|--|(?:[-+*/%|&^]|<<|>>)?=(?!=)|<<|>>))")
 # What `return {}` would not change, or could not compile to.
-DEFAULT = re.compile(r"\d+|true|false|nullptr|std::nullopt|__|\*this|[\w:<>*]*(\{\}|\(\))|\{.*\}", re.DOTALL)
+DEFAULT = re.compile(r"\d+|true|false|nullptr|std::nullopt|__|\*this|[\w:<>*]*(\{\}|\(\))"
+                     r"|\{.*\}", re.DOTALL)
 
 
 def room_of(file):
@@ -37,9 +46,10 @@ def room_of(file):
     return parts[1] if parts[0] == "src" else parts[0]
 
 
-class Mutant(collections.namedtuple("Mutant", "file original start end replacement place nth",
-                                    defaults=(1,))):
-    """One change, and what it stands in; `nth` counts those of a file that read alike."""
+class Mutant(collections.namedtuple("Mutant", "file original start end replacement place statement"
+                                    " function nth", defaults=(1,))):
+    """One change, and what it is in: the kind of place, the range of the statement, the names of
+    the classes and the function around it. `nth` counts the mutants with the same key."""
 
     def text(self):
         return self.original[:self.start] + self.replacement + self.original[self.end:]
@@ -48,22 +58,40 @@ class Mutant(collections.namedtuple("Mutant", "file original start end replaceme
     def line(self):
         return self.original.count("\n", 0, self.start) + 1
 
-    def change(self):
-        first = self.original.rfind("\n", 0, self.start) + 1
-        last = self.original.find("\n", self.end)
-        before, after = self.original[first:self.start], self.original[self.end:last]
-        return " -> ".join(" ".join((before + middle + after).split())
-                           for middle in (self.original[self.start:self.end], self.replacement))
-
-    def entry(self):
-        """The mutant as tests/equivalent_mutants.txt names it, wherever its line has moved."""
+    def key(self):
+        """Names the mutant wherever its statement is moved to, and however it is formatted."""
         return f"{self.file}: {self._told()}"
 
+    def change(self):
+        """The statement without white space, the change in it between two marks."""
+        old = self.original[self.start:self.end]
+        new = self.replacement.replace(f"!({old})", "!(...)")
+        begin, end = self.statement
+        before, after = self.original[begin:self.start], self.original[self.end:end]
+        return " ".join(part for part in (
+            normal(before), f"@{normal(old)} -> {normal(new)}@", normal(after)) if part)
+
     def _told(self):
-        return self.change() + (f" #{self.nth}" if self.nth > 1 else "")
+        nth = f" #{self.nth}" if self.nth > 1 else ""
+        return (f"{self.function}: " if self.function else "") + self.change() + nth
 
     def __str__(self):
         return f"{self.file}:{self.line}: {self._told()}"
+
+
+def normal(code):
+    """Code without comments and without the white space that separates nothing."""
+    code = COMMENT.sub(lambda found: found[0] if found[0][0] in "\"'" else " ", code)
+    parts = re.split(f"({LITERAL})", code)  # every other one is a literal
+    parts[::2] = [SPACE.sub(_needed, " ".join(part.split())) for part in parts[::2]]
+    return "".join(parts)
+
+
+def _needed(space):
+    """A space stays between two words, and between two operators that would become another."""
+    left, right = space[1], space[2]
+    isWord = re.match(r"\w\w", left + right)
+    return left + (" " if isWord or left == right and left in "+-&|<>=:" else "")
 
 
 class Source:
@@ -75,7 +103,7 @@ class Source:
             r"[^\n]", "_" if found[0][0] in "\"'" else " ", found[0]), text)
         self.partner = {}  # of a bracket, the offset of the other
         self.kind = {}     # of an opening brace, what it opens
-        self.place = []    # of every character, what it stands in
+        self.block = []    # of every character, the brace of what it is in; -1 outside of all
         self.ends = []     # the semicolons outside of round brackets
         stack = []
         for offset, character in enumerate(self.text):
@@ -88,13 +116,55 @@ class Source:
                 self.partner[self.partner[offset]] = offset
             elif character == ";" and stack and self.text[stack[-1]] == "{":
                 self.ends.append(offset)
-            kinds = [self.kind[one] for one in stack if one in self.kind]
-            self.place.append(next((kind for kind in reversed(kinds) if kind != "initializer"),
-                                   "namespace"))
+            self.block.append(next((one for one in reversed(stack)
+                                    if self._is_block(one) and one != offset), -1))
+
+    def _is_block(self, offset):
+        return self.kind.get(offset, "initializer") != "initializer"
+
+    def place(self, offset):
+        """What a character is in."""
+        return self.kind.get(self.block[offset], "namespace")
+
+    def function(self, offset):
+        """The classes and the function that a character is in; empty outside of both."""
+        names = []
+        brace = self.block[offset]
+        while brace >= 0:
+            names.append(self._name(brace))
+            brace = self.block[brace]
+        return "::".join(name for name in reversed(names) if name)
+
+    def _name(self, brace):
+        """What the brace opens; empty for a namespace and for what has no name."""
+        head = self.text[self.statement(brace, brace)[0]:brace]
+        head = re.sub(r"template\s*<.*?>\s", "", head)
+        pattern = {"class": CLASS, "code": CALLABLE}.get(self.kind[brace])
+        isInner = self.kind[brace] == self.place(brace) == "code"
+        found = pattern and not isInner and pattern.search(head)
+        return normal(found[1]) if found else ""
+
+    def statement(self, start, end):
+        """The range of the statement that a change is in, with the conditions that it stands
+        under, up to its semicolon or the brace of its body."""
+        first = self.block[start] + 1
+        while True:
+            while access := ACCESS.match(self.text, first):
+                first = access.end()
+            first += len(self.text[first:]) - len(self.text[first:].lstrip())
+            last = self._end_of_statement(first)
+            if start <= last:
+                return first, max(last, end)
+            first = (self.partner[last] if self.text[last] == "{" else last) + 1
+
+    def _end_of_statement(self, first):
+        while first < len(self.text) and self.text[first] not in ";}" and not self._is_block(first):
+            first = self.partner[first] + 1 if self.text[first] in "([{" else first + 1
+        return first
 
     def _kind(self, brace):
         head = re.split(r"[;{}]", self.text[max(0, brace - 1000):brace])[-1]
-        head = re.sub(r"template\s*<.*?>\s", "", head).strip()
+        head = re.sub(r"template\s*<.*?>\s", "", ACCESS.sub("", head)).strip()
         for word, kind in (("namespace", "namespace"), ("enum", "enum"),
                            ("(class|struct|union)", "class")):
             if re.match(rf"(inline\s+)?{word}\b", head):
@@ -155,7 +225,7 @@ class Source:
             yield start, end, f"!({self.original[start:end]})"
 
     def _statements(self):
-        for end in (end for end in self.ends if self.place[end] == "code"):
+        for end in (end for end in self.ends if self.place(end) == "code"):
             start = self._start_of_statement(end)
             statement = self.text[start:end]
             if statement in ("return", "break", "continue") or EXPRESSION.match(statement):
@@ -185,10 +255,12 @@ def mutants_of(tree, file):
     text = (pathlib.Path(tree) / file).read_text()
     source = Source(text)
     places = ("code", "class") if file.endswith(".h") else ("code", "class", "namespace")
-    found = sorted({Mutant(file, text, *change, source.place[change[0]])
-                    for change in source.changes() if source.place[change[0]] in places},
+    found = sorted({Mutant(file, text, start, end, replacement, source.place(start),
+                           source.statement(start, end), source.function(start))
+                    for start, end, replacement in source.changes()
+                    if source.place(start) in places},
                    key=lambda mutant: (mutant.start, mutant.end, mutant.replacement))
     alike = collections.Counter()
     for mutant in found:
-        alike[mutant.change()] += 1
-        yield mutant._replace(nth=alike[mutant.change()])
+        alike[mutant.key()] += 1
+        yield mutant._replace(nth=alike[mutant.key()])
