@@ -1,25 +1,10 @@
 #include "base/white_space.h"
 
-#include <cstddef>
+#include "bedrock/standard_library.h"
 
 namespace kivo_3_3 {
 
 namespace {
-
-// Whether nobody in the process has made a locale so far, so that the classic one is the
-// global one. The first to ask for a locale would have all of its parts made, which takes
-// longer than to parse a command line. Where the parts are numbered as they are made, the
-// number of one tells; elsewhere nothing does.
-bool isThereNoLocaleYet() {
-#ifdef __GLIBCXX__
-  static_assert(sizeof(std::size_t) == sizeof(std::ctype<char>::id));
-  // Atomically: another thread may be making the first locale.
-  const auto* const number = reinterpret_cast<const std::size_t*>(&std::ctype<char>::id);
-  return __atomic_load_n(number, __ATOMIC_RELAXED) == 0;
-#else
-  return false;
-#endif
-}
 
 const std::locale& classicLocale() {
   static const std::locale& locale = std::locale::classic();
@@ -35,6 +20,8 @@ WhiteSpace::WhiteSpace() {
   m_classes = &std::use_facet<std::ctype<char>>(*m_locale);
 }
 
-bool isClassicLocale() { return isThereNoLocaleYet() || std::locale() == classicLocale(); }
+// The first to ask for a locale would have all of its facets made, which takes longer than to parse
+// a command line: so that is asked only if there is one.
+bool isClassicLocale() { return BEDROCK::hasNoLocaleYet() || std::locale() == classicLocale(); }
 
 }  // namespace kivo_3_3

@@ -34,9 +34,9 @@ class AbbreviationParser final : public IArgumentParser {
  private:
   // What recognize() found.
   struct Found {
-    ArgumentParts parts;            // of the argument
+    ArgumentParts parts;     // of the argument
     NameIndex::Match match;  // the option that its name stands for
-    std::string candidates;         // the names that an ambiguous one stands for, quoted
+    std::string candidates;  // the names that an ambiguous one stands for, quoted
   };
 
   // The value of an option, or why there is none.
