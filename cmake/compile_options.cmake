@@ -1,4 +1,4 @@
-# What every target of ours is compiled with; users of the library see none of it.
+# The compile options of every target of this project; tools that link the library do not get them.
 add_library(kivo_options INTERFACE)
 target_compile_features(kivo_options INTERFACE cxx_std_17)
 target_compile_options(kivo_options INTERFACE
@@ -7,12 +7,13 @@ target_compile_options(kivo_options INTERFACE
   -Wextra-semi -Wimplicit-fallthrough
   $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond;-Wduplicated-branches;-Wlogical-op>
   $<$<BOOL:${KIVO_WARNINGS_AS_ERRORS}>:-Werror>
-  # No path of the machine that builds ends up in what is built.
+  # Keeps absolute paths of the build machine out of the binaries.
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=
   -ffile-prefix-map=${PROJECT_BINARY_DIR}=.)
 
-# A release is optimized as a whole where the compiler can do that, unless somebody has
-# decided about it: with -O2 that is as fast as -O3 file by file, and a third smaller.
+# A release uses LTO if the compiler supports it, unless the user has set
+# CMAKE_INTERPROCEDURAL_OPTIMIZATION. LTO with -O2 is as fast as -O3 file by file, and a third
+# smaller.
 if(DEFINED CMAKE_INTERPROCEDURAL_OPTIMIZATION)
   set(kivo_release_as_a_whole ${CMAKE_INTERPROCEDURAL_OPTIMIZATION})
 else()
@@ -20,11 +21,11 @@ else()
   check_ipo_supported(RESULT kivo_release_as_a_whole OUTPUT kivo_why_not LANGUAGES CXX)
 endif()
 
-# Makes the sources of a part of the shared library: nothing is visible from outside
-# unless it says so, and what is of a thread is reached without the dynamic linker's help,
-# which the library otherwise has no need of. With g++, loops and targets of jumps are not padded:
-# that saves 8 KB (a stripped libkivo.so of 199,632 bytes instead of 207,824) and makes nothing
-# slower (a typical command line and fifty options take 1 to 3 % less time).
+# Compiles a target as a part of the shared library. Symbols are hidden unless they are marked
+# visible. Thread-local variables use the initial-exec model, so that the library does not call the
+# dynamic linker to find them. With g++, loops and jump targets are not aligned: that saves 8 KB (a
+# stripped libkivo.so of 199,632 bytes instead of 207,824) and makes nothing slower (a typical
+# command line and fifty options take 1 to 3 % less time).
 function(kivo_library_part target)
   target_link_libraries(${target} PRIVATE kivo_options)
   target_compile_options(${target} PRIVATE

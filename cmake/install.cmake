@@ -1,6 +1,6 @@
-# Installs the library, its headers, and what find_package() and pkg-config need. Nothing
-# that is installed names a place: the tree can be moved as a whole. The components are
-# those of the Debian packages; without one, `cmake --install` takes them all.
+# Installs the library, its headers, and the files for find_package() and pkg-config. No installed
+# file has an absolute path, so the installed tree can be moved. Each Debian package is a component;
+# `cmake --install` without a component installs them all.
 include(CMakePackageConfigHelpers)
 
 set(kivo_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/kivo)
@@ -26,14 +26,14 @@ install(FILES ${PROJECT_BINARY_DIR}/kivo-config.cmake
               ${PROJECT_BINARY_DIR}/kivo-config-version.cmake
         DESTINATION ${kivo_package_dir} COMPONENT kivo_development)
 
-# pkg-config finds the prefix from where the file lies.
+# kivo.pc gives the prefix relative to its own folder.
 file(RELATIVE_PATH kivo_prefix_from_pc
      ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 configure_file(${PROJECT_SOURCE_DIR}/cmake/kivo.pc.in ${PROJECT_BINARY_DIR}/kivo.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/kivo.pc
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT kivo_development)
 
-# For users of the tools.
+# The manual page for the users of tools.
 install(FILES ${PROJECT_SOURCE_DIR}/docs/kivo.7
         DESTINATION ${CMAKE_INSTALL_MANDIR}/man7 COMPONENT kivo_documentation)
 

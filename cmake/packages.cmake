@@ -1,9 +1,9 @@
-# The Debian packages, one a component; scripts/package makes them. What only a package
-# holds is left out of an ordinary `cmake --install`.
+# The Debian packages, one for each component; scripts/package makes them. `cmake --install` leaves
+# out the files that are only in a package.
 set(soname_version ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
 set(library_package libkivo${soname_version})
 
-# The first line of the Debian changelog says which packaging of the version this is.
+# The first line of the Debian changelog has the version and the package release.
 file(STRINGS ${PROJECT_SOURCE_DIR}/packaging/changelog newest_entry LIMIT_COUNT 1)
 string(REGEX REPLACE "^kivo \\((.+)-([0-9]+)\\).*" "\\1;\\2" newest_entry "${newest_entry}")
 list(GET newest_entry 0 CPACK_KIVO_CHANGELOG_VERSION)
@@ -36,7 +36,7 @@ install_into_package(kivo_documentation libkivo-doc
 set(CPACK_GENERATOR DEB)
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_PACKAGE_CONTACT "The kivo maintainers <maintainers@kivo.example>")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")  # each package has a first line of its own
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")  # each package has its own summary
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
@@ -45,7 +45,7 @@ set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SOURCE kivo)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-# Adds what depends on the files that were put together.
+# Adds the dependencies, the symbols and the compressed texts, which depend on the packaged files.
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/complete.cmake)
 set(CPACK_KIVO_PACKAGING_DIR ${PROJECT_SOURCE_DIR}/packaging)
 set(CPACK_KIVO_LIBRARY ${CMAKE_INSTALL_LIBDIR}/libkivo.so.${soname_version})

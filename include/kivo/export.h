@@ -1,4 +1,4 @@
 #pragma once
 
-/// Marks what a tool can link to; everything else of the library stays inside it.
+/// Marks a class or function that a tool can link to; all other symbols are hidden.
 #define KIVO_API __attribute__((visibility("default")))

@@ -1,7 +1,7 @@
 #pragma once
 
-/// Conveniences over the interfaces: owners, ranges, typed reads. They live in the tool
-/// that includes them; the library knows nothing of them.
+/// Conveniences on top of the interfaces: owning handles, ranges, typed reads. They are inline
+/// and compiled into the tool; the library does not contain them.
 
 #include <kivo/parser.h>
 
@@ -12,28 +12,28 @@
 
 namespace kivo_3_3 {
 
-/// Ends a parser or a result through its own destroy().
+/// A deleter that destroys a parser or a result with its destroy().
 struct Destroy {
-  /// Ends `object`, which is not null.
+  /// Destroys `object`, which must not be null.
   template <class T>
   void operator()(T* object) const {
     object->destroy();
   }
 };
 
-/// Owns a parser, and ends it with the handle.
+/// Owns a parser and destroys it with the handle.
 using ParserHandle = std::unique_ptr<IParser, Destroy>;
-/// Owns a result, and ends it with the handle.
+/// Owns a result and destroys it with the handle.
 using ResultHandle = std::unique_ptr<IParseResult, Destroy>;
 
-/// A new parser, or an empty handle when it cannot be made; `flags` as for createParser().
+/// A new parser, or an empty handle if it cannot be made; `flags` as for createParser().
 inline ParserHandle makeParser(int flags = 0) {
   IParser* parser = nullptr;
   createParser(&parser, flags);
   return ParserHandle(parser);
 }
 
-/// An empty result for `parser` to fill, or an empty handle when it cannot be made.
+/// An empty result for `parser` to fill, or an empty handle if it cannot be made.
 inline ResultHandle makeResult(IParser& parser) {
   IParseResult* result = nullptr;
   parser.createResult(&result);
@@ -41,14 +41,14 @@ inline ResultHandle makeResult(IParser& parser) {
 }
 
 /// The values of the option in the range, in command-line order, with the bounds of
-/// IParseResult::get(); its default when it was not given.
+/// IParseResult::get(); the default of the option if it was not given.
 ///   for (const Value& value : values(*result, "name"))
 ///
-/// They are read at once, so that a loop over them may ask the result whatever it likes.
-/// Each has a text, which belongs to the result and lives as long as it does; an
-/// occurrence without a value is left out, and an option that takes none gives nothing:
-/// ask present() for these. A null or unknown name gives nothing. Moves the result's
-/// cursor.
+/// All values are read before the function returns, so that a loop over them may call any query of
+/// the result. Each value has a text, which belongs to the result and lives as long as the result.
+/// An occurrence without a value is left out, and an option that takes no values gives an empty
+/// vector: call present() for these. A null or unknown name gives an empty vector. Moves the
+/// result's cursor.
 inline std::vector<Value> values(IParseResult& result, const char* name, int from = firstPosition,
                                  int to = lastPosition) {
   std::vector<Value> all;
@@ -59,11 +59,11 @@ inline std::vector<Value> values(IParseResult& result, const char* name, int fro
   return all;
 }
 
-/// The arguments that stood behind "--", in their order.
+/// The arguments after "--", in command-line order.
 ///   for (const char* argument : leftovers(*result))
 ///
-/// The texts belong to the result and live as long as it does. Moves the cursor of
-/// getNextArgument() to the end, and no other.
+/// The texts belong to the result and live as long as the result. Moves the cursor of
+/// getNextArgument() to the end, and no other cursor.
 inline std::vector<const char*> leftovers(IParseResult& result) {
   std::vector<const char*> all;
   const char* text = nullptr;
@@ -73,15 +73,15 @@ inline std::vector<const char*> leftovers(IParseResult& result) {
 }
 
 /// The last value of the option in the range, with the bounds of getLastValue(); its
-/// default when it was not given; `fallback` when there is neither, or when it was given
-/// without a value.
+/// default if it was not given; `fallback` if getLastValue() finds no value and no default, or an
+/// occurrence without a value.
 ///   valueOr(*result, "times", 1U)    valueOr<std::string>(*result, "tone", "friendly")
 ///
-/// `T` is bool, an integer or floating-point type that the option's type can be read as
-/// (variant_t::get() tells what happens with another), or a text type: `const char*` and
-/// std::string give the text of an option of any type. A `const char*` belongs to the
-/// result and lives as long as it does; the fallback stays the caller's. A null or
-/// unknown name gives the fallback. Moves the result's cursor.
+/// `T` is bool, an integer or a floating-point type as which the option's type can be read (see
+/// variant_t::get() for any other type), or a text type: `const char*` and std::string give the
+/// text of an option of any type. A returned `const char*` belongs to the result and lives as long
+/// as the result; a returned `fallback` still belongs to the caller. A null or unknown name gives
+/// `fallback`. Moves the result's cursor.
 template <class T>
 T valueOr(IParseResult& result, const char* name, T fallback, int from = firstPosition,
           int to = lastPosition) {

@@ -14,5 +14,5 @@
 #include <kivo/value.h>
 #include <kivo/version.h>
 
-/// The name to write in a tool: the versioned namespace appears in no other place.
+/// Write `kivo::` in your tool; no other line has to name the versioned namespace.
 namespace kivo = kivo_3_3;

@@ -10,42 +10,42 @@ namespace kivo_3_3 {
 /// Every operation returns the same builder, so that calls chain:
 ///   parser->option("level,l", "How hard to try", vtS32)->defaultValue(3)->tag("run");
 ///
-/// The parser owns the builder. It is valid until the next declaration on the same
-/// parser. A declaration that was rejected returns a builder too; what is called on it
-/// has no effect on any option. An operation for which memory runs out changes nothing
-/// at all; a `variant_t` made from a text for it raises std::bad_alloc itself.
+/// The parser owns the builder. The builder is valid until the next declaration on the same
+/// parser. A rejected declaration returns a builder too; its operations have no effect on any
+/// option. An operation changes nothing if memory runs out; constructing a `variant_t` argument
+/// from a text raises std::bad_alloc then.
 class KIVO_API IOption {
  public:
-  /// Adds a further name, as it stands: nothing is split off at commas, and nobody
-  /// checks whether another option has it. Null changes nothing.
+  /// Adds a further name, unchanged: the name is not split at commas, and there is no check
+  /// whether another option has the same name. Null changes nothing.
   virtual IOption* synonym(const char* name) = 0;
 
-  /// Adds a value to those the option accepts; without any, every value of its type is
-  /// accepted. Users may shorten an allowed text as long as it stays unambiguous. An
-  /// option that was not splitting its values splits them at ',' from now on. The value
-  /// must be of a kind that the option's type can read.
+  /// Adds a value to the values the option accepts. An option without allowed values accepts
+  /// every value of its type. Users may abbreviate an allowed text if it stays unambiguous. An
+  /// option that did not split its values splits them at ',' from now on. The value must be of a
+  /// kind that the option's type can read.
   virtual IOption* allowValue(const variant_t& value) = 0;
 
-  /// Accepts `oldValue` too, with a warning that points to `newValue`. Looked at only
-  /// where the option has allowed values; the first replacement for a value stays. The
-  /// warning shows a `newValue` that is a text; a number is shown as the empty text.
+  /// Accepts `oldValue` too, with a warning that recommends `newValue`. Has an effect only if the
+  /// option has allowed values. A second replacement for the same value is ignored. The warning
+  /// shows a `newValue` that is a text; a number is shown as the empty text.
   virtual IOption* allowDeprecatedValue(const variant_t& oldValue, const variant_t& newValue) = 0;
 
-  /// What the option answers when it was not given. The value must be of a kind that
-  /// the option's type can read; beyond that it is not checked against anything. It becomes
-  /// text at every parse of a command line, in the global locale of that moment.
+  /// Sets the value of the option if it is not given. The value must be of a kind that the
+  /// option's type can read; it is not checked further. Each parse of a command line converts
+  /// the value to text, in the global locale at that time.
   virtual IOption* defaultValue(const variant_t& value) = 0;
 
-  /// The character at which one argument is split into several values, ',' unless the
-  /// parser was made otherwise; the zero character means that nothing is split.
+  /// Sets the character at which one argument is split into several values. It is ',' unless the
+  /// parser was made with `parserFlags::noTokenizer`; the zero character means no splitting.
   virtual IOption* tokenize(char separator) = 0;
 
-  /// Makes this the option that receives arguments which name no option. The first
-  /// such option declared receives them all.
+  /// Makes this option positional: it receives the arguments that name no option. If several
+  /// options are positional, the one declared first receives all these arguments.
   virtual IOption* positional() = 0;
 
-  /// Adds tags, separated by commas. An option with tags goes only with an action that
-  /// has one of them; an action has its own names as tags. Null changes nothing.
+  /// Adds tags, separated by commas. An option with tags is accepted only with an action that has
+  /// one of these tags; an action has its own names as tags. Null changes nothing.
   virtual IOption* tag(const char* tags) = 0;
 
  protected:

@@ -34,24 +34,24 @@ using stratum2::vtU8;
 using stratum2::vtWideString;
 using stratum2::vtWideStringReference;
 
-/// The bounds that take in every position, and what stands for "no position".
+/// The bounds of the range that contains every position. `lastPosition` also means "no position".
 constexpr int firstPosition = 0;
 /// See firstPosition.
 constexpr int lastPosition = INT_MAX;
 
 /// One value as a query returns it or a handler receives it.
 ///
-/// A plain record, copied freely. The text is not copied with it: it belongs to the
-/// result that was asked and lives as long as that result; in a handler it lives until the
-/// handler returns. Equal texts of one result have one address. The typed value may be kept for
-/// as long as you like: its characters are shared by all copies of that value, whether a
-/// handler or a query handed them out.
+/// A plain record that can be copied freely. A copy points to the same text. The text belongs to
+/// the result that returned the value and lives as long as that result; in a handler, the text
+/// lives until the handler returns. Equal texts of one result have one address. You can keep the
+/// typed value as long as you like: all copies of it, from handlers and from queries, share its
+/// characters.
 class Value {
  public:
-  /// No value: what a query returns when there is nothing (more) to return.
+  /// "No value": returned by a query if there is no value, or no further value.
   Value() : text(nullptr), isEmpty(1), position(lastPosition) {}
 
-  /// A value; the text stays its owner's.
+  /// A value. The text is not copied and keeps its owner.
   Value(const char* valueText, variant_t typedValue, int valuePosition)
       : text(valueText), isEmpty(0), position(valuePosition), value(std::move(typedValue)) {}
 
@@ -59,14 +59,14 @@ class Value {
   template <class T>
   T as() const = delete;
 
-  /// The value as it was written, an abbreviation of an allowed value completed.
-  /// Null for "no value" and for an occurrence of an option that takes none.
+  /// The text of the value as the user wrote it; an abbreviated allowed value is completed.
+  /// Null for "no value" and for an occurrence of an option that takes no value.
   const char* text;
   /// 1 when this is "no value", 0 otherwise.
   s32_t isEmpty;
-  /// Where the value stands among all that was given: larger is later.
+  /// The position of the value in command-line order: a larger position is later.
   int position;
-  /// The value in the type of its option; `vtNull` where there is none.
+  /// The value in the type of its option; `vtNull` if there is no value.
   variant_t value;
 };
 

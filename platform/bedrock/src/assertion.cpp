@@ -1,3 +1,6 @@
+// Implements the assertion handler. It is one atomic pointer, because any thread may install a
+// handler while another reports a failed condition.
+
 #include "bedrock/assertion.h"
 
 #include <atomic>

@@ -1,3 +1,5 @@
+// Defines the console streams. A stream that is not ready at its first use would lose the trace.
+
 #include "bedrock/console.h"
 
 #include "bedrock/standard_library.h"

@@ -1,3 +1,6 @@
+// Reads option files. A mistake here loses arguments of the user, or reads a file that includes
+// itself again and again.
+
 #include "bedrock/file.h"
 
 #include <sys/stat.h>
@@ -11,8 +14,8 @@ namespace BEDROCK {
 
 namespace {
 
-// The bytes of a regular file that are on the disk; a sparse file may claim far more. 0 for any
-// other file, whose size is not known.
+// The number of bytes that a regular file occupies on the disk, at most its size: a sparse file
+// may claim a far larger size. 0 for any other file, because its size is unknown.
 std::size_t storedSize(std::FILE* file) {
   constexpr off_t blockSize = 512;  // the unit of st_blocks
   struct stat status = {};
@@ -24,7 +27,7 @@ std::size_t storedSize(std::FILE* file) {
 }  // namespace
 
 int load_file(const char* name, std::string& text) {
-  // Opening a directory succeeds here; reading from it then fails.
+  // fopen() opens a directory too; fread() then fails.
   const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(name, "rb"), std::fclose);
   if (file == nullptr)
     return 1;

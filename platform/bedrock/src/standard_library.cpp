@@ -1,6 +1,6 @@
-// What libstdc++ knows but does not tell: used where CMake finds that it is this library, else
-// standard_library_portable.cpp is built instead. If one of the two assumptions were wrong, numbers
-// would be read in the wrong locale, or the trace would be lost.
+// Uses two internals of libstdc++. CMake builds this file if the standard library is libstdc++, and
+// standard_library_portable.cpp otherwise. If one of the two assumptions were wrong, numbers would
+// be read in the wrong locale, or the trace would be lost.
 
 #include "bedrock/standard_library.h"
 
@@ -10,8 +10,8 @@
 
 namespace BEDROCK {
 
-// Declared by their linker names: <iostream> would make the streams ready, and with them the
-// locale, in every process that loads the library.
+// std::cout and std::cerr, declared by their mangled names: <iostream> would initialise the streams
+// and the locale in every process that loads the library.
 extern std::ostream outputByName __asm__("_ZSt4cout");
 extern std::ostream errorByName __asm__("_ZSt4cerr");
 
@@ -31,8 +31,8 @@ std::ostream& standardError() noexcept {
   return errorByName;
 }
 
-// The first use of a locale numbers the facets. While the number of this facet is 0, there was no
-// use. Read atomically, as another thread may be making the first locale.
+// The first use of a locale numbers the facets, so no locale has been used while the number of this
+// facet is 0. The read is atomic, because another thread may be making the first locale.
 bool hasNoLocaleYet() noexcept {
   static_assert(sizeof(std::size_t) == sizeof(std::ctype<char>::id));
   const auto* const number = reinterpret_cast<const std::size_t*>(&std::ctype<char>::id);

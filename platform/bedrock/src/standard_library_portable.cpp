@@ -1,4 +1,5 @@
-// The same as in standard_library.cpp for any standard library.
+// Replaces standard_library.cpp for any other standard library. It is slower: every process that
+// loads the library initialises the streams.
 
 #include <iostream>
 

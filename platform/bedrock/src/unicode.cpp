@@ -1,3 +1,6 @@
+// Implements the UTF-8 encoder. A mistake here makes the reference model disagree with the library
+// about typographic dashes.
+
 #include "bedrock/unicode.h"
 
 namespace BEDROCK {
@@ -10,7 +13,7 @@ bool isSurrogate(char32_t character) { return character >= 0xD800 && character <
 
 char leadByte(char32_t mark, char32_t bits) { return static_cast<char>(mark | bits); }
 
-// The continuation byte that carries the six bits from `shift` on.
+// The continuation byte with the six bits of `character` from bit `shift` upwards.
 char tailByte(char32_t character, unsigned shift) {
   return static_cast<char>(0x80 | ((character >> shift) & 0x3F));
 }

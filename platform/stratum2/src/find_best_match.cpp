@@ -1,3 +1,6 @@
+// Implements the rule for abbreviations. A mistake here makes an ambiguous argument list the wrong
+// names.
+
 #include "stratum2/find_best_match.h"
 
 #include <vector>

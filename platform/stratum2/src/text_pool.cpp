@@ -1,3 +1,6 @@
+// Implements text_pool_t. If a chunk were freed while a variant still uses it, the tool would read
+// freed memory; if it were not freed after its last variant, every result would leak.
+
 #include "stratum2/text_pool.h"
 
 #include <algorithm>
@@ -9,14 +12,17 @@
 
 namespace stratum2 {
 
-// A chunk begins with this. While its pool still cuts texts from it, it counts as many texts as
-// there can ever be, so that the end of one does not free it.
+// The header of a chunk: the number of texts in it that are still in use. While the pool still
+// allocates from the chunk, the number starts from `allTexts`, so that destroying a text cannot
+// free the chunk. closeChunk() then subtracts the texts that were never made.
 struct text_pool_t::chunk_t {
   alignas(variant_t::data_t) std::atomic<int> m_texts;
 };
 
 namespace {
 
+// Bytes. Chunks double from the shortest to the longest, and a longer text than a quarter of the
+// longest has its own allocation, so that it does not use up a chunk.
 constexpr std::size_t shortestChunk = 256;
 constexpr std::size_t longestChunk = std::size_t{4} << 10;
 constexpr std::size_t longestText = longestChunk / 4;

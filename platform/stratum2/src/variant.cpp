@@ -1,3 +1,6 @@
+// The parts of variant_t that are compiled once, in the library: owned texts and comparisons.
+// Comparisons decide which values an option allows; a wrong reference count frees a text in use.
+
 #include "stratum2/variant.h"
 
 #include <cstring>
@@ -48,7 +51,7 @@ void variant_t::free(data_t* data) noexcept {
     text_pool_t::leave(data);
 }
 
-// The only owner needs not say that it is gone.
+// The last owner skips the atomic subtraction: no other variant can reach the count any more.
 void variant_t::release() noexcept {
   std::atomic<int>& references = m_value.m_data->m_references;
   if (references.load(std::memory_order_acquire) == 1 || add(references, -1) == 1)

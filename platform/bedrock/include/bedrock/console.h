@@ -1,12 +1,15 @@
 #pragma once
 
+// The console streams that the trace, the warnings and failed assertions are written to. The
+// standard streams themselves cost every process more than parsing a short command line.
+
 #include <iosfwd>
 
 namespace BEDROCK {
 
-/// The console of the process: standard output and standard error. They are thread-local
-/// for one reason: such a variable is made at its first use, so that a process which writes
-/// nothing does not pay for the streams.
+/// Standard output and standard error of the process. They are thread-local for one reason: a
+/// thread-local variable is initialised at its first use, so that a process that writes nothing
+/// does not initialise the streams.
 extern thread_local std::ostream& ucout;
 extern thread_local std::ostream& ucerr;
 

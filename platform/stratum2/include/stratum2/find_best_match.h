@@ -1,22 +1,22 @@
 #pragma once
 
+// The plain form of the rule for abbreviations. The library lists the names that an ambiguous
+// argument can mean with it, and property tests compare the name index with it.
+
 #include <string>
 
 #include "stratum2/generic_iterator.h"
 
 namespace stratum2 {
 
-/// Finds what `typed` stands for among `candidates`.
+/// Finds the candidates that `typed` can mean.
 ///
-/// A candidate equal to `typed` is the only best match, whatever else begins with it.
-/// Without one, every candidate that begins with `typed` is a best match; nothing
-/// else is, however similar.
+/// A candidate equal to `typed` is the only best match, even if other candidates begin with
+/// `typed`. If no candidate is equal, all candidates that begin with `typed` are best matches. No
+/// other candidate is a match, however similar.
 ///
-/// Returns the number of best matches and sets `best` to a walk over copies of them in
-/// candidate order, or to an empty handle when there is none.
-///
-/// The rule of abbreviations in its plain form. The library lists the names an ambiguous argument
-/// may stand for with it, and property tests compare the name index with it.
+/// Returns the number of best matches. Sets `best` to an iterator over copies of them in the order
+/// of the candidates, or to an empty iterator if there is none.
 unsigned int find_best_match(generic_iterator_t<std::string> candidates, const std::string& typed,
                              generic_iterator_t<std::string>& best);
 

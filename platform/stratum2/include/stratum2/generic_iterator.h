@@ -1,19 +1,22 @@
 #pragma once
 
+// The iterator in the signature of find_best_match(). It lets that function be compiled once,
+// whatever container the caller has.
+
 #include <memory>
 #include <utility>
 #include <vector>
 
 namespace stratum2 {
 
-/// A forward walk over values of `T` that hides what holds them.
+/// A forward iterator over values of `T` that hides the type of the container.
 ///
-/// A walk made from two iterators refers to their range, which must outlive it; one
-/// made from a vector keeps the vector. Copies of a walk move on independently. An
-/// empty handle is a walk over nothing.
+/// An iterator made from two others refers to their range, which must outlive the iterator. An
+/// iterator made from a vector owns the vector and shares it with its copies. Copies advance
+/// independently. A default-constructed iterator has no values.
 ///
-/// Part of the layer's interface: find_best_match() takes its candidates and returns the best of
-/// them in this form.
+/// Part of the layer's interface: find_best_match() takes the candidates and returns the best
+/// matches in this form.
 template <class T>
 class generic_iterator_t {
  public:
@@ -32,7 +35,7 @@ class generic_iterator_t {
   }
   ~generic_iterator_t() = default;
 
-  /// Whether a value is left; only then may the walk be read or moved on.
+  /// Whether a value is left. Dereference or advance the iterator only if there is one.
   explicit operator bool() const { return m_walk != nullptr && !m_walk->at_end(); }
   const T& operator*() const { return m_walk->value(); }
   const T* operator->() const { return &m_walk->value(); }

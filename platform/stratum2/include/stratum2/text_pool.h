@@ -1,5 +1,8 @@
 #pragma once
 
+// Saves most of the allocations for the typed texts of a result. A pooled text must still be an
+// ordinary variant: it may outlive the result and be destroyed on any thread.
+
 #include <cstddef>
 
 #include "stratum2/variant.h"
@@ -8,9 +11,9 @@ namespace stratum2 {
 
 /// Makes variants that are texts, with one allocation for many of them.
 ///
-/// Their characters lie in chunks of at most 4 KB, each of which is freed when it is used up, or
-/// its pool has ended, and the last variant in it is gone: any variant may outlive the pool, and
-/// end on another thread. Longer texts are allocated by themselves.
+/// The characters are in chunks of at most 4 KB. A chunk is freed with the last variant that uses
+/// it, but not before the chunk is full or the pool is destroyed. A variant may therefore outlive
+/// the pool and be destroyed on another thread. A text of 1 KB or more has its own allocation.
 class text_pool_t {
  public:
   text_pool_t() = default;
@@ -34,7 +37,7 @@ class text_pool_t {
   char* m_next = nullptr;
   std::size_t m_room = 0;
   std::size_t m_chunkSize = 0;
-  int m_made = 0;  // texts in the chunk
+  int m_made = 0;  // the number of texts made in m_chunk
 };
 
 }  // namespace stratum2

@@ -1,5 +1,8 @@
 #pragma once
 
+// The value that tools and the library exchange. Tools compile parts of it into themselves, so a
+// changed layout, number or inline function breaks tools that are not compiled again.
+
 #include <atomic>
 #include <cstddef>
 #include <type_traits>
@@ -12,10 +15,10 @@ using u32_t = unsigned int;
 using s64_t = long long;
 using u64_t = unsigned long long;
 
-/// What a variant holds. The numbers are part of the binary interface.
+/// The kind of value that a variant holds. The numbers are part of the binary interface.
 ///
-/// 0 to 9 are the integer kinds, odd for unsigned; 10 and 11 are the floating kinds;
-/// the order of two values of different kinds follows from these numbers.
+/// 0 to 9 are the integer kinds, and the odd ones are unsigned. 10 and 11 are the floating-point
+/// kinds. variant_t::operator<() orders values of different kinds by these numbers.
 enum variant_type_t : int {
   vtBool = 0,
   vtByte = 1,
@@ -40,23 +43,23 @@ enum variant_type_t : int {
 
 class text_pool_t;
 
-/// Compares two texts byte by byte, bytes taken as unsigned: negative, zero or
-/// positive where `left` stands before, with or after `right`.
+/// Compares two texts byte by byte, as unsigned bytes. Returns a negative number if `left` comes
+/// before `right`, zero if they are equal, and a positive number if `left` comes after `right`.
 int string_compare(const char* left, const char* right);
 
-/// Where variants keep the text they share.
+/// Allocates the texts that variants own and share.
 class allocator_t {
  public:
-  /// Throws std::bad_alloc when there is no room.
+  /// Throws std::bad_alloc when memory runs out.
   void* allocate(std::size_t bytes);
   void free(void* memory) noexcept;
 };
 
 /// One value of a kind known only at run time: a bool, an integer, a floating-point
-/// number, a text, or nothing (`vtNull`, what a default-made variant holds).
+/// number, a text, or nothing (`vtNull`, the kind of a default-constructed variant).
 ///
-/// Copies are cheap: a text is stored once, shared by all copies and counted
-/// atomically; it is freed with its last owner.
+/// Copies are cheap: all copies share one text with an atomic reference count, and the last
+/// variant that shares the text frees it.
 class [[gnu::visibility("default")]] variant_t {
  public:
   variant_t() noexcept : m_type(vtNull) { m_value.m_signed = 0; }
@@ -74,8 +77,8 @@ class [[gnu::visibility("default")]] variant_t {
   variant_t(float value) noexcept : m_type(vtFloat) { m_value.m_double = double{value}; }
   variant_t(double value) noexcept : m_type(vtDouble) { m_value.m_double = value; }
 
-  /// A copy of `text`; or, with `reference`, a value that only points at it, and then
-  /// the text must outlive the variant and all its copies. Null counts as the empty text.
+  /// Holds a copy of `text`. With `reference`, the variant only points to `text`, and the text
+  /// must outlive the variant and all its copies. Null counts as the empty text.
   variant_t(const char* text, bool reference = false);
 
   variant_t(const variant_t& other) noexcept : m_value(other.m_value), m_type(other.m_type) {
@@ -102,34 +105,34 @@ class [[gnu::visibility("default")]] variant_t {
 
   variant_type_t type() const noexcept { return m_type; }
 
-  /// Whether get<T>() can answer: any integer type and bool from an integer kind,
-  /// `double` and `float` from any number, `const char*` from a text.
+  /// Whether get<T>() can read this value: an integer kind as any integer type or bool, any
+  /// number as `double` or `float`, a text as `const char*`.
   template <class T>
   bool can_get() const noexcept;
 
-  /// The value as `T`: bool is whether a number is not zero, an integer too wide for
-  /// `T` loses its upper bits, a text lives as long as the variants that share it.
+  /// The value as `T`. An integer is true as bool if it is not zero. An integer too wide for `T`
+  /// loses its upper bits. A text lives until the last variant that shares it is destroyed.
   ///
-  /// Without can_get<T>() the assertion handler is called; should it return, the
-  /// answer is a zero or a null pointer.
+  /// If can_get<T>() is false, get() calls the assertion handler. If the handler returns, get()
+  /// returns zero or a null pointer.
   template <class T>
   T get() const;
 
-  /// Numbers are equal by value whatever their kinds, texts by content.
+  /// Compares numbers by value, whatever their kinds, and texts by content.
   bool operator==(const variant_t& var) const;
   bool operator!=(const variant_t& var) const { return !(*this == var); }
 
-  /// Numbers by value, texts byte by byte. Of two values of other different kinds the
-  /// one with the higher kind number is the lesser, so nothing stands ahead of texts.
-  /// An unsigned number from 2^63 on, compared with a signed integer, is ordered as if it were
-  /// negative; lists that mix them have no order by value.
+  /// Orders numbers by value and texts byte by byte. Of two other values of different kinds, the
+  /// one with the higher kind number is the lesser: `vtNull` comes before texts.
+  /// An unsigned number of 2^63 or more is ordered as if it were negative when it is compared with
+  /// a signed integer. A list that mixes both therefore has no order by value.
   bool operator<(const variant_t& var) const;
 
  private:
   struct data_t {
     std::size_t m_bytes;
     std::atomic<int> m_references;
-    unsigned int m_offset;  // in a chunk of text_pool_t; 0 for what has memory of its own
+    unsigned int m_offset;  // bytes from the start of its text_pool_t chunk; 0 without a chunk
   };
   union value_t {
     s64_t m_signed;
@@ -159,11 +162,11 @@ class [[gnu::visibility("default")]] variant_t {
   bool isNegative() const noexcept { return !isUnsigned() && m_value.m_signed < 0; }
   bool isNumber() const noexcept { return m_type >= vtBool && m_type <= vtDouble; }
 
-  // The text of a variant that isText().
+  // The text; only for a variant with isText().
   const char* text() const noexcept {
     return ownsData() ? reinterpret_cast<const char*>(m_value.m_data + 1) : m_value.m_reference;
   }
-  // The number of a variant that isNumber().
+  // The number; only for a variant with isNumber().
   double number() const noexcept {
     if (!isInteger())
       return m_value.m_double;
