@@ -1,3 +1,5 @@
+// Help for one option and for the whole tool goes through describe(), so both have one layout.
+
 #include "help/help_generator.h"
 
 #include <algorithm>
@@ -18,11 +20,12 @@ using std::string_view;
 using Selection = HelpGenerator::Selection;
 
 constexpr string_view hiddenKey = "kivo_hidden";
+// Columns, widths and gaps are in bytes.
 constexpr unsigned int bodyColumn = 30;
 constexpr unsigned int bodyWidth = 50;
 constexpr unsigned int introductionColumn = 1;
 constexpr unsigned int introductionWidth = 80;
-constexpr std::size_t usualEntry = 80;  // characters
+constexpr std::size_t usualEntry = 80;  // bytes to reserve for each option
 constexpr std::size_t topicIndent = 4;
 constexpr std::size_t topicGap = 3;
 
@@ -33,7 +36,7 @@ void appendNames(string& help, const OptionDescription& option) {
     help.append(", -").append(option.m_names[i]);
 }
 
-// " | -no-color", with " (default)" behind the form that is the default.
+// " | -no-color", with " (default)" after the form that is the default.
 void appendBooleanSyntax(string& help, const OptionDescription& option) {
   constexpr string_view mark = " (default)";
   const bool isOn = option.m_hasDefault && option.getDefaultValue().get<bool>();
@@ -70,7 +73,7 @@ void appendValueSyntax(string& help, const OptionDescription& option) {
     appendDefault(help, option);
 }
 
-// A head that would run into the column of the descriptions has a line of its own.
+// A head that would reach the column of the descriptions gets a line of its own.
 void appendEntry(string& help, const OptionDescription& option) {
   std::size_t head = help.size();
   appendNames(help, option);
@@ -86,7 +89,7 @@ void appendEntry(string& help, const OptionDescription& option) {
 }
 
 struct Entry {
-  string_view name;  // what it is sorted by; empty for an option without names
+  string_view name;  // sort key; empty for an option without names
   const OptionDescription* option;
 
   bool operator<(const Entry& other) const { return name < other.name; }
@@ -94,7 +97,7 @@ struct Entry {
 
 using Entries = std::vector<Entry>;
 
-// The options of each section, by name within it. Positional ones are not listed.
+// The options of each section, sorted by name. Positional options are left out.
 std::map<string_view, Entries> bySection(const Selection& options) {
   std::map<string_view, Entries> sections;
   for (const OptionDescription* option : options)

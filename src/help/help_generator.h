@@ -2,8 +2,8 @@
 
 // Writes help from declarations: sections with their options, and topics.
 //
-// It knows nothing of parsing and keeps no text. An option without names, met on the
-// way, raises std::out_of_range.
+// Help does not depend on parses, and the generator stores no text. An option without names that
+// help has to list raises std::out_of_range.
 
 #include <string>
 #include <vector>
@@ -18,17 +18,18 @@ class HelpGenerator {
   using Selection = std::vector<const OptionDescription*>;
   using Sections = RegisteredOptionStorage::Groups;
 
-  // Both must outlive the generator.
+  // `options` and `sections` must outlive the generator.
   HelpGenerator(const Options& options, const Sections& sections)
       : m_options(options), m_sections(sections) {}
 
-  // The whole tool: its actions as topics, or every option where it has no actions.
+  // The whole tool: its actions as topics, or every option if no action is selected. Here and
+  // below, `hidden` selects the hidden section alone instead of all other sections.
   std::string describeTool(bool hidden) const;
   // One option, or one action.
   std::string describeOption(unsigned int index, bool hidden) const;
-  // The modifiers that go with the action at `index`.
+  // The modifiers that have a tag in common with the action at `index`.
   std::string describeActionModifiers(unsigned int index, bool hidden) const;
-  // The options that go with every action.
+  // The options that go with every action: those without tags.
   std::string describeGlobalModifiers(bool hidden) const;
 
   Selection getGlobalActions() const;

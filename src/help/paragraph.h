@@ -1,6 +1,7 @@
 #pragma once
 
-// Wrapping into a text that grows, for who writes many paragraphs.
+// Wraps a paragraph at the end of a growing text: help consists of many paragraphs, and a string
+// for each of them would be copied once more.
 
 #include <cstddef>
 #include <string>
@@ -8,9 +9,8 @@
 
 namespace kivo_3_3 {
 
-// What paragraphString() makes of `text` and a head, written behind what `output` holds.
-// The head stands in `output` already, from `head` to its end; an empty `text` takes it
-// away again.
+// Does what paragraphString() does, at the end of `output`. The head is already in `output`, from
+// index `head` to its end; an empty `text` removes it.
 void wrapBehindHead(std::string& output, std::size_t head, std::string_view text,
                     unsigned int indent, unsigned int width);
 

@@ -1,6 +1,6 @@
 // Wraps one paragraph into a column beside its head.
 //
-// Lengths are unsigned, as the interface has them: a column of width 0 has room without end.
+// Lengths are unsigned, as in the interface, and wrap: a column of width 0 has no limit.
 
 #include <kivo/text_layout.h>
 
@@ -16,7 +16,8 @@ namespace {
 using std::string;
 using std::string_view;
 
-// With no indent, the space that every line begins with fills a column of this width.
+// With an indent of 0 every line begins with a space, which leaves no room in a column of this
+// width.
 bool isFilledByItsSpace(unsigned int indent, unsigned int width) {
   return indent == 0 && (width == 1 || width == 2);
 }
@@ -28,11 +29,11 @@ void dropLeadingBreaks(string_view& text) {
     text.remove_prefix(1);
 }
 
-// Out of range for a chunk without characters, which there is no room for.
+// Raises std::out_of_range for an empty chunk: the column has no room for a character.
 char lastOf(string_view chunk) { return chunk.empty() ? string().at(string::npos) : chunk.back(); }
 
-// The part of `text` for a line with this much room: up to a newline or the end of a
-// whole word, or as much of a word as there is room for.
+// The part of `text` for a line with room for `room` bytes: up to a newline or the end of a whole
+// word, or as much of a word as fits.
 string_view takeChunk(string_view text, unsigned int room) {
   string_view chunk = text.substr(0, room);
   chunk = chunk.substr(0, chunk.find('\n'));
@@ -51,7 +52,7 @@ void wrapBehindHead(string& output, std::size_t head, string_view text, unsigned
   while (!text.empty()) {
     dropLeadingBreaks(text);
     if (isFilledByItsSpace(indent, width) && !text.empty())
-      lastOf("");  // raises: no line would ever take a character
+      lastOf("");  // raises: otherwise the loop would not end
     const auto length = static_cast<unsigned int>(output.size() - line);
     string_view chunk;
     if (length < indent) {

@@ -1,3 +1,5 @@
+// Only the option declared last is checked at each question: the tool can still amend it.
+
 #include "options/declaration_summary.h"
 
 #include <utility>
@@ -39,7 +41,7 @@ std::shared_ptr<const DeclaredDefaults> DeclarationSummary::timelessDefaults() {
   return m_defaults;
 }
 
-// What may raise std::bad_alloc comes first, so that nothing has changed then.
+// The only step that may raise std::bad_alloc comes first: if it fails, nothing has changed.
 void DeclarationSummary::sumUpNext() {
   const OptionDescription& option = m_options[m_summedUp];
   if (option.hasDefault())

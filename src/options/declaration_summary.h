@@ -1,5 +1,9 @@
 #pragma once
 
+// Answers what a parse asks about the declarations as a whole, without walking them. If the summary
+// missed an amendment, positional arguments would go to no option, or a default would be stored as
+// it was declared before.
+
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -10,16 +14,12 @@
 
 namespace kivo_3_3 {
 
-// What a parse asks about the declarations as a whole, answered without walking them. If the
-// summary missed an amendment, positional arguments would go to no option, or a default would be
-// stored as it was declared before.
-//
-// Only the option declared last can still be amended: it is always looked at itself, all others are
-// summed up.
+// A summary of all options but the one declared last. Only that one can still be amended, so each
+// question checks it directly.
 class DeclarationSummary {
  public:
-  // The summary is that of `options`, to which options may be added, but not removed once another
-  // one was added. Both must outlive it.
+  // Sums up `options`. Options may be added to it; only the last one may be removed. `options` and
+  // `memory` must outlive the summary.
   DeclarationSummary(const OptionList& options, OwnedMemory* memory)
       : m_options(options), m_withDefault(memory) {}
 
@@ -33,8 +33,8 @@ class DeclarationSummary {
   template <class Visit>
   void forEachDefault(Visit visit);
 
-  // The defaults of all options as they are now, for parses in the classic locale; null if there
-  // are none, and if one of them has to be converted at each parse. Raises std::bad_alloc.
+  // The current defaults of all options, for parses in the classic locale; null if there are none
+  // or if one of them has to be converted at each parse. Raises std::bad_alloc.
   std::shared_ptr<const DeclaredDefaults> timelessDefaults();
 
  private:
@@ -54,7 +54,7 @@ class DeclarationSummary {
   std::vector<std::uint32_t, OwnedAllocator<std::uint32_t>> m_withDefault;
 
   // The timeless defaults, and the state of the declarations that they were made from: the number
-  // of options, and of amendments of the last one.
+  // of options and the number of amendments of the last option.
   std::shared_ptr<const DeclaredDefaults> m_defaults;
   std::size_t m_defaultsOf = 0;
   std::uint32_t m_defaultsOfChanges = 0;

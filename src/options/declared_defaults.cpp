@@ -1,3 +1,5 @@
+// A default is converted to text once and stored under every name of its option.
+
 #include "options/declared_defaults.h"
 
 #include <algorithm>

@@ -1,5 +1,8 @@
 #pragma once
 
+// The declared defaults in the form that a result stores. Parses share them if isTimeless() is true
+// for each; if that were wrong, a result would show the defaults of an earlier parse.
+
 #include <kivo/value.h>
 
 #include <cstdint>
@@ -11,37 +14,37 @@
 
 namespace kivo_3_3 {
 
-// The defaults that a tool has declared, as a parse stores them: one for each name of each option
-// that has one. It owns their texts; the names are owned by the declarations.
+// One default for each name of each option that has a default. This object owns the texts of the
+// defaults; the declarations own the names.
 class DeclaredDefaults {
  public:
   struct Default {
     HashedName name;
     const char* text;  // empty for a value that has no text
     variant_t value;
-    std::uint32_t place;  // what to add to the position of the first one
+    std::uint32_t place;  // the position is `first` of StoredOptions::apply() plus this
   };
 
-  // Whether the default of this option becomes the same text at every parse in the classic
-  // locale, and nobody can tell when: its value does not refer to characters of the tool's, and
-  // the option's type can read it, so that the assertion handler has no part in it.
+  // Whether the default of this option can be converted once for all parses in the classic locale
+  // without a visible difference: its value does not refer to characters of the tool, which can
+  // change, and the option's type can read it, so the conversion calls no assertion handler.
   static bool isTimeless(const OptionDescription& option);
 
-  // Adds the default of one more option under each of its names, each in the next place. It
-  // becomes text in the classic locale.
+  // Adds the default of one more option under each of its names, each name in the next place. The
+  // default is converted to text in the classic locale.
   void add(const OptionDescription& option);
 
-  // Adds one default, or puts it in the place of the one with its name. The text is copied.
+  // Adds one default or replaces the one of the same name. The text is copied.
   void set(const Default& one);
 
-  // The last one declared for this name; null when there is none.
+  // The default declared last for this name; null if there is none.
   const Default* find(const HashedName& name) const;
 
-  // Whether there is a default for every name that `others` have one for.
+  // Whether every name that has a default in `others` also has one here.
   bool hasAllOf(const DeclaredDefaults& others) const;
 
   const NameTable<Default>::Entries& all() const { return m_defaults.entries(); }
-  // The number of places.
+  // The number of places, which is the number of positions that the defaults take.
   std::uint32_t count() const { return m_count; }
 
  private:

@@ -1,3 +1,6 @@
+// Exact names are found by hash. Only an abbreviation needs the sorted names, in which all names
+// with one prefix are neighbours.
+
 #include "options/name_index.h"
 
 #include <algorithm>
@@ -60,7 +63,7 @@ void NameIndex::sortNames() {
   m_sorted.swap(sorted);
 }
 
-// Two matches suffice to know that a name is ambiguous.
+// Stops at the second match: two matches are enough to call a name ambiguous.
 void NameIndex::collect(const Sorted& sorted, std::string_view prefix, std::string_view ahead,
                         Matches& matches) const {
   auto match = std::lower_bound(sorted.begin(), sorted.end(), prefix,

@@ -1,5 +1,9 @@
 #pragma once
 
+// Finds the option that a name means without walking the declarations. If this index disagreed with
+// findOption() or with find_best_match() over all names, a tool would read another option than its
+// user typed.
+
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -10,11 +14,8 @@
 
 namespace kivo_3_3 {
 
-// Which option a name means, found without walking the declarations. If this index disagreed with
-// findOption() or find_best_match() over all names, a tool would read another option than its user
-// typed.
-//
-// Options are numbered in declaration order, and their names are added in that order.
+// The names of all options. Options are numbered in declaration order, and their names are added in
+// that order.
 class NameIndex {
  public:
   // What a typed name means.
@@ -22,19 +23,19 @@ class NameIndex {
     enum Kind { none, unique, ambiguous };
     Kind kind = none;
     unsigned int option = 0;      // the number of the option of a unique match
-    std::string_view ahead = {};  // the negation, if a unique match is the "no-" form of `name`
-    std::string_view name = {};   // the full name of a unique match
+    std::string_view ahead = {};  // the negation if `typed` abbreviates the "no-" form
+    std::string_view name = {};   // the full name of a unique match, without `ahead`
   };
 
   // The memory must outlive the index.
   explicit NameIndex(OwnedMemory* memory)
       : m_names(memory), m_sorted(memory), m_sortedBooleans(memory) {}
 
-  // After this, `count` names can be added. Raises std::bad_alloc.
+  // Makes room for `count` more names, so that add() cannot fail. Raises std::bad_alloc.
   void makeRoomFor(std::size_t count) { m_names.makeRoomFor(count); }
 
-  // Adds a name of an option, for which there must be room. Its characters must live as long as the
-  // index. A boolean is also found by the "no-" form of the name.
+  // Adds a name of an option; there must be room for it. The characters of the name must live as
+  // long as the index. A boolean option is also found by the "no-" form of the name.
   void add(const HashedName& name, std::uint32_t option, bool isBoolean) noexcept {
     m_names.add({name, option, isBoolean});
   }
@@ -42,8 +43,8 @@ class NameIndex {
   // The first option that has this name.
   std::optional<unsigned int> find(const HashedName& name) const;
 
-  // The option whose name was typed in full, else the one whose name begins with `typed`. Raises
-  // std::bad_alloc.
+  // The option that has the name `typed`; otherwise the option with the only name that begins with
+  // `typed`. Raises std::bad_alloc.
   Match findBest(const HashedName& typed);
 
  private:
@@ -52,9 +53,9 @@ class NameIndex {
     std::uint32_t option;
     bool isBoolean;
   };
-  // Numbers of names, in the order of their texts.
+  // Numbers of names, sorted by the texts of the names.
   using Sorted = std::vector<std::uint32_t, OwnedAllocator<std::uint32_t>>;
-  // The first of the names that begin alike, and whether there are more.
+  // The first name that begins with a prefix, and whether there are more.
   struct Matches;
 
   const Name* findName(const HashedName& name) const;
@@ -63,7 +64,7 @@ class NameIndex {
                Matches& matches) const;
 
   NameTable<Name> m_names;
-  // Sorted when a name is not found in full and names were added since the last time.
+  // Rebuilt by findBest() if `typed` is not a full name and names were added since the last time.
   Sorted m_sorted;
   Sorted m_sortedBooleans;  // only names of booleans
 };

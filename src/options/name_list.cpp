@@ -1,3 +1,5 @@
+// One algorithm splits names and tags; validateName() is the only limit on what may be declared.
+
 #include "options/name_list.h"
 
 #include <algorithm>

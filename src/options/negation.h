@@ -1,18 +1,21 @@
 #pragma once
 
+// The prefix that switches a boolean option off. Declaring, finding and showing options must agree
+// on it.
+
 #include <string_view>
 
 #include "base/begins_with.h"
 
 namespace kivo_3_3 {
 
-// A boolean option answers to its names and to each of them with this ahead, which switches it
-// off. A name that itself begins so switches it off, too.
+// A boolean option is found by its names and by each of its names with this prefix, which switches
+// the option off. A declared name that itself begins with the prefix switches the option off too.
 inline constexpr std::string_view negation = "no-";
 
 inline bool isNegated(std::string_view name) { return beginsWith(name, negation); }
 
-// What a name that isNegated() negates.
+// The name without its prefix; `name` must be negated.
 inline std::string_view withoutNegation(std::string_view name) {
   return name.substr(negation.size());
 }

@@ -1,3 +1,6 @@
+// Each amendment counts in m_changes, even if it had no effect: defaults that were converted before
+// it are converted again.
+
 #include "options/option_description.h"
 
 #include <algorithm>
@@ -13,13 +16,13 @@ std::string_view sortingName(const OptionDescription& option) {
   return option.m_names.empty() ? std::string_view() : option.m_names.front().text;
 }
 
-// Runs a change that is made as a whole or, when memory runs out, not at all.
+// Runs a change that is all or nothing: if memory runs out, nothing has changed.
 template <class Change>
 void amend(Change change) {
   try {
     change();
   } catch (const std::exception&) {
-    // The interface has no way to tell; its comment says what becomes of it.
+    // The interface cannot report this. IOption documents that the call then has no effect.
   }
 }
 
@@ -34,7 +37,7 @@ IOption* OptionDescription::synonym(const char* name) {
   return this;
 }
 
-// Whatever may raise std::bad_alloc comes before the index is changed.
+// All steps that may raise std::bad_alloc come before the index is changed.
 void OptionDescription::addName(std::string_view name) {
   if (m_index != nullptr)
     m_index->makeRoomFor(1);
@@ -85,7 +88,8 @@ IOption* OptionDescription::tag(const char* tags) {
   return this;
 }
 
-// Texts are kept for tags that are new. Whatever may fail for want of memory comes first.
+// Only new tags are copied to the arena. Everything up to insert() may raise std::bad_alloc and
+// leaves m_tags unchanged if it does; nothing after insert() can fail.
 void OptionDescription::addTags(const char* tags) {
   if (tags == nullptr)
     return;

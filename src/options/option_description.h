@@ -1,5 +1,8 @@
 #pragma once
 
+// What a tool has declared about one option. Parsing, help and results all read these fields; a
+// wrong one shows in all three.
+
 #include <kivo/option.h>
 
 #include <cstdint>
@@ -15,13 +18,13 @@
 
 namespace kivo_3_3 {
 
-// One declared option, action or modifier. The registry makes it and keeps it by
-// value; the tool amends it through IOption; everybody else reads its fields.
+// One declared option, action or modifier. The registry creates and owns it, the tool amends it
+// through IOption, and the rest of the library reads its fields.
 //
-// An amendment never fails loudly: when memory runs out, it is not made.
+// An amendment never raises an exception: if memory runs out, the amendment has no effect.
 class OptionDescription final : public IOption {
  public:
-  // What the status of a description says.
+  // The values of `m_status`, which only tests read.
   static constexpr std::uint32_t stored = 0;
   static constexpr std::uint32_t rejected = 1;
   static constexpr std::uint32_t underDeclaration = 3;
@@ -35,7 +38,7 @@ class OptionDescription final : public IOption {
   IOption* tag(const char* tags) override;
 
   OptionDescription() = default;
-  // Keeps its lists in `memory`, which must outlive it.
+  // Allocates the lists in `memory`, which must outlive the description.
   explicit OptionDescription(OwnedMemory* memory)
       : m_names(memory), m_tags(memory), m_allowedValues(memory) {}
   OptionDescription(const OptionDescription&) = default;
@@ -44,57 +47,57 @@ class OptionDescription final : public IOption {
   OptionDescription& operator=(OptionDescription&&) = default;
   ~OptionDescription() override = default;
 
-  // The name that stands for the option in messages and events; out of range for an
-  // option without names.
+  // The name of the option in messages and events. Raises std::out_of_range for an option without
+  // names.
   std::string_view firstName() const { return m_names.at(0).text; }
   bool isAction() const { return m_notAnAction == 0; }
 
-  // What tag() does, for those who must know that it is done: raises std::bad_alloc.
+  // Adds tags as tag() does, but raises std::bad_alloc if memory runs out.
   void addTags(const char* tags);
 
   // Whether a default other than "no value" was declared.
   bool hasDefault() const { return m_hasDefault && m_defaultValue.type() != stratum2::vtNull; }
   const variant_t& getDefaultValue() const { return m_defaultValue; }
-  // Only for an option that has a default.
+  // The text of the default, which must exist. Only tests call this.
   std::string getDefaultValueAsText() const;
 
-  // The text of a value of this option's type, kept in `garbage`; null for a type that
-  // has no text form. Raises std::bad_alloc when it cannot be kept.
+  // The text of a value of this option's type, owned by `garbage`; null for a type that has no
+  // text form. Raises std::bad_alloc. Only getDefaultValueAsText() and tests call this.
   const char* toString(Garbage* garbage, const variant_t& value) const;
-  // The value that `text` stands for in this option's type, `vtNull` if it stands for
-  // none.
+  // Converts `text` to this option's type; `vtNull` if it does not convert. `garbage` is unused.
   variant_t fromString(const char* text, Garbage* garbage) const;
-  // How messages and help call this option's type.
+  // The name of this option's type in messages.
   std::string getTypeName() const;
 
-  // Converts one value as the user wrote it, with a zero behind it, and holds it against the
-  // allowed values. An abbreviation is completed: `text` is then that of the allowed value.
-  // A `value` that is a text refers to `text`. False with the reason in `error`, which is
-  // untouched otherwise; `value` is meaningless then.
+  // Converts one value, zero-terminated and as the user wrote it, and checks it against the allowed
+  // values. An abbreviation is completed: `text` then refers to the allowed value. If `value` is a
+  // text, it refers to the characters of `text`. If the value is refused, returns false with the
+  // reason in `error`, and `value` is meaningless; otherwise `error` is unchanged.
   bool validate(std::string_view& text, variant_t& value, std::string& error) const;
 
-  // By first name, byte by byte; an option without names stands first.
+  // Compares the first names byte by byte; an option without names has an empty one. Only tests
+  // call this.
   bool operator<(const OptionDescription& other) const;
 
-  // All texts are kept in the Garbage, with a zero behind them.
+  // All texts are in the arena of the Garbage, zero-terminated.
   std::uint32_t m_status = stored;
   Names m_names;
-  Texts m_tags;  // in order, each once
+  Texts m_tags;  // sorted, each once
   std::string_view m_groupKey;
-  std::string_view m_groupTitle;
+  std::string_view m_groupTitle;  // only tests read it
   std::string_view m_description;
   bool m_positional = false;
   bool m_hasDefault = false;
-  std::uint32_t m_notAnAction = 2;  // 0 for an action, 1 for what is none, 2 while undeclared
+  std::uint32_t m_notAnAction = 2;  // 0 for an action, 1 for any other option, 2 until declared
   char m_tokenizer = ',';           // '\0': values are not split
   variant_type_t m_type = stratum2::vtNull;
   variant_t m_defaultValue;
   std::vector<variant_t, OwnedAllocator<variant_t>> m_allowedValues;
-  std::map<variant_t, variant_t> m_deprecatedValues;  // what is still accepted, and for what
+  std::map<variant_t, variant_t> m_deprecatedValues;  // from deprecated value to replacement
   Garbage* m_garbage = nullptr;
-  std::uint64_t m_identity = 0;  // in this process; 0 for one that no registry has made
+  std::uint64_t m_identity = 0;  // unique in this process; 0 without a registry
   std::uint32_t m_changes = 0;   // the number of amendments
-  // Where the names are found, and the number of the option there; null without a registry.
+  // The index of the names, null without a registry, and the number of the option in it.
   NameIndex* m_index = nullptr;
   std::uint32_t m_number = 0;
 
@@ -102,7 +105,7 @@ class OptionDescription final : public IOption {
   void addName(std::string_view name);
 };
 
-// Everything that one parser has declared, in that order. Descriptions stay where they are.
+// All options of one parser in declaration order. A description never moves in memory.
 using OptionList = std::deque<OptionDescription, OwnedAllocator<OptionDescription>>;
 
 }  // namespace kivo_3_3

@@ -1,3 +1,6 @@
+// Finds options by walking a list of descriptions. Only the installed interface and tests need it;
+// the parser uses NameIndex, which must give the same answers.
+
 #include <kivo/option_lookup.h>
 
 #include <algorithm>

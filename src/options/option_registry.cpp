@@ -1,3 +1,6 @@
+// The order of the steps in a declaration makes it all or nothing: the names become visible to
+// parses only after everything that may raise std::bad_alloc.
+
 #include "options/option_registry.h"
 
 #include <algorithm>
@@ -11,7 +14,8 @@ namespace kivo_3_3 {
 
 namespace {
 
-// What follows an identity up to the next one is for the options.
+// The numbers between the identities of two registries are the identities of the first one's
+// options.
 constexpr std::uint64_t identityStep = std::uint64_t(1) << 32;
 std::atomic<std::uint64_t> lastIdentity = 0;
 
@@ -39,8 +43,8 @@ IOption* RegisteredOptionStorage::option(const char* names, const char* tags,
   }
 }
 
-// A group is there with its first declaration, a rejected one included, but not with one
-// that fails: so it comes last.
+// A rejected declaration creates its help section; a declaration for which memory runs out does
+// not, so groupFor() comes after the steps that may fail.
 IOption* RegisteredOptionStorage::declare(const char* names, const char* tags,
                                           const char* description, bool isAction,
                                           variant_type_t type, const char* group) {
@@ -49,6 +53,7 @@ IOption* RegisteredOptionStorage::declare(const char* names, const char* tags,
   split(orEmpty(names), wanted);
   const bool isValid = validateName(wanted) == 0;
   if (!isValid || isTaken(wanted)) {
+    // Spelled like this since 3.0; tools depend on it.
     if (isValid)
       internal::traceLine("Tried to register an option with a name, which is alread registered: ",
                           orEmpty(names));
@@ -76,7 +81,7 @@ IOption* RegisteredOptionStorage::declare(const char* names, const char* tags,
   return &declared;
 }
 
-// Puts the kept texts in the place of the caller's.
+// Copies the caller's texts to the arena and lets the description refer to the copies.
 void RegisteredOptionStorage::fill(OptionDescription& declared, const char* actionNames,
                                    const char* tags, const char* description, const char* group) {
   OwnedMemory& memory = m_garbage->memory();
@@ -101,7 +106,8 @@ IOption* RegisteredOptionStorage::modifier(const char* names, const char* action
   return option(names, actions, description, false, type, group);
 }
 
-// "key:title", split at the first colon. The first title given for a key stays.
+// The help section of "key:title", which is split at the first colon. A section keeps the title of
+// its first declaration.
 const RegisteredOptionStorage::Group& RegisteredOptionStorage::groupFor(std::string_view text) {
   const std::size_t colon = std::min(text.find(':'), text.size());
   const HashedName key = text.substr(0, colon);

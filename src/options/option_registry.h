@@ -1,5 +1,8 @@
 #pragma once
 
+// Receives all declarations of one parser. If a rejected declaration left a trace in the list of
+// options, a parse would find an option that the tool was refused.
+
 #include <cstdint>
 #include <string_view>
 
@@ -11,14 +14,13 @@
 
 namespace kivo_3_3 {
 
-// Everything one parser has declared, in declaration order.
+// The options of one parser and the sections of its help.
 //
-// Declarations never fail loudly. One that is rejected, or for which memory runs out,
-// answers with a fallback description, so that the builder calls chained to it land
-// somewhere harmless.
+// A declaration never raises an exception. A declaration that is rejected, or for which memory runs
+// out, returns a fallback description, so that the chained builder calls change no option.
 class RegisteredOptionStorage final {
  public:
-  // A group as the help shows it: its key is its name.
+  // A section of the help; `name` is its key. Only tests read `title`.
   struct Group {
     HashedName name;
     std::string_view title;
@@ -27,7 +29,7 @@ class RegisteredOptionStorage final {
 
   explicit RegisteredOptionStorage(Garbage* garbage);
 
-  // Null texts count as empty, null `tags` as none.
+  // A null text counts as empty, null `tags` as no tags.
   virtual IOption* option(const char* names, const char* tags, const char* description,
                           bool isAction, variant_type_t type, const char* group);
   virtual IOption* action(const char* names, const char* description, variant_type_t type,
@@ -35,14 +37,15 @@ class RegisteredOptionStorage final {
   virtual IOption* modifier(const char* names, const char* actions, const char* description,
                             variant_type_t type, const char* group);
 
-  // The character at which options declared from now on split their values.
+  // Sets the character at which options declared from now on split their values.
   void setTokenizer(char tokenizer) { m_tokenizer = tokenizer; }
 
   OptionList& options() { return m_options; }
-  // One for each distinct key, in order of first use.
+  // The help sections: one for each distinct key, in order of first use.
   const Groups& groups() const { return m_groups.entries(); }
   NameIndex& names() { return m_names; }
   DeclarationSummary& summary() { return m_summary; }
+  // For tests.
   const OptionDescription& fallback() const { return m_fallback; }
 
  private:

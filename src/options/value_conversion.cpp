@@ -1,3 +1,6 @@
+// In the classic locale numbers are converted without a stream; the result must be the one that a
+// stream would give.
+
 #include "options/value_conversion.h"
 
 #include <algorithm>
@@ -31,7 +34,7 @@ bool isHexadecimal(std::string_view text) {
 
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
-// Walks a text as formatted input in the classic locale does.
+// Reads a text as formatted stream input in the classic locale does.
 class ClassicReader {
  public:
   explicit ClassicReader(std::string_view text)
@@ -39,8 +42,8 @@ class ClassicReader {
     skipSpace();
   }
 
-  // An integer in decimal, or false. A minus sign is fine for an unsigned type too:
-  // its magnitude must fit, and the value wraps.
+  // Reads a decimal integer; false if there is none or it does not fit. An unsigned type accepts a
+  // minus sign too: the magnitude must fit, and the value wraps.
   template <class T>
   bool readInteger(T& value) {
     const bool negative = m_next != m_end && *m_next == '-';
@@ -53,15 +56,16 @@ class ClassicReader {
     return true;
   }
 
-  // Digits without a sign.
+  // Reads digits without a sign.
   bool readMagnitude(u64_t& value, int base) {
     const auto [end, problem] = std::from_chars(m_next, m_end, value, base);
     m_next = end;
     return problem == std::errc();
   }
 
-  // Digits with at most one point among them, behind at most one minus: the numbers
-  // that need no stream. False says that this is none of them, not that it is wrong.
+  // Reads a number that needs no stream: digits with at most one decimal point after the first
+  // digit, and an optional minus. False means that the number has another form, not that it is
+  // wrong.
   bool readPlainDouble(double& value) {
     const char* first = m_next != m_end && *m_next == '-' ? m_next + 1 : m_next;
     const char* point = std::find_if_not(first, m_end, isDigit);
@@ -82,6 +86,7 @@ class ClassicReader {
   }
 
  private:
+  // Characters without the sign: a number of 300 neither overflows nor underflows a double.
   static constexpr std::ptrdiff_t longestPlainDouble = 300;
 
   template <class T>
@@ -99,7 +104,8 @@ class ClassicReader {
   const char* m_end;
 };
 
-// A stream takes every exception for a text that is no number; this one is raised again.
+// A stream treats every exception as a failed conversion. With this mask it rethrows
+// std::bad_alloc.
 void letMemoryFailureOut(std::ios& stream) { stream.exceptions(std::ios::badbit); }
 
 template <class T>
@@ -158,7 +164,7 @@ std::string writeClassic(T value) {
   return std::string(std::begin(buffer), written.ptr);
 }
 
-// Six significant digits, as a stream shows them.
+// Six significant digits, the default precision of a stream.
 std::string writeClassic(double value) {
   char buffer[32];
   const auto written =
@@ -185,7 +191,7 @@ class OperationToString {
   bool m_isAlwaysClassic;
 };
 
-// Looks alike in every locale.
+// A boolean has the same text in every locale.
 template <>
 bool OperationToString::execute<bool>() {
   m_output += m_input.get<bool>() ? "1" : "0";
@@ -238,6 +244,7 @@ class OperatorGetTypeName {
  public:
   template <class T>
   bool execute() {
+    // Named like this since 3.0; tools depend on it.
     if constexpr (std::is_same<T, bool>::value)
       m_output = "undefined";
     else if constexpr (std::is_same<T, s32_t>::value)
@@ -261,8 +268,8 @@ class OperatorGetTypeName {
   const char* m_output = "";
 };
 
-// Runs the operation for the type of an option; false, and nothing done, for a type
-// that options do not have.
+// Runs the operation for the type of an option. For a type that options do not have, does nothing
+// and returns false.
 template <class Operation>
 bool executeFor(variant_type_t type, Operation& operation) {
   switch (type) {

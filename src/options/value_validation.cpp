@@ -1,8 +1,8 @@
-// Holds one value against what its option allows: converts it, completes an
-// abbreviation, refuses it with a message, or accepts it with a warning.
+// Checks one value against the values that its option allows: converts it, completes an
+// abbreviation, refuses the value with a message, or accepts it with a warning.
 //
-// Nothing is thrown or printed for a value that is refused; only the use of a
-// deprecated value is printed, each time it is used.
+// A refused value raises no exception and prints nothing. Only the use of a deprecated value prints
+// a warning, each time the value is used.
 
 #include <kivo/value.h>
 
@@ -20,13 +20,14 @@ namespace {
 
 using std::string;
 
-// A value that is no text reads as the empty text.
+// The text of `value`; the empty text for a value that is not a text.
 const char* readAsText(const variant_t& value) {
   return value.can_get<const char*>() ? value.get<const char*>() : "";
 }
 
-// The values that the option allows; deprecated ones are not advertised.
+// The list of the allowed values in a message; deprecated values are left out.
 [[gnu::cold]] string possibleValues(const OptionDescription& option) {
+  // Spelled like this since 3.0; tools depend on it.
   string list = ". Possible values follows: ";
   const char* ahead = "'";
   for (const variant_t& value : option.m_allowedValues) {
@@ -58,8 +59,8 @@ const char* readAsText(const variant_t& value) {
                 option.firstName(), "'. Use the '", instead, "' argument instead.\n");
 }
 
-// Visits what may be given for the option: the allowed values as declared, then the
-// deprecated ones in their order. Stops when `visit` returns true.
+// Visits the values that the option accepts: the allowed ones in declaration order, then the
+// deprecated ones in the order of their map. Stops when `visit` returns true.
 template <class Visit>
 bool anyCandidate(const OptionDescription& option, Visit visit) {
   for (const variant_t& value : option.m_allowedValues)
@@ -71,8 +72,8 @@ bool anyCandidate(const OptionDescription& option, Visit visit) {
   return false;
 }
 
-// The number of candidates that begin with `text`. The last of them becomes `completed`,
-// and `value` refers to it.
+// Returns the number of candidates that begin with `text`. Sets `completed` to the last of them
+// and lets `value` refer to it.
 int complete(const OptionDescription& option, std::string_view text, variant_t& value,
              std::string_view& completed) {
   int passed = 0;

@@ -1,3 +1,6 @@
+// Queries raise no exception into the tool: if memory runs out, they answer "no value" or the empty
+// text.
+
 #include "result/parse_result.h"
 
 #include <algorithm>
@@ -11,7 +14,7 @@ namespace kivo_3_3 {
 
 IParseResult::~IParseResult() = default;
 
-// Ended from a handler, it would be missing when the parse goes on.
+// A handler must not destroy the result that a parse still stores into.
 void ParseResult::destroy() {
   if (RunningCall::isInUse(*this))
     BEDROCK::assertion_failed("!RunningCall::isInUse(*this)", __FILE__, __LINE__);
@@ -23,7 +26,7 @@ bool ParseResult::present(const char* name, int from, int to) {
   return m_cursor.present(name, from, to);
 }
 
-// When memory runs out for a value, the answer is "no value".
+// If memory runs out for a value, the answer is "no value".
 Value ParseResult::get(const char* name, int from, int to) {
   try {
     return m_cursor.get(name, from, to);
@@ -56,7 +59,7 @@ int ParseResult::getNextArgument(const char** text) {
   return 0;
 }
 
-// The empty text when memory runs out.
+// The interned text; the empty text if memory runs out.
 const char* ParseResult::delivered(const char* text) {
   try {
     return m_delivered.intern(text);

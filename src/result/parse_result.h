@@ -1,5 +1,8 @@
 #pragma once
 
+// The result that a tool reads. Texts and values that it has delivered must stay valid until the
+// result is destroyed, whatever later parses store.
+
 #include <kivo/parse_result.h>
 
 #include <memory>
@@ -17,11 +20,11 @@
 
 namespace kivo_3_3 {
 
-// What parses have stored, and the cursors the tool reads it with. Reading changes nothing but the
-// cursors and the set of the texts that were delivered: equal texts of one result have one address.
+// What parses have stored, and the cursors for reading it. Reading changes only the cursors and the
+// delivered texts, which are interned: equal texts of one result have one address.
 class ParseResult final : public IParseResult, public IResultCollector {
  public:
-  // What stood behind "--", and where.
+  // An argument after "--", and its position.
   struct Argument {
     const char* text;
     int position;
@@ -40,7 +43,7 @@ class ParseResult final : public IParseResult, public IResultCollector {
   ParseResult& operator=(const ParseResult&) = delete;
   ~ParseResult() override = default;
 
-  // Adds an occurrence under every name of the option. Occurrences add up. The texts of
+  // Adds an occurrence under every name of the option, as StoredOptions::store() does. The texts of
   // the names must live as long as the result.
   void store(const OptionDescription& option, const OptionData& data) override;
 
@@ -49,10 +52,10 @@ class ParseResult final : public IParseResult, public IResultCollector {
     m_options.apply(std::move(defaults), first);
   }
 
-  // Adds an argument that stood behind "--".
+  // Adds an argument after "--".
   void addArgument(std::string_view text, int position);
 
-  // For the texts of what is stored.
+  // The arena for the texts of stored values.
   OwnedMemory& memory() { return m_memory; }
 
   // For tests: see InternedTexts::countSteps().
@@ -62,7 +65,7 @@ class ParseResult final : public IParseResult, public IResultCollector {
   const std::vector<Argument>& arguments() const { return m_arguments; }
   ResultCursor& cursor() { return m_cursor; }
 
-  // Keeps what owns the texts of declarations that something is stored by. Raises
+  // Shares the ownership of a parser's texts, since stored names refer to them. Raises
   // std::bad_alloc.
   void holdDeclarations(const std::shared_ptr<const Garbage>& declarations);
   // Whether more than one parser has parsed into this.
@@ -76,7 +79,7 @@ class ParseResult final : public IParseResult, public IResultCollector {
   InternedTexts m_delivered{m_memory};
   ResultCursor m_cursor{m_options, m_delivered};
   std::vector<Argument> m_arguments;
-  std::size_t m_argumentCursor = 0;  // the next one to deliver
+  std::size_t m_argumentCursor = 0;  // the index of the next argument to deliver
   std::vector<std::shared_ptr<const Garbage>, OwnedAllocator<std::shared_ptr<const Garbage>>>
       m_declarations{&m_memory};  // each once
 };

@@ -1,11 +1,15 @@
+// An answer depends on the range, on the cursor's place, and on whether the option was given or has
+// only a default.
+
 #include "result/result_cursor.h"
 
 namespace kivo_3_3 {
 
 namespace {
 
-// The first element from `begin` on that `isBefore` is false for. An ordered list is not
-// walked, so that each of many occurrences can be asked for what is its own.
+// The index of the first element from `begin` on for which `isBefore` is false; the size of the
+// list if there is none. An ordered list is bisected: a linear search for the values of each of n
+// occurrences would take O(n * n) time.
 template <class List, class IsBefore>
 std::size_t skip(const List& list, std::size_t begin, bool isOrdered, IsBefore isBefore) {
   std::size_t end = list.size();
@@ -19,7 +23,7 @@ std::size_t skip(const List& list, std::size_t begin, bool isOrdered, IsBefore i
   return begin;
 }
 
-// The range is exclusive above, unlike that of values.
+// The upper bound `to` is exclusive here; for values it is inclusive.
 std::size_t firstOccurrence(const GivenOption& data, int from, int to) {
   if (!data.isAscending)
     return skip(data.positions, 0, false,
@@ -47,7 +51,7 @@ Value ResultCursor::get(const char* name, int from, int to) {
 Value ResultCursor::next() {
   GivenOption* const data = given();
   if (data == nullptr) {
-    // This range is how present() leaves a default that is still to be delivered.
+    // present() sets this range to mark a default that next() still has to deliver.
     if (m_place.rangeFrom != lastPosition || m_place.rangeTo != lastPosition)
       return {};
     Value value = defaultValue();
@@ -64,7 +68,7 @@ Value ResultCursor::next() {
 
 Value ResultCursor::nextOf(GivenOption& option) {
   m_place.value = firstValue(option, m_place.value, m_place.rangeFrom);
-  // The data may have become shorter: options can share a name, which one then takes over.
+  // The list may have become shorter: storing another option with this name may have replaced it.
   if (m_place.value >= option.values.size())
     return {};
   GivenValue& value = option.values[m_place.value];
@@ -77,8 +81,8 @@ Value ResultCursor::nextOf(GivenOption& option) {
   return {text, value.value, value.position};
 }
 
-// The typed form of a text gets its own characters when it is first delivered, and all later
-// deliveries share them.
+// A value that is a text gets its own characters when it is delivered for the first time, and all
+// later deliveries share them.
 void ResultCursor::makeOwning(variant_t& value) {
   if (value.type() == stratum2::vtStringReference)
     value = m_typedTexts.make(value.get<const char*>());
@@ -100,7 +104,7 @@ int ResultCursor::nextPosition() {
              : lastPosition;
 }
 
-// A default shows only where nothing was given, and only if it has a text.
+// A default is found only if nothing was given under the name and the default has a text.
 ResultCursor::Found ResultCursor::select(const char* name, int from, int to) {
   m_place = {0, 0, from, to, std::nullopt, {}};
   if (name == nullptr)
@@ -118,8 +122,8 @@ ResultCursor::Found ResultCursor::select(const char* name, int from, int to) {
   return m_place.position < data.positions.size() ? Found::occurrence : Found::nothing;
 }
 
-// What was given for the selected option; null when there is nothing. A handler may have
-// selected one that was given only afterwards.
+// What was given for the selected option; null if nothing was. An option that had only a default
+// when it was selected is looked up again: it may have been given since then.
 GivenOption* ResultCursor::given() {
   if (!m_place.option && m_place.defaultName.text.data() != nullptr)
     m_place.option = m_options.find(m_place.defaultName);

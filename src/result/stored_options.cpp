@@ -1,3 +1,6 @@
+// The common case comes first: all names of an option share a record, and one append serves them
+// all.
+
 #include "result/stored_options.h"
 
 #include <algorithm>
@@ -7,7 +10,8 @@ namespace kivo_3_3 {
 
 namespace {
 
-// Where one value is stored in several lists, they share the characters of its typed form.
+// To be called before values are stored in several lists, so that the copies share the characters
+// of a value that is a text.
 template <class Occurrences>
 void makeAllOwning(Occurrences& stored) {
   for (std::size_t place = 0; place < stored.values.size(); ++place)
@@ -24,7 +28,7 @@ void StoredOptions::store(const Names& names, const OptionData& occurrence, std:
     storeApart(names, occurrence);
     return;
   }
-  // Nothing after this fails for want of memory.
+  // The last step that may raise std::bad_alloc.
   group->given.makeRoomFor(occurrence, m_memory);
   group->given.append(occurrence);
   if (group->names == 0)
@@ -32,8 +36,8 @@ void StoredOptions::store(const Names& names, const OptionData& occurrence, std:
   m_last = {option, names.size(), group};
 }
 
-// The group that exactly these names share, each of them once; a new one, which no name has yet,
-// where all names are new; otherwise null.
+// The record that exactly these names share, if each of them occurs once; a new record if all names
+// are new, which share() then assigns to them; null otherwise. Adds new names to the table.
 StoredOptions::Group* StoredOptions::groupFor(const Names& names) {
   const std::size_t before = m_names.entries().size();
   for (const HashedName& name : names)
@@ -50,7 +54,7 @@ StoredOptions::Group* StoredOptions::groupFor(const Names& names) {
   return areAlone ? common : nullptr;
 }
 
-// Gives this group to the last `count` names in the table.
+// Assigns this record to the last `count` names in the table.
 void StoredOptions::share(Group& group, std::size_t count) {
   const std::size_t end = m_names.entries().size();
   for (std::size_t number = end - count; number < end; ++number)
@@ -58,6 +62,7 @@ void StoredOptions::share(Group& group, std::size_t count) {
   group.names = static_cast<Number>(count);
 }
 
+// Sets `m_storing` to the sorted numbers of these names, which must be in the table.
 void StoredOptions::lookUp(const Names& names) {
   m_storing.clear();
   for (const HashedName& name : names)
@@ -66,6 +71,7 @@ void StoredOptions::lookUp(const Names& names) {
   std::sort_heap(m_storing.begin(), m_storing.end());
 }
 
+// Assigns this record to the name.
 void StoredOptions::lead(Name& name, Group& group) {
   if (name.group == &group)
     return;
@@ -75,8 +81,9 @@ void StoredOptions::lead(Name& name, Group& group) {
   ++group.names;
 }
 
-// For names that do not share a group, or not with each other alone. An option that the result
-// knows, if only by its default, adds to what is there under its names; any other replaces it.
+// For names that do not share a record, or share it with other names. If the result knows the first
+// name, even if only by a default, the occurrence is added to the records of all names; otherwise
+// it replaces them. A name that is listed n times gets the occurrence n times.
 void StoredOptions::storeApart(const Names& names, const OptionData& occurrence) {
   OptionData shared = occurrence;
   makeAllOwning(shared);
@@ -95,6 +102,7 @@ void StoredOptions::storeApart(const Names& names, const OptionData& occurrence)
     m_names[number].group->given.append(shared);
 }
 
+// Assigns a new record with only this occurrence to the names in `m_storing`.
 void StoredOptions::replace(const OptionData& occurrence) {
   Group& group = m_groups.emplace_front();
   group.given.makeRoomFor(occurrence, m_memory);
@@ -103,7 +111,7 @@ void StoredOptions::replace(const OptionData& occurrence) {
     lead(m_names[number], group);
 }
 
-// Gives the name a group to itself, with what was given under it.
+// Gives the name a record of its own, with a copy of what was given under it.
 void StoredOptions::separate(Name& name) {
   if (name.group != nullptr && name.group->names == 1)
     return;
@@ -126,8 +134,9 @@ void StoredOptions::apply(std::shared_ptr<const DeclaredDefaults> defaults, int 
   m_applied.push_back({std::move(defaults), first});
 }
 
-// Compares with the defaults of the parse before, which were still incomplete when apply() got
-// them. Room for one more comes first: when memory runs out, nothing has changed.
+// Drops `replaced`, which apply() adds again, and all defaults whose names all have a default in
+// the ones applied last. The latter were still incomplete when apply() received them, so they are
+// compared only now. reserve() comes first: if it fails, nothing has changed.
 void StoredOptions::dropOutdated(const DeclaredDefaults* replaced) {
   m_applied.reserve(m_applied.size() + 1);
   const std::shared_ptr<const DeclaredDefaults> latest = m_applied.back().defaults;

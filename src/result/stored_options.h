@@ -1,5 +1,8 @@
 #pragma once
 
+// The options of a result, by name. If two names shared a record that only one of them should have,
+// a tool would read an option that was not given.
+
 #include <cstddef>
 #include <cstdint>
 #include <forward_list>
@@ -16,18 +19,18 @@
 
 namespace kivo_3_3 {
 
-// What a result holds of options: what was given under each name, and the defaults.
+// What was given under each name, and the defaults.
 //
-// Every name has data of its own, as a reader sees it. In fact the names of one option share a
-// group of data for as long as everything stored concerns all of them alike. Options can share a
-// name, have one twice, or get another one between two parses: from then on each of the names
-// concerned has a group to itself.
+// To a reader, every name has data of its own. The names of one option share one record as long as
+// every occurrence concerns all of them. Two options can have a name in common, and an option can
+// have a name twice or get another one between two parses: then storeApart() separates or replaces
+// the records of the names concerned.
 class StoredOptions {
  public:
-  // A default as it stands in this result.
+  // A default of this result.
   struct Default {
     HashedName name;
-    const char* text;  // empty where there is nothing to show; lives until the next apply()
+    const char* text;  // empty for a value without a text; valid until the next apply()
     const variant_t* value;
     int position;
   };
@@ -40,56 +43,56 @@ class StoredOptions {
         m_storing(&memory),
         m_applied(&memory) {}
 
-  // Adds an occurrence under each of the names: under all of them or, when memory runs
-  // out, under none. The texts of names and values must live as long. `option`, if it is
-  // not 0, tells whose names they are: what comes again and again finds its place at once.
+  // Adds an occurrence under each of the names or, if memory runs out, under none. The texts of
+  // names and values must outlive this object. `option` identifies the option that has the names,
+  // or is 0: an option that is stored twice in a row finds its record without a lookup.
   void store(const Names& names, const OptionData& occurrence, std::uint64_t option);
 
-  // Puts these defaults in the place of former ones of the same names. Their positions count
-  // from `first` on. Defaults may be added to them until the next call.
+  // Applies these defaults, which replace former defaults of the same names. The position of each
+  // is `first` plus its place. Defaults may be added to `defaults` until the next call.
   void apply(std::shared_ptr<const DeclaredDefaults> defaults, int first);
 
-  // The number of the name that something was given under.
+  // The number of the name, if something was given under it.
   std::optional<Number> find(const HashedName& name) const {
     const Name* const found = m_names.find(name);
     const bool isGiven = found != nullptr && found->group != nullptr && !found->group->isEmpty();
     return isGiven ? std::make_optional(m_names.numberOf(*found)) : std::nullopt;
   }
-  // What was given under the name of this number.
+  // What was given under the name with this number.
   const GivenOption& given(Number name) const { return m_names[name].group->given; }
   GivenOption& given(Number name) { return m_names[name].group->given; }
 
   std::optional<Default> findDefault(const HashedName& name) const;
 
-  // Whether something was given under the name, or a default applied.
+  // Whether something was given under the name or a default was applied to it.
   bool knows(const HashedName& name) const { return find(name) || findDefault(name); }
 
-  // All names that something was given under or that have a default, in order.
+  // The names under which something was given or that have a default, sorted, each once.
   Texts names() const;
 
  private:
   static constexpr std::size_t expectedNames = 32;
 
-  // What was given under some names alike.
+  // A record: what was given under each of the names that share it.
   struct Group {
     bool isEmpty() const { return given.positions.empty(); }
 
-    Number names = 0;  // the number of names that have this group
+    Number names = 0;  // the number of names that share this record
     GivenOption given;
   };
   struct Name {
     HashedName name;
-    Group* group = nullptr;  // null or empty while nothing was given
+    Group* group = nullptr;  // its record; null or empty while nothing was given
   };
-  // What was stored last.
+  // The option stored last.
   struct Last {
     std::uint64_t option = 0;
     std::size_t names = 0;   // the number of its names
-    Group* group = nullptr;  // the group that exactly these share
+    Group* group = nullptr;  // the record that exactly these names share
   };
   struct Applied {
     std::shared_ptr<const DeclaredDefaults> defaults;
-    int first;  // position
+    int first;  // a position: see apply()
   };
 
   [[gnu::cold]] void dropOutdated(const DeclaredDefaults* replaced);
@@ -105,7 +108,7 @@ class StoredOptions {
   NameTable<Name> m_names;
   Last m_last;
   std::forward_list<Group, OwnedAllocator<Group>> m_groups;
-  // The names that are being stored under, by their numbers in ascending order.
+  // The sorted numbers of the names that the current store() adds to.
   std::vector<Number, OwnedAllocator<Number>> m_storing;
   std::vector<Applied, OwnedAllocator<Applied>> m_applied;  // the latest last
 };
