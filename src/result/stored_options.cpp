@@ -136,9 +136,9 @@ void StoredOptions::apply(std::shared_ptr<const DeclaredDefaults> defaults, int 
 
 // Drops `replaced`, which apply() adds again, and all defaults whose names all have a default in
 // the ones applied last. The latter were still incomplete when apply() received them, so they are
-// compared only now. reserve() comes first: if it fails, nothing has changed.
+// compared only now. What is erased leaves room for what apply() adds: when memory runs out there,
+// nothing has changed.
 void StoredOptions::dropOutdated(const DeclaredDefaults* replaced) {
-  m_applied.reserve(m_applied.size() + 1);
   const std::shared_ptr<const DeclaredDefaults> latest = m_applied.back().defaults;
   const auto isOutdated = [&](const Applied& applied) {
     return applied.defaults.get() == replaced ||
