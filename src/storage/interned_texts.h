@@ -64,8 +64,10 @@ class InternedTexts {
   std::size_t freeSlot(std::uint32_t hash) const;
   void enterAll();
   const char* textOf(std::size_t number) const {
-    const std::size_t chunk = number / inlineTexts;  // 0 for the inline texts
-    return (chunk == 0 ? m_inlineTexts : m_chunks[chunk - 1])[number % inlineTexts];
+    if (number < inlineTexts)
+      return m_inlineTexts[number];
+    // cppcheck-suppress zerodivcond ; a constant that is not 0
+    return m_chunks[number / inlineTexts - 1][number % inlineTexts];
   }
   void append(const char* text) {
     const char** const chunk = m_size < inlineTexts ? m_inlineTexts : m_chunks.back();
