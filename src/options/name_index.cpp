@@ -12,9 +12,23 @@ namespace kivo_3_3 {
 
 struct NameIndex::Matches {
   int count = 0;
-  std::uint32_t first = 0;
+  const Name* first = nullptr;
   std::string_view ahead;
 };
+
+void NameIndex::makeRoomFor(std::size_t count) {
+  m_names.makeRoomFor(count);
+  if (m_repeated.capacity() - m_repeated.size() < count)
+    m_repeated.reserve(std::max(m_repeated.capacity() * 2, m_repeated.size() + count));
+}
+
+void NameIndex::add(const HashedName& name, std::uint32_t option, bool isBoolean) noexcept {
+  const auto answersInstead = [&](const Name& other) { return other.isBoolean || !isBoolean; };
+  if (m_names.find(name, answersInstead) != nullptr)
+    m_repeated.push_back({name, option, isBoolean});
+  else
+    m_names.add({name, option, isBoolean});
+}
 
 const NameIndex::Name* NameIndex::findName(const HashedName& name) const {
   const Name* const named = m_names.find(name);
@@ -34,7 +48,7 @@ std::optional<unsigned int> NameIndex::find(const HashedName& name) const {
 NameIndex::Match NameIndex::findBest(const HashedName& typed) {
   if (const Name* const exact = findName(typed))
     return {Match::unique, exact->option, {}, typed.text};
-  if (m_sorted.size() != m_names.entries().size())
+  if (m_sorted.size() != m_names.entries().size() + m_repeated.size())
     sortNames();
   Matches matches;
   collect(m_sorted, typed.text, {}, matches);
@@ -44,33 +58,32 @@ NameIndex::Match NameIndex::findBest(const HashedName& typed) {
     collect(m_sortedBooleans, {}, negation, matches);
   if (matches.count != 1)
     return {matches.count == 0 ? Match::none : Match::ambiguous};
-  const Name& match = m_names[matches.first];
+  const Name& match = *matches.first;
   return {Match::unique, match.option, matches.ahead, match.name.text};
 }
 
 void NameIndex::sortNames() {
-  const auto& names = m_names.entries();
   Sorted sorted(m_sorted.get_allocator());
+  for (const Name& name : m_names.entries())
+    sorted.push_back(&name);
+  for (const Name& name : m_repeated)
+    sorted.push_back(&name);
+  std::sort(sorted.begin(), sorted.end(),
+            [](const Name* left, const Name* right) { return left->name.text < right->name.text; });
   Sorted booleans(m_sorted.get_allocator());
-  for (std::uint32_t number = 0; number < names.size(); ++number)
-    sorted.push_back(number);
-  std::sort(sorted.begin(), sorted.end(), [&](std::uint32_t left, std::uint32_t right) {
-    return names[left].name.text < names[right].name.text;
-  });
   std::copy_if(sorted.begin(), sorted.end(), std::back_inserter(booleans),
-               [&](std::uint32_t number) { return names[number].isBoolean; });
+               [](const Name* name) { return name->isBoolean; });
   m_sortedBooleans.swap(booleans);
   m_sorted.swap(sorted);
 }
 
-// Stops at the second match: two matches are enough to call a name ambiguous.
+// Two matches suffice to know that a name is ambiguous.
 void NameIndex::collect(const Sorted& sorted, std::string_view prefix, std::string_view ahead,
-                        Matches& matches) const {
-  auto match = std::lower_bound(sorted.begin(), sorted.end(), prefix,
-                                [&](std::uint32_t number, std::string_view wanted) {
-                                  return m_names[number].name.text < wanted;
-                                });
-  for (; match != sorted.end() && beginsWith(m_names[*match].name.text, prefix); ++match) {
+                        Matches& matches) {
+  auto match = std::lower_bound(
+      sorted.begin(), sorted.end(), prefix,
+      [](const Name* name, std::string_view wanted) { return name->name.text < wanted; });
+  for (; match != sorted.end() && beginsWith((*match)->name.text, prefix); ++match) {
     if (++matches.count > 1)
       return;
     matches.first = *match;

@@ -29,16 +29,14 @@ class NameIndex {
 
   // The memory must outlive the index.
   explicit NameIndex(OwnedMemory* memory)
-      : m_names(memory), m_sorted(memory), m_sortedBooleans(memory) {}
+      : m_names(memory), m_repeated(memory), m_sorted(memory), m_sortedBooleans(memory) {}
 
   // Makes room for `count` more names, so that add() cannot fail. Raises std::bad_alloc.
-  void makeRoomFor(std::size_t count) { m_names.makeRoomFor(count); }
+  void makeRoomFor(std::size_t count);
 
   // Adds a name of an option; there must be room for it. The characters of the name must live as
   // long as the index. A boolean option is also found by the "no-" form of the name.
-  void add(const HashedName& name, std::uint32_t option, bool isBoolean) noexcept {
-    m_names.add({name, option, isBoolean});
-  }
+  void add(const HashedName& name, std::uint32_t option, bool isBoolean) noexcept;
 
   // The first option that has this name.
   std::optional<unsigned int> find(const HashedName& name) const;
@@ -53,17 +51,20 @@ class NameIndex {
     std::uint32_t option;
     bool isBoolean;
   };
-  // Numbers of names, sorted by the texts of the names.
-  using Sorted = std::vector<std::uint32_t, OwnedAllocator<std::uint32_t>>;
+  // Sorted by the texts of the names. Valid until a name is added.
+  using Sorted = std::vector<const Name*, OwnedAllocator<const Name*>>;
   // The first name that begins with a prefix, and whether there are more.
   struct Matches;
 
   const Name* findName(const HashedName& name) const;
   [[gnu::cold]] void sortNames();
-  void collect(const Sorted& sorted, std::string_view prefix, std::string_view ahead,
-               Matches& matches) const;
+  static void collect(const Sorted& sorted, std::string_view prefix, std::string_view ahead,
+                      Matches& matches);
 
   NameTable<Name> m_names;
+  // Names that find() never answers with, since an equal one was added before. They are kept out of
+  // the table, where thousands of equal names would be probed one by one.
+  std::vector<Name, OwnedAllocator<Name>> m_repeated;
   // Rebuilt by findBest() if `typed` is not a full name and names were added since the last time.
   Sorted m_sorted;
   Sorted m_sortedBooleans;  // only names of booleans
