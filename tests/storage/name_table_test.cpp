@@ -142,6 +142,27 @@ TEST(HashedName, ShorterTextsOfOneHashAreToldApart) {
   EXPECT_FALSE(other == HashedName("a nam"));
 }
 
+TEST_F(Table, MakesRoomForManyEntriesAtOnce) {
+  constexpr std::uint32_t count = 1000;
+  add("first");
+  table.makeRoomFor(count);
+  std::vector<string> names;
+  for (std::uint32_t number = 1; number <= count; ++number)
+    names.push_back("name" + std::to_string(number));
+  std::vector<Entry> entries;
+  for (const string& name : names)
+    entries.push_back({memory.copy(name)});
+  {
+    const AllocationLimit limit(0, Failing::forEver);
+    for (const Entry& entry : entries)
+      table.add(entry);
+    EXPECT_FALSE(limit.reached());
+  }
+  EXPECT_EQ("0", found("first"));
+  for (std::uint32_t number = 1; number <= count; ++number)
+    ASSERT_EQ(std::to_string(number), found(names[number - 1]));
+}
+
 TEST_F(Table, FindsNothingInNothing) {
   EXPECT_EQ("none", found("a"));
   EXPECT_EQ("none", found(""));
