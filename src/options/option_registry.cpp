@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <atomic>
 #include <exception>
+#include <utility>
 
 #include "base/trace.h"
 #include "options/name_list.h"
@@ -60,17 +61,10 @@ IOption* RegisteredOptionStorage::declare(const char* names, const char* tags,
     groupFor(orEmpty(group));
     return reject();
   }
-  m_names.makeRoomFor(wanted.size());
-  OptionDescription& declared = m_options.emplace_back(&m_garbage->memory());
+  OptionDescription& declared = append(std::move(wanted));
   try {
-    declared.m_names = std::move(wanted);
     declared.m_notAnAction = isAction ? 0 : 1;
     declared.m_type = type;
-    declared.m_tokenizer = m_tokenizer;
-    declared.m_garbage = m_garbage;
-    declared.m_identity = m_identity + m_options.size();
-    declared.m_index = &m_names;
-    declared.m_number = static_cast<std::uint32_t>(m_options.size() - 1);
     fill(declared, isAction ? names : nullptr, tags, description, group);
   } catch (...) {
     m_options.pop_back();
@@ -79,6 +73,19 @@ IOption* RegisteredOptionStorage::declare(const char* names, const char* tags,
   for (const HashedName& name : declared.m_names)
     m_names.add(name, declared.m_number, type == stratum2::vtBool);
   return &declared;
+}
+
+// Adds a description with these names, for which there is room in the index then.
+OptionDescription& RegisteredOptionStorage::append(Names names) {
+  m_names.makeRoomFor(names.size());
+  OptionDescription& added = m_options.emplace_back(&m_garbage->memory());
+  added.m_names = std::move(names);
+  added.m_tokenizer = m_tokenizer;
+  added.m_garbage = m_garbage;
+  added.m_identity = m_identity + m_options.size();
+  added.m_index = &m_names;
+  added.m_number = static_cast<std::uint32_t>(m_options.size() - 1);
+  return added;
 }
 
 // Copies the caller's texts to the arena and lets the description refer to the copies.

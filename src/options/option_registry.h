@@ -51,6 +51,7 @@ class RegisteredOptionStorage final {
  private:
   IOption* declare(const char* names, const char* tags, const char* description, bool isAction,
                    variant_type_t type, const char* group);
+  OptionDescription& append(Names names);
   void fill(OptionDescription& declared, const char* actionNames, const char* tags,
             const char* description, const char* group);
   const Group& groupFor(std::string_view text);
