@@ -48,7 +48,7 @@ constexpr unsigned int noOption = -1U;
 // The names that an ambiguous one stands for, in declaration order.
 [[gnu::cold]] string listCandidates(std::string_view name, const OptionList& options) {
   std::vector<string> names;
-  AbbreviationParser::makeOptionNamesList(options, names);
+  AbbreviationParser::makeOptionNamesList(options, names, name);
   stratum2::generic_iterator_t<string> best;
   stratum2::find_best_match({names.begin(), names.end()}, string(name), best);
   string candidates;
@@ -174,13 +174,15 @@ AbbreviationParser::Decision AbbreviationParser::takeValueFromNext(const OptionD
   return {status::success, *next, 2};
 }
 
-void AbbreviationParser::makeOptionNamesList(const OptionList& options,
-                                             std::vector<string>& names) {
+void AbbreviationParser::makeOptionNamesList(const OptionList& options, std::vector<string>& names,
+                                             std::string_view beginning) {
   for (const OptionDescription& option : options) {
     for (const HashedName& name : option.m_names) {
-      names.emplace_back(name.text);
-      if (option.m_type == vtBool)
-        names.push_back(joined(negation, name.text));
+      if (beginsWith(name.text, beginning))
+        names.emplace_back(name.text);
+      const string negated = option.m_type == vtBool ? joined(negation, name.text) : "";
+      if (!negated.empty() && beginsWith(negated, beginning))
+        names.push_back(negated);
     }
   }
 }

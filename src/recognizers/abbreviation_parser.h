@@ -28,8 +28,9 @@ class AbbreviationParser final : public IArgumentParser {
   int getPriority() override { return -10; }
 
   // Appends every name an argument may be matched with, in declaration order, the "no-"
-  // form of a boolean's name right after the name.
-  static void makeOptionNamesList(const OptionList& options, std::vector<std::string>& names);
+  // form of a boolean's name right after the name; only those that begin with `beginning`.
+  static void makeOptionNamesList(const OptionList& options, std::vector<std::string>& names,
+                                  std::string_view beginning = {});
 
  private:
   // What recognize() found.
