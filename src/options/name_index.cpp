@@ -16,7 +16,10 @@ struct NameIndex::Matches {
   std::string_view ahead;
 };
 
+// Names may move, even if none is added later because the declaration fails.
 void NameIndex::makeRoomFor(std::size_t count) {
+  m_sorted.clear();
+  m_sortedBooleans.clear();
   m_names.makeRoomFor(count);
   if (m_repeated.capacity() - m_repeated.size() < count)
     m_repeated.reserve(std::max(m_repeated.capacity() * 2, m_repeated.size() + count));
@@ -52,10 +55,8 @@ NameIndex::Match NameIndex::findBest(const HashedName& typed) {
     sortNames();
   Matches matches;
   collect(m_sorted, typed.text, {}, matches);
-  if (isNegated(typed.text))
-    collect(m_sortedBooleans, withoutNegation(typed.text), negation, matches);
-  else if (beginsWith(negation, typed.text))
-    collect(m_sortedBooleans, {}, negation, matches);
+  if (const auto prefix = prefixBehindNegation(typed.text))
+    collect(m_sortedBooleans, *prefix, negation, matches);
   if (matches.count != 1)
     return {matches.count == 0 ? Match::none : Match::ambiguous};
   const Name& match = *matches.first;

@@ -51,7 +51,7 @@ class NameIndex {
     std::uint32_t option;
     bool isBoolean;
   };
-  // Sorted by the texts of the names. Valid until a name is added.
+  // Sorted by the texts of the names. Valid until room is made.
   using Sorted = std::vector<const Name*, OwnedAllocator<const Name*>>;
   // The first name that begins with a prefix, and whether there are more.
   struct Matches;
@@ -65,7 +65,7 @@ class NameIndex {
   // Names that find() never answers with, since an equal one was added before. They are kept out of
   // the table, where thousands of equal names would be probed one by one.
   std::vector<Name, OwnedAllocator<Name>> m_repeated;
-  // Rebuilt by findBest() if `typed` is not a full name and names were added since the last time.
+  // Rebuilt by findBest() if `typed` is not a full name and room was made since the last time.
   Sorted m_sorted;
   Sorted m_sortedBooleans;  // only names of booleans
 };

@@ -3,6 +3,7 @@
 // The prefix that switches a boolean option off. Declaring, finding and showing options must agree
 // on it.
 
+#include <optional>
 #include <string_view>
 
 #include "base/begins_with.h"
@@ -18,6 +19,14 @@ inline bool isNegated(std::string_view name) { return beginsWith(name, negation)
 // The name without its prefix; `name` must be negated.
 inline std::string_view withoutNegation(std::string_view name) {
   return name.substr(negation.size());
+}
+
+// What a name must begin with for its negated form to begin with `typed`; none if no negated form
+// begins with `typed`.
+inline std::optional<std::string_view> prefixBehindNegation(std::string_view typed) {
+  if (isNegated(typed))
+    return withoutNegation(typed);
+  return beginsWith(negation, typed) ? std::make_optional<std::string_view>() : std::nullopt;
 }
 
 }  // namespace kivo_3_3

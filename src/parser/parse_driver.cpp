@@ -108,7 +108,6 @@ IArgumentParser* chooseRecognizer(const std::array<IArgumentParser*, 2>& recogni
 
 }  // namespace
 
-// A handler may change or free the caller's arguments: they are copied if there are handlers.
 int BasicParser::parseArgsVector(int argc, const char* const* argv, IParseResult* result) {
   try {
     return parseCommandLine(argc, argv, result);
@@ -117,6 +116,7 @@ int BasicParser::parseArgsVector(int argc, const char* const* argv, IParseResult
   }
 }
 
+// A handler may change or free the caller's arguments: they are copied if there are handlers.
 int BasicParser::parseCommandLine(int argc, const char* const* argv, IParseResult* result) {
   try {
     if (ParseResult* store = storeOf(result)) {

@@ -4,7 +4,6 @@
 
 #include "base/quoted.h"
 #include "options/negation.h"
-#include "stratum2/find_best_match.h"
 
 namespace kivo_3_3 {
 
@@ -49,13 +48,11 @@ constexpr unsigned int noOption = -1U;
 [[gnu::cold]] string listCandidates(std::string_view name, const OptionList& options) {
   std::vector<string> names;
   AbbreviationParser::makeOptionNamesList(options, names, name);
-  stratum2::generic_iterator_t<string> best;
-  stratum2::find_best_match({names.begin(), names.end()}, string(name), best);
   string candidates;
-  for (; best; ++best) {
+  for (const string& candidate : names) {
     if (!candidates.empty())
       candidates += ", ";
-    candidates += quoted(*best);
+    candidates += quoted(candidate);
   }
   return candidates;
 }
@@ -175,14 +172,14 @@ AbbreviationParser::Decision AbbreviationParser::takeValueFromNext(const OptionD
 }
 
 void AbbreviationParser::makeOptionNamesList(const OptionList& options, std::vector<string>& names,
-                                             std::string_view beginning) {
+                                             std::string_view prefix) {
+  const auto behindNegation = prefixBehindNegation(prefix);
   for (const OptionDescription& option : options) {
     for (const HashedName& name : option.m_names) {
-      if (beginsWith(name.text, beginning))
+      if (beginsWith(name.text, prefix))
         names.emplace_back(name.text);
-      const string negated = option.m_type == vtBool ? joined(negation, name.text) : "";
-      if (!negated.empty() && beginsWith(negated, beginning))
-        names.push_back(negated);
+      if (option.m_type == vtBool && behindNegation && beginsWith(name.text, *behindNegation))
+        names.push_back(joined(negation, name.text));
     }
   }
 }

@@ -19,7 +19,7 @@ namespace kivo_3_3 {
 // An ambiguous argument is claimed too, so that parse() can report it.
 class AbbreviationParser final : public IArgumentParser {
  public:
-  // `index` is that of the options that recognize() and parse() are called with.
+  // `names` are those of the options that recognize() and parse() are called with.
   AbbreviationParser(EventHandler* handler, OwnedMemory* texts, int flags, NameIndex& names);
 
   int recognize(ArgumentWindow& args, OptionList& options, std::string& error) override;
@@ -28,9 +28,9 @@ class AbbreviationParser final : public IArgumentParser {
   int getPriority() override { return -10; }
 
   // Appends every name an argument may be matched with, in declaration order, the "no-"
-  // form of a boolean's name right after the name; only those that begin with `beginning`.
+  // form of a boolean's name right after the name; only those that begin with `prefix`.
   static void makeOptionNamesList(const OptionList& options, std::vector<std::string>& names,
-                                  std::string_view beginning = {});
+                                  std::string_view prefix = {});
 
  private:
   // What recognize() found.

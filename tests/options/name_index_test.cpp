@@ -34,6 +34,8 @@ class Indexed {
   OptionDescription& back() { return m_options.back(); }
   const OptionList& list() const { return m_options; }
 
+  void makeRoomFor(std::size_t count) { m_index.makeRoomFor(count); }
+
   string find(std::string_view name) const { return shown(m_index.find(name)); }
   string findBest(std::string_view typed) { return shown(m_index.findBest(typed)); }
 
@@ -115,6 +117,15 @@ TEST(NameIndex, TakesNoMemoryForFurtherAbbreviations) {
   const AllocationLimit limit(0, Failing::once);
   EXPECT_EQ("color@1", options.findBest("c"));
   EXPECT_FALSE(limit.reached());
+}
+
+// Room is made for a declaration, which may fail before its names are added.
+TEST(NameIndex, CompletesAnAbbreviationAfterRoomWasMadeInVain) {
+  Indexed options = {makeOption({"level"}, vtS32), makeOption({"color", "color"}, vtBool)};
+  EXPECT_EQ("level@0", options.findBest("l"));
+  options.makeRoomFor(1'000);
+  EXPECT_EQ("level@0", options.findBest("l"));
+  EXPECT_EQ("ambiguous", options.findBest("no-c"));
 }
 
 TEST(NameIndex, ManyNamesAreFound) {

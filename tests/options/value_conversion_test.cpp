@@ -54,7 +54,7 @@ TEST(TypeName, OtherTagsHaveTheEmptyName) {
     EXPECT_STREQ("", typeName(static_cast<variant_type_t>(tag))) << tag;
 }
 
-// The texts have no zero behind them.
+// The texts are not zero-terminated.
 TEST(TextToValue, ReadsNoByteBeforeOrAfterTheText) {
   const GuardedPage page;
   for (const std::string_view text :

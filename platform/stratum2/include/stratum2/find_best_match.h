@@ -1,7 +1,7 @@
 #pragma once
 
-// The plain form of the rule for abbreviations. The library lists the names that an ambiguous
-// argument can mean with it, and property tests compare the name index with it.
+// The plain form of the rule for abbreviations. The library answers from an index that is faster
+// than this walk, and property tests compare the index with it.
 
 #include <string>
 
