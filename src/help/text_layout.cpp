@@ -4,6 +4,8 @@
 
 #include <kivo/text_layout.h>
 
+#include <stdexcept>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -29,17 +31,23 @@ void dropLeadingBreaks(string_view& text) {
     text.remove_prefix(1);
 }
 
-// Raises std::out_of_range for an empty chunk: the column has no room for a character.
-char lastOf(string_view chunk) { return chunk.empty() ? string().at(string::npos) : chunk.back(); }
+// The column has no room for a character. Tools know the text of this error: libstdc++ raises it
+// for access before the start of a string.
+[[noreturn]] void throwNoRoom() {
+  throw std::out_of_range("basic_string::at: __n (which is " + std::to_string(string::npos) +
+                          ") >= this->size() (which is 0)");
+}
 
 // The part of `text` for a line with room for `room` bytes: up to a newline or the end of a whole
 // word, or as much of a word as fits.
 string_view takeChunk(string_view text, unsigned int room) {
   string_view chunk = text.substr(0, room);
   chunk = chunk.substr(0, chunk.find('\n'));
-  if (chunk.size() == text.size() || isBreak(text[chunk.size()]) || lastOf(chunk) == ' ')
+  if (chunk.size() == text.size() || isBreak(text[chunk.size()]))
     return chunk;
-  return chunk.substr(0, chunk.rfind(' '));
+  if (chunk.empty())
+    throwNoRoom();
+  return chunk.back() == ' ' ? chunk : chunk.substr(0, chunk.rfind(' '));
 }
 
 }  // namespace
@@ -52,7 +60,7 @@ void wrapBehindHead(string& output, std::size_t head, string_view text, unsigned
   while (!text.empty()) {
     dropLeadingBreaks(text);
     if (isFilledByItsSpace(indent, width) && !text.empty())
-      lastOf("");  // raises: otherwise the loop would not end
+      throwNoRoom();  // otherwise the loop would not end
     const auto length = static_cast<unsigned int>(output.size() - line);
     string_view chunk;
     if (length < indent) {

@@ -27,10 +27,11 @@ void NameIndex::makeRoomFor(std::size_t count) {
 
 void NameIndex::add(const HashedName& name, std::uint32_t option, bool isBoolean) noexcept {
   const auto answersInstead = [&](const Name& other) { return other.isBoolean || !isBoolean; };
-  if (m_names.find(name, answersInstead) != nullptr)
-    m_repeated.push_back({name, option, isBoolean});
-  else
-    m_names.add({name, option, isBoolean});
+  const Name added = {name, option, isBoolean};
+  const std::size_t before = m_names.entries().size();
+  m_names.findOrAdd(name, answersInstead, [&] { return added; });
+  if (m_names.entries().size() == before)
+    m_repeated.push_back(added);
 }
 
 const NameIndex::Name* NameIndex::findName(const HashedName& name) const {

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -40,7 +41,7 @@ class OptionDescription final : public IOption {
   OptionDescription() = default;
   // Allocates the lists in `memory`, which must outlive the description.
   explicit OptionDescription(OwnedMemory* memory)
-      : m_names(memory), m_tags(memory), m_allowedValues(memory) {}
+      : m_names(memory), m_tags(memory), m_allowedValues(memory), m_deprecatedValues(memory) {}
   OptionDescription(const OptionDescription&) = default;
   OptionDescription(OptionDescription&&) noexcept = default;
   OptionDescription& operator=(const OptionDescription&) = default;
@@ -79,6 +80,10 @@ class OptionDescription final : public IOption {
   // call this.
   bool operator<(const OptionDescription& other) const;
 
+  // From deprecated values to those that replace them.
+  using Replacements = std::map<variant_t, variant_t, std::less<>,
+                                OwnedAllocator<std::pair<const variant_t, variant_t>>>;
+
   // All texts are in the arena of the Garbage, zero-terminated.
   std::uint32_t m_status = stored;
   Names m_names;
@@ -93,7 +98,7 @@ class OptionDescription final : public IOption {
   variant_type_t m_type = stratum2::vtNull;
   variant_t m_defaultValue;
   std::vector<variant_t, OwnedAllocator<variant_t>> m_allowedValues;
-  std::map<variant_t, variant_t> m_deprecatedValues;  // from deprecated value to replacement
+  Replacements m_deprecatedValues;
   Garbage* m_garbage = nullptr;
   std::uint64_t m_identity = 0;  // unique in this process; 0 without a registry
   std::uint32_t m_changes = 0;   // the number of amendments

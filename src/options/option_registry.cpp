@@ -120,9 +120,8 @@ const RegisteredOptionStorage::Group& RegisteredOptionStorage::groupFor(std::str
   const HashedName key = text.substr(0, colon);
   return m_groups.findOrAdd(key, [&] {
     OwnedMemory& memory = m_garbage->memory();
-    HashedName kept = key;
-    kept.text = memory.copy(key.text);
-    return Group{kept, memory.copy(text.substr(std::min(colon + 1, text.size())))};
+    const std::string_view title = text.substr(std::min(colon + 1, text.size()));
+    return Group{memory.copy(key.text), memory.copy(title)};
   });
 }
 

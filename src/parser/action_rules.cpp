@@ -20,7 +20,7 @@ struct ActionRules::Stored {
 
 // What collect() found among the stored options.
 struct ActionRules::Used {
-  Group actions;
+  ActionSet actions;
   const OptionDescription* firstAction = nullptr;
   bool otherOptions = false;
 };
@@ -101,8 +101,8 @@ int ActionRules::checkModifiers(const std::vector<Stored>& stored, const OptionD
   return status::success;
 }
 
-bool ActionRules::assertActionsCanBeUsedSimultaneously(const Group& usedActions) const {
-  return std::any_of(m_groups.begin(), m_groups.end(), [&](const Group& group) {
+bool ActionRules::assertActionsCanBeUsedSimultaneously(const ActionSet& usedActions) const {
+  return std::any_of(m_groups.begin(), m_groups.end(), [&](const ActionSet& group) {
     return std::includes(group.begin(), group.end(), usedActions.begin(), usedActions.end());
   });
 }

@@ -13,16 +13,16 @@ namespace kivo_3_3 {
 class ActionRules {
  public:
   // One set of actions, by first name, that may be given together.
-  using Group = std::set<std::string>;
+  using ActionSet = std::set<std::string>;
 
-  ActionRules(RegisteredOptionStorage& declarations, const std::vector<Group>& groups)
+  ActionRules(RegisteredOptionStorage& declarations, const std::vector<ActionSet>& groups)
       : m_declarations(declarations), m_groups(groups) {}
 
   // Checks what a result has stored, defaults included, against the rules.
   int check(const StoredOptions& options, std::string& error) const;
 
   // Whether one group has all of these actions.
-  bool assertActionsCanBeUsedSimultaneously(const Group& usedActions) const;
+  bool assertActionsCanBeUsedSimultaneously(const ActionSet& usedActions) const;
 
  private:
   struct Stored;
@@ -34,7 +34,7 @@ class ActionRules {
                             std::string& error);
 
   RegisteredOptionStorage& m_declarations;
-  const std::vector<Group>& m_groups;
+  const std::vector<ActionSet>& m_groups;
 };
 
 }  // namespace kivo_3_3

@@ -22,32 +22,32 @@ void makeAllOwning(Occurrences& stored) {
 
 void StoredOptions::store(const Names& names, const OptionData& occurrence, std::uint64_t option) {
   const bool isRepeated = option != 0 && option == m_last.option && names.size() == m_last.names;
-  Group* const group = isRepeated ? m_last.group : groupFor(names);
+  Record* const record = isRepeated ? m_last.record : recordFor(names);
   m_last = {};
-  if (group == nullptr) {
+  if (record == nullptr) {
     storeApart(names, occurrence);
     return;
   }
   // The last step that may raise std::bad_alloc.
-  group->given.makeRoomFor(occurrence, m_memory);
-  group->given.append(occurrence);
-  if (group->names == 0)
-    share(*group, names.size());
-  m_last = {option, names.size(), group};
+  record->given.makeRoomFor(occurrence, m_memory);
+  record->given.append(occurrence);
+  if (record->names == 0)
+    share(*record, names.size());
+  m_last = {option, names.size(), record};
 }
 
 // The record that exactly these names share, if each of them occurs once; a new record if all names
 // are new, which share() then assigns to them; null otherwise. Adds new names to the table.
-StoredOptions::Group* StoredOptions::groupFor(const Names& names) {
+StoredOptions::Record* StoredOptions::recordFor(const Names& names) {
   const std::size_t before = m_names.entries().size();
   for (const HashedName& name : names)
     m_names.findOrAdd(name, [&] { return Name{name}; });
   const std::size_t added = m_names.entries().size() - before;
   if (added != 0 && added == names.size())
-    return &m_groups.emplace_front();
+    return &m_records.emplace_front();
   lookUp(names);
-  Group* const common = m_names[m_storing.at(0)].group;
-  const auto hasCommon = [&](Number number) { return m_names[number].group == common; };
+  Record* const common = m_names[m_storing.at(0)].record;
+  const auto hasCommon = [&](Number number) { return m_names[number].record == common; };
   const bool areAlone = common != nullptr && common->names == names.size() &&
                         std::all_of(m_storing.begin(), m_storing.end(), hasCommon) &&
                         std::adjacent_find(m_storing.begin(), m_storing.end()) == m_storing.end();
@@ -55,11 +55,11 @@ StoredOptions::Group* StoredOptions::groupFor(const Names& names) {
 }
 
 // Assigns this record to the last `count` names in the table.
-void StoredOptions::share(Group& group, std::size_t count) {
+void StoredOptions::share(Record& record, std::size_t count) {
   const std::size_t end = m_names.entries().size();
   for (std::size_t number = end - count; number < end; ++number)
-    m_names[static_cast<Number>(number)].group = &group;
-  group.names = static_cast<Number>(count);
+    m_names[static_cast<Number>(number)].record = &record;
+  record.names = static_cast<Number>(count);
 }
 
 // Sets `m_storing` to the sorted numbers of these names, which must be in the table.
@@ -72,13 +72,13 @@ void StoredOptions::lookUp(const Names& names) {
 }
 
 // Assigns this record to the name.
-void StoredOptions::lead(Name& name, Group& group) {
-  if (name.group == &group)
+void StoredOptions::lead(Name& name, Record& record) {
+  if (name.record == &record)
     return;
-  if (name.group != nullptr)
-    --name.group->names;
-  name.group = &group;
-  ++group.names;
+  if (name.record != nullptr)
+    --name.record->names;
+  name.record = &record;
+  ++record.names;
 }
 
 // For names that do not share a record, or share it with other names. If the result knows the first
@@ -95,31 +95,31 @@ void StoredOptions::storeApart(const Names& names, const OptionData& occurrence)
     const auto end = std::upper_bound(same, m_storing.end(), *same);
     Name& name = m_names[*same];
     separate(name);
-    name.group->given.makeRoomFor(shared, m_memory, static_cast<std::size_t>(end - same));
+    name.record->given.makeRoomFor(shared, m_memory, static_cast<std::size_t>(end - same));
     same = end;
   }
   for (const Number number : m_storing)
-    m_names[number].group->given.append(shared);
+    m_names[number].record->given.append(shared);
 }
 
 // Assigns a new record with only this occurrence to the names in `m_storing`.
 void StoredOptions::replace(const OptionData& occurrence) {
-  Group& group = m_groups.emplace_front();
-  group.given.makeRoomFor(occurrence, m_memory);
-  group.given.append(occurrence);
+  Record& record = m_records.emplace_front();
+  record.given.makeRoomFor(occurrence, m_memory);
+  record.given.append(occurrence);
   for (const Number number : m_storing)
-    lead(m_names[number], group);
+    lead(m_names[number], record);
 }
 
 // Gives the name a record of its own, with a copy of what was given under it.
 void StoredOptions::separate(Name& name) {
-  if (name.group != nullptr && name.group->names == 1)
+  if (name.record != nullptr && name.record->names == 1)
     return;
-  Group& own = m_groups.emplace_front();
-  if (name.group != nullptr) {
-    makeAllOwning(name.group->given);
-    own.given.makeRoomFor(name.group->given, m_memory);
-    own.given.append(name.group->given);
+  Record& own = m_records.emplace_front();
+  if (name.record != nullptr) {
+    makeAllOwning(name.record->given);
+    own.given.makeRoomFor(name.record->given, m_memory);
+    own.given.append(name.record->given);
   }
   lead(name, own);
 }
@@ -161,7 +161,7 @@ std::optional<StoredOptions::Default> StoredOptions::findDefault(const HashedNam
 Texts StoredOptions::names() const {
   Texts all;
   for (const Name& name : m_names.entries())
-    if (name.group != nullptr && !name.group->isEmpty())
+    if (name.record != nullptr && !name.record->isEmpty())
       all.push_back(name.name.text);
   for (const Applied& applied : m_applied)
     for (const DeclaredDefaults::Default& one : applied.defaults->all())

@@ -39,7 +39,7 @@ class StoredOptions {
   explicit StoredOptions(OwnedMemory& memory)
       : m_memory(memory),
         m_names(&memory, expectedNames),
-        m_groups(&memory),
+        m_records(&memory),
         m_storing(&memory),
         m_applied(&memory) {}
 
@@ -55,12 +55,12 @@ class StoredOptions {
   // The number of the name, if something was given under it.
   std::optional<Number> find(const HashedName& name) const {
     const Name* const found = m_names.find(name);
-    const bool isGiven = found != nullptr && found->group != nullptr && !found->group->isEmpty();
+    const bool isGiven = found != nullptr && found->record != nullptr && !found->record->isEmpty();
     return isGiven ? std::make_optional(m_names.numberOf(*found)) : std::nullopt;
   }
   // What was given under the name with this number.
-  const GivenOption& given(Number name) const { return m_names[name].group->given; }
-  GivenOption& given(Number name) { return m_names[name].group->given; }
+  const GivenOption& given(Number name) const { return m_names[name].record->given; }
+  GivenOption& given(Number name) { return m_names[name].record->given; }
 
   std::optional<Default> findDefault(const HashedName& name) const;
 
@@ -74,7 +74,7 @@ class StoredOptions {
   static constexpr std::size_t expectedNames = 32;
 
   // A record: what was given under each of the names that share it.
-  struct Group {
+  struct Record {
     bool isEmpty() const { return given.positions.empty(); }
 
     Number names = 0;  // the number of names that share this record
@@ -82,13 +82,13 @@ class StoredOptions {
   };
   struct Name {
     HashedName name;
-    Group* group = nullptr;  // its record; null or empty while nothing was given
+    Record* record = nullptr;  // its record; null or empty while nothing was given
   };
   // The option stored last.
   struct Last {
     std::uint64_t option = 0;
-    std::size_t names = 0;   // the number of its names
-    Group* group = nullptr;  // the record that exactly these names share
+    std::size_t names = 0;     // the number of its names
+    Record* record = nullptr;  // the record that exactly these names share
   };
   struct Applied {
     std::shared_ptr<const DeclaredDefaults> defaults;
@@ -96,10 +96,10 @@ class StoredOptions {
   };
 
   [[gnu::cold]] void dropOutdated(const DeclaredDefaults* replaced);
-  Group* groupFor(const Names& names);
+  Record* recordFor(const Names& names);
   [[gnu::cold]] void lookUp(const Names& names);
-  void share(Group& group, std::size_t count);
-  static void lead(Name& name, Group& group);
+  void share(Record& record, std::size_t count);
+  static void lead(Name& name, Record& record);
   [[gnu::cold]] void storeApart(const Names& names, const OptionData& occurrence);
   [[gnu::cold]] void replace(const OptionData& occurrence);
   [[gnu::cold]] void separate(Name& name);
@@ -107,7 +107,7 @@ class StoredOptions {
   OwnedMemory& m_memory;
   NameTable<Name> m_names;
   Last m_last;
-  std::forward_list<Group, OwnedAllocator<Group>> m_groups;
+  std::forward_list<Record, OwnedAllocator<Record>> m_records;
   // The sorted numbers of the names that the current store() adds to.
   std::vector<Number, OwnedAllocator<Number>> m_storing;
   std::vector<Applied, OwnedAllocator<Applied>> m_applied;  // the latest last

@@ -52,13 +52,15 @@ class NameTable {
       widen(count);
   }
 
-  // Raises std::bad_alloc, and then nothing has changed.
-  Entry& add(Entry entry);
-
-  // Returns the entry with this name; if there is none, adds the one that `make` returns. Raises
-  // std::bad_alloc, and then nothing has changed.
+  // Returns the first added entry with this name, of those that `isMeant` accepts; if there is
+  // none, adds the one that `make` returns. Raises std::bad_alloc, and then nothing has changed.
   template <class Make>
-  Entry& findOrAdd(const HashedName& name, Make make);
+  Entry& findOrAdd(const HashedName& name, Make make) {
+    return findOrAdd(
+        name, [](const Entry&) { return true; }, make);
+  }
+  template <class IsMeant, class Make>
+  Entry& findOrAdd(const HashedName& name, IsMeant isMeant, Make make);
 
  private:
   // Open addressing with linear probing; the first slot follows on the last one. A slot is one
@@ -125,23 +127,16 @@ const Entry* NameTable<Entry>::find(const HashedName& name, IsMeant isMeant) con
 }
 
 template <class Entry>
-Entry& NameTable<Entry>::add(Entry entry) {
-  if (m_room == 0)
-    widen(1);
-  const std::size_t place = freePlace(hashOf(entry.name), m_slots);
-  return put(std::move(entry), place);
-}
-
-template <class Entry>
-template <class Make>
-Entry& NameTable<Entry>::findOrAdd(const HashedName& name, Make make) {
+template <class IsMeant, class Make>
+Entry& NameTable<Entry>::findOrAdd(const HashedName& name, IsMeant isMeant, Make make) {
   if (m_room == 0) {
-    if (const Entry* const found = find(name))
+    if (const Entry* const found = find(name, isMeant))
       return m_entries[numberOf(*found)];
     widen(1);
   }
   const std::size_t place = probe(hashOf(name), m_slots, [&](const Slot& slot) {
-    return m_entries[slot.number()].name == name;
+    const Entry& entry = m_entries[slot.number()];
+    return entry.name == name && isMeant(entry);
   });
   return m_slots[place].isFree() ? put(make(), place) : m_entries[m_slots[place].number()];
 }

@@ -214,7 +214,7 @@ class Groups : public ::testing::Test {
 
   Garbage garbage;
   RegisteredOptionStorage storage{&garbage};
-  std::vector<ActionRules::Group> groups;
+  std::vector<ActionRules::ActionSet> groups;
 };
 
 TEST_F(Groups, NoneAllowsNothing) {
