@@ -1,7 +1,8 @@
 // The stages of one parse: the defaults, the arguments before "--", the arguments after "--", the
 // option files, the rules for actions. Their order decides which of several values is the last one.
 //
-// A stage that fails sets the error text of the parser. A success does not clear that text.
+// A stage writes the reason for a failure into the error text of the parser. A success does not
+// clear that text.
 
 #include <kivo/status.h>
 

@@ -200,7 +200,7 @@ int IArgumentParser::bindOne(std::string_view& token, const Binding& binding) {
   const int position = getNewPositionIndex();
   if (isRefused(token, value, position, option)) {
     binding.error = isNotValid(binding.isSplit ? binding.value : token, option, binding.argument);
-    // Without a separator since 3.0; tools depend on it.
+    // Joined without a separator since 3.0; tools depend on it.
     trace(binding.error, " One of the handler signaled the value is not valid.");
     return status::valueRefused;
   }
