@@ -61,8 +61,8 @@ class KIVO_API IParser : public EventHandler {
 
   /// Makes an empty result and stores it in `*result`.
   ///
-  /// Returns 0, or 3 with `*result` untouched if the result cannot be made. The caller owns the
-  /// result, may keep it longer than the parser, and destroys it with destroy().
+  /// Returns 0, or 3 with `*result` untouched if the result cannot be made or `result` is null. The
+  /// caller owns the result, may keep it longer than the parser, and destroys it with destroy().
   virtual int createResult(IParseResult** result) = 0;
 
   /// Declares an option that is accepted with every action.
@@ -109,10 +109,10 @@ class KIVO_API IParser : public EventHandler {
   virtual int parseArgsVector(int argc, const char* const* argv, IParseResult* result) = 0;
 
   /// Parses a text with one argument a line into `result`. White space before an argument is
-  /// dropped, and so are empty lines and lines that begin with ';' or '#'. There is no quoting and
-  /// no splitting: "--name=two words" on a line is one argument. Defaults are not stored. A null
-  /// text counts as the empty text. A text that is exactly "-1", without a newline, is read as "?".
-  /// Returns a status like parseArgsVector().
+  /// dropped, and so are carriage returns at the end of a line, empty lines, and lines that begin
+  /// with ';' or '#'. There is no quoting and no splitting: "--name=two words" on a line is one
+  /// argument. Defaults are not stored. A null text counts as the empty text. A text that is
+  /// exactly "-1", without a newline, is read as "?". Returns a status like parseArgsVector().
   virtual int parseStream(const char* text, IParseResult* result) = 0;
 
   /// The reason for the last failure. The parser owns the text until destroy(). Read it only after

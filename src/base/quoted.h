@@ -1,5 +1,7 @@
 #pragma once
 
+// Composes the texts of messages. Tools and tests compare messages to the character.
+
 #include <string>
 #include <string_view>
 
@@ -14,7 +16,7 @@ std::string joined(const Parts&... parts) {
   return all;
 }
 
-// A name or a value as messages show it.
+// A name or a value as messages show it: between single quotes.
 inline std::string quoted(std::string_view text) { return joined("'", text, "'"); }
 
 }  // namespace kivo_3_3

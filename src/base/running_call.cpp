@@ -1,3 +1,6 @@
+// The running calls of a thread form a linked list on its stack: a constructor adds its call, and
+// the destructor removes it. A call left in the list would be a dangling pointer.
+
 #include "base/running_call.h"
 
 #include <cstring>
@@ -7,7 +10,7 @@ namespace kivo_3_3 {
 
 namespace {
 
-constexpr int deepestNesting = 100;
+constexpr int deepestNesting = 100;  // parses; documented in kivo/event_handler.h
 
 thread_local RunningCalls running;
 
@@ -17,7 +20,8 @@ RunningCall::RunningCall(const EventHandler& parser) : m_parser(&parser), m_oute
 
 RunningCall::~RunningCall() { running = m_outer; }
 
-// An event that was sent during no parse goes on.
+// Marks every running parse, and every event that was sent during one. An event that was sent
+// outside of any parse is not marked, so the remaining handlers are still notified of it.
 void RunningCall::endAllParses() {
   for (RunningCalls calls = running; calls.parse != nullptr; calls = calls.parse->m_outer) {
     for (RunningEvent* event = calls.event; event != nullptr; event = event->m_outer.event)
@@ -70,7 +74,8 @@ RunningEvent::RunningEvent(const EventHandler& parser, Kind kind, const char* te
   running.event = this;
 }
 
-// Only the events that were sent during the same parse count: a nested parse sends its own.
+// The list has only the events that were sent during the same parse: an equal event of a nested
+// parse is another event.
 bool RunningEvent::hasComeBack() const {
   for (const RunningEvent* event = m_outer.event; event != nullptr; event = event->m_outer.event)
     if (event->m_parser == m_parser && event->m_kind == m_kind &&

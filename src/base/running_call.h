@@ -1,5 +1,9 @@
 #pragma once
 
+// Knows the parses and events that are running on a thread. Without this knowledge a handler could
+// destroy a parser that is parsing, and parsers that are each other's handlers would pass one event
+// on without end.
+
 #include <kivo/event_handler.h>
 #include <kivo/parse_result.h>
 
@@ -8,25 +12,25 @@ namespace kivo_3_3 {
 class RunningParse;
 class RunningEvent;
 
-// The innermost of the calls of a thread that have not returned.
+// The innermost parse and the innermost event of a thread that have not returned yet.
 struct RunningCalls {
   RunningParse* parse = nullptr;
-  RunningEvent* event = nullptr;  // only one that was sent during `parse`
+  RunningEvent* event = nullptr;  // null if none was sent during `parse`
 };
 
-// A call that handlers are notified from: a parse, or a parser passing on an event. Handlers
-// may start parses, and parsers may be handlers, so calls nest. Each call knows the calls that
-// it was made from.
+// A call during which handlers are notified: a parse, or a parser passing on an event. Handlers may
+// start parses, and parsers may be handlers, so calls nest. Each call refers to the calls around
+// it.
 class RunningCall {
  public:
   RunningCall(const RunningCall&) = delete;
   RunningCall& operator=(const RunningCall&) = delete;
 
-  // Raises a standard exception once parses have been nested too deep during this call. Each
-  // enclosing call raises it too, so all parses end, and not just the innermost.
+  // Raises std::runtime_error if more than a hundred parses have been nested during this call. The
+  // enclosing calls raise the exception too, so all parses end, and not only the innermost one.
   void throwIfTooDeep() const;
 
-  // Whether a call that has not returned yet will go on with the parser or the result.
+  // Whether a running call of this thread still uses the parser, or fills the result.
   static bool isInUse(const EventHandler& parser);
   static bool isInUse(const IParseResult& result);
 
@@ -45,7 +49,7 @@ class RunningCall {
   bool m_isTooDeep = false;
 };
 
-// A parse into a result.
+// A parse into a result, or without one.
 class RunningParse final : public RunningCall {
  public:
   RunningParse(const EventHandler& parser, const IParseResult* result);
@@ -65,10 +69,11 @@ class RunningEvent final : public RunningCall {
  public:
   enum Kind { option, value, unknownArgument };
 
-  // `parser` tells an event from others by its kind and its text, and keeps the text.
+  // Two events of `parser` are the same if their kinds and their texts are equal. `text` must
+  // outlive this object.
   RunningEvent(const EventHandler& parser, Kind kind, const char* text);
 
-  // Whether this very event is being passed on by the same parser already.
+  // Whether the same parser is already passing on the same event, during the same parse.
   bool hasComeBack() const;
 
  private:

@@ -1,3 +1,6 @@
+// Writes the lines of the trace. A line is composed before it is written, because other threads may
+// write at the same time, and their lines must not be mixed.
+
 #include "base/trace.h"
 
 #include <string>

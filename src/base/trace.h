@@ -2,8 +2,8 @@
 
 // The trace of a parse, written to standard output when it is switched on.
 //
-// Callers use traceLine(), so that a silent trace costs the test of a flag. Its arguments are
-// evaluated even then: they must neither raise nor have side effects.
+// Callers use traceLine(): while the trace is off, a call costs the test of a flag. The arguments
+// of the call are evaluated all the same, so they must neither raise nor have side effects.
 
 #include <initializer_list>
 #include <ostream>
@@ -12,11 +12,12 @@
 
 namespace kivo_3_3::internal {
 
-// Whether parses of this thread are traced. Every list of arguments sets it anew.
-// `__thread`, because a `thread_local` of another file is read through a function.
+// Whether the trace of this thread is on. Every list of arguments (a command line, a text, an
+// option file) sets the flag anew. `__thread`, because a `thread_local` variable that another file
+// defines is read through a function.
 extern __thread bool kivoLogEnabled;
 
-// Takes no characters: a stream on it fails at its first write and stays silent.
+// Accepts no characters: a stream that writes to it fails at the first write and stays silent.
 template <class Char>
 class basic_nullbuf : public std::basic_streambuf<Char> {
  public:
@@ -35,14 +36,14 @@ class KivoLog {
   std::ostream m_stream;  // writes to the buffer, so it is destroyed first
 };
 
-// The console while the trace is on, the silent stream while it is off. The library itself writes
-// only while it is on; the silent stream is part of the interface.
+// The console while the trace is on, a silent stream while the trace is off. Only tests write to
+// the silent stream.
 std::ostream& kivoLog();
 
 // Writes the parts as one line in a single call, because other threads may write too.
 [[gnu::cold]] void writeTraceLine(std::initializer_list<std::string_view> parts);
 
-// The same while the trace is on.
+// Does what writeTraceLine() does while the trace is on; a no-op while the trace is off.
 template <class... Parts>
 void traceLine(const Parts&... parts) {
   if (kivoLogEnabled)

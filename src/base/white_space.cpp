@@ -1,3 +1,6 @@
+// Answers without the locale where possible. If a short cut were wrong, a tool would read numbers
+// or split arguments by another locale than the one that it has set.
+
 #include "base/white_space.h"
 
 #include "bedrock/standard_library.h"
@@ -20,8 +23,8 @@ WhiteSpace::WhiteSpace() {
   m_classes = &std::use_facet<std::ctype<char>>(*m_locale);
 }
 
-// The first to ask for a locale would have all of its facets made, which takes longer than to parse
-// a command line: so that is asked only if there is one.
+// The first use of a locale initialises all of its facets, which takes longer than the parse of a
+// command line. So the global locale is read only if the process has used a locale before.
 bool isClassicLocale() { return BEDROCK::hasNoLocaleYet() || std::locale() == classicLocale(); }
 
 }  // namespace kivo_3_3

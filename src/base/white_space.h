@@ -1,17 +1,19 @@
 #pragma once
 
+// Decides what white space is, and so where arguments and lines are split.
+
 #include <locale>
 #include <optional>
 
 namespace kivo_3_3 {
 
-// White space in the classic locale. Letters are done with at once.
+// White space in the classic locale. The first comparison is enough for letters and digits.
 constexpr bool isClassicSpace(char character) {
   return character <= ' ' && (character == ' ' || (character >= '\t' && character <= '\r'));
 }
 
-// Tells white space as the global locale of the moment classifies it. Asking the
-// locale has its price, so the classic one, nearly everybody's, is known by heart.
+// Classifies white space as the global locale did when this object was constructed. A call of the
+// locale is slow, so the classic locale, which most tools have, is replaced by isClassicSpace().
 class WhiteSpace {
  public:
   WhiteSpace();
@@ -23,11 +25,11 @@ class WhiteSpace {
   }
 
  private:
-  std::optional<std::locale> m_locale;  // keeps m_classes alive
+  std::optional<std::locale> m_locale;  // owns the facet that m_classes points to
   const std::ctype<char>* m_classes = nullptr;
 };
 
-// Whether numbers and characters are read and written as in the classic locale.
+// Whether the global locale is the classic one, in which numbers need no stream.
 bool isClassicLocale();
 
 }  // namespace kivo_3_3

@@ -18,8 +18,8 @@ namespace {
 using std::string;
 using std::string_view;
 
-// With an indent of 0 every line begins with a space, which leaves no room in a column of this
-// width.
+// With an indent of 0, every line begins with a space. In a column of width 1 or 2, that leaves no
+// room for text.
 bool isFilledByItsSpace(unsigned int indent, unsigned int width) {
   return indent == 0 && (width == 1 || width == 2);
 }

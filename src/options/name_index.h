@@ -23,7 +23,7 @@ class NameIndex {
     enum Kind { none, unique, ambiguous };
     Kind kind = none;
     unsigned int option = 0;      // the number of the option of a unique match
-    std::string_view ahead = {};  // the negation if `typed` abbreviates the "no-" form
+    std::string_view ahead = {};  // "no-" if `typed` abbreviates a negated form
     std::string_view name = {};   // the full name of a unique match, without `ahead`
   };
 
@@ -51,7 +51,7 @@ class NameIndex {
     std::uint32_t option;
     bool isBoolean;
   };
-  // Sorted by the texts of the names. Valid until room is made.
+  // Sorted by the texts of the names. Valid until the next call of makeRoomFor().
   using Sorted = std::vector<const Name*, OwnedAllocator<const Name*>>;
   // The first name that begins with a prefix, and whether there are more.
   struct Matches;
@@ -62,8 +62,8 @@ class NameIndex {
                       Matches& matches);
 
   NameTable<Name> m_names;
-  // Names that find() never answers with, since an equal one was added before. They are kept out of
-  // the table, where thousands of equal names would be probed one by one.
+  // Names that find() never returns, since an equal name was added before. They are not in the
+  // table, where thousands of equal names would be probed one by one.
   std::vector<Name, OwnedAllocator<Name>> m_repeated;
   // Rebuilt by findBest() if `typed` is not a full name and room was made since the last time.
   Sorted m_sorted;

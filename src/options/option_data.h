@@ -31,7 +31,7 @@ inline void makeOwning(variant_t& value) {
 struct OptionData {
   explicit OptionData(OwnedMemory* memory = nullptr) : positions(memory), values(memory) {}
 
-  std::vector<int, OwnedAllocator<int>> positions;  // the one of the occurrence
+  std::vector<int, OwnedAllocator<int>> positions;  // only the position of the occurrence
   std::vector<GivenValue, OwnedAllocator<GivenValue>> values;
 };
 

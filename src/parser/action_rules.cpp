@@ -1,3 +1,6 @@
+// Checks the stored options in the order of their names, so one set of options always has the same
+// message, in whatever order the options were given.
+
 #include "parser/action_rules.h"
 
 #include <kivo/option_lookup.h>
@@ -12,13 +15,13 @@ namespace kivo_3_3 {
 
 using std::string;
 
-// A name that a result knows.
+// A name that the result has stored, with its option.
 struct ActionRules::Stored {
-  const OptionDescription* option;  // null for a name that is not declared here
-  bool isGiven;                     // more than a default
+  const OptionDescription* option;  // null if no option of this parser has the name
+  bool isGiven;                     // false if the result has only a default
 };
 
-// What collect() found among the stored options.
+// What collect() finds among the stored names.
 struct ActionRules::Used {
   ActionSet actions;
   const OptionDescription* firstAction = nullptr;
@@ -56,7 +59,7 @@ int ActionRules::check(const StoredOptions& options, string& error) const {
   return status::success;
 }
 
-// In the order of the names.
+// The stored names, sorted.
 std::vector<ActionRules::Stored> ActionRules::lookUp(const StoredOptions& options) const {
   std::vector<Stored> stored;
   for (const std::string_view name : options.names()) {
@@ -87,7 +90,7 @@ int ActionRules::collect(const std::vector<Stored>& stored, Used& used, string& 
   return status::success;
 }
 
-// A modifier that is stored only by its default goes with every action.
+// A modifier of which only the default is stored goes with every action.
 int ActionRules::checkModifiers(const std::vector<Stored>& stored, const OptionDescription& action,
                                 string& error) {
   for (const Stored& entry : stored) {

@@ -1,5 +1,8 @@
 #pragma once
 
+// The rules for options that are given together. If a rule were skipped, a tool would run two
+// actions at once, or ignore a modifier that its user typed.
+
 #include <set>
 #include <string>
 #include <vector>
@@ -9,19 +12,22 @@
 
 namespace kivo_3_3 {
 
-// Which actions may be given together, and which modifiers go with the action given.
+// Checks that the given actions may be given together, and that the given modifiers go with the
+// action.
 class ActionRules {
  public:
-  // One set of actions, by first name, that may be given together.
+  // Actions that may be given together, by their first names.
   using ActionSet = std::set<std::string>;
 
   ActionRules(RegisteredOptionStorage& declarations, const std::vector<ActionSet>& groups)
       : m_declarations(declarations), m_groups(groups) {}
 
-  // Checks what a result has stored, defaults included, against the rules.
+  // Checks everything that a result has stored, defaults included. Returns a status, with the
+  // reason in `error` if a rule is broken. Returns 1 and leaves `error` unchanged if the result has
+  // an option of another parser.
   int check(const StoredOptions& options, std::string& error) const;
 
-  // Whether one group has all of these actions.
+  // Whether one of the groups has all of these actions.
   bool assertActionsCanBeUsedSimultaneously(const ActionSet& usedActions) const;
 
  private:

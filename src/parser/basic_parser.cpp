@@ -1,3 +1,6 @@
+// Declarations, help and events of the parser object; parse_driver.cpp has its parse operations. If
+// an event did not reach a handler, the tool would accept a value that the handler refuses.
+
 #include "parser/basic_parser.h"
 
 #include <algorithm>
@@ -12,7 +15,7 @@ using std::string;
 
 namespace {
 
-// The two sentences have always run together.
+// Spelled like this since 3.0; tools depend on it.
 string isNotAvailable(const char* topic) {
   return string("Help for ") + topic + " not available.Please use one of the following topics:\n";
 }
@@ -41,7 +44,7 @@ BasicParser::BasicParser(int flags) : m_flags(flags) {
     m_storage.setTokenizer('\0');
 }
 
-// A parser destroyed by a handler would be missing when the parse goes on.
+// A handler must not destroy a parser that is still parsing or passing on an event.
 void BasicParser::destroy() {
   if (RunningCall::isInUse(*this))
     BEDROCK::assertion_failed("!RunningCall::isInUse(*this)", __FILE__, __LINE__);
@@ -114,7 +117,7 @@ const char* BasicParser::getGlobalModifiersDescription(bool hidden) {
   return compose([&](const HelpGenerator& help) { return help.describeGlobalModifiers(hidden); });
 }
 
-// Keeps and returns the help that `write` returns; on failure returns an error text.
+// Returns the help that `write` composes, owned by the parser; an error text if `write` raises.
 template <class Write>
 const char* BasicParser::compose(Write write) {
   try {
@@ -124,7 +127,7 @@ const char* BasicParser::compose(Write write) {
   }
 }
 
-// Returns the text even when memory has run out.
+// Sets the error text and returns it; the empty text if there is no memory for a copy.
 const char* BasicParser::helpFailed() {
   constexpr const char* reason = "Unknown error handled.";
   try {
@@ -135,8 +138,8 @@ const char* BasicParser::helpFailed() {
   }
 }
 
-// The help that `write` returns for a declared name; for an unknown one a remark, and
-// the help for the whole tool.
+// The help that `write` composes for a declared name. For an unknown name, a remark and the help
+// for the whole tool.
 template <class Write>
 const char* BasicParser::composeTopic(const char* topic, bool hidden, Write write) {
   return compose([&](const HelpGenerator& help) {
@@ -151,7 +154,7 @@ void BasicParser::addHandler(EventHandler* handler) {
   try {
     m_handlers.insert(handler);
   } catch (const std::exception&) {
-    // The operation returns nothing; its comment in the interface says what follows.
+    // The interface cannot report this. IParser documents that the handler is ignored.
   }
 }
 
@@ -173,8 +176,9 @@ bool BasicParser::allowSimultaneousActions(const std::set<string>& actionNames) 
 
 // Calls `call` with each handler and the text of the event, until one call returns false.
 //
-// A handler may add and remove handlers: the next one is looked up anew each time.
-// Where parsers are each other's handlers, an event that has come round goes no further.
+// A handler may add and remove handlers, so the next handler is looked up by its address after each
+// call. If parsers are each other's handlers, an event that comes back to its parser is not passed
+// on again.
 template <class Call>
 void BasicParser::forEachHandler(RunningEvent::Kind kind, const char* text, Call call) {
   if (m_handlers.empty())

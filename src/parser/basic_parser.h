@@ -1,5 +1,8 @@
 #pragma once
 
+// The parser object that createParser() makes. It owns what a tool may refer to until it destroys
+// the parser: texts, builders and declarations.
+
 #include <kivo/parser.h>
 
 #include <memory>
@@ -18,8 +21,8 @@ namespace kivo_3_3 {
 class ParseResult;
 class PositionalOptionsParser;
 
-// The parser a tool holds: owns the declarations and the texts handed out, notifies the
-// handlers, and forwards everything else to the stages of a parse.
+// Owns the declarations and every text that it returns, notifies the handlers, and runs the stages
+// of a parse.
 class BasicParser : public IParser {
  public:
   explicit BasicParser(int flags);
@@ -53,20 +56,23 @@ class BasicParser : public IParser {
 
   ~BasicParser() override = default;
 
-  // Parses arguments from end to end. What was used is taken from `args`; the rest,
-  // "--" and what follows it aside, stays there.
+  // Parses a list of arguments, then the option files, then checks the rules for actions. Drops
+  // every argument that was used, so `args` is empty unless an argument has ended the parse.
+  // Returns a status. Like every stage, stores nothing if `result` is null.
   virtual int parseVector(ArgumentWindow& args, IParseResult* result);
 
-  // Recognizes and stores options, argument by argument, up to `separator`.
+  // Recognizes and stores options, argument by argument, up to `separator`. Returns a status.
+  // Named like this since 3.0.
   virtual int parse_phase_one(std::string_view separator, ArgumentWindow& args,
                               IParseResult* result, std::string& error);
 
-  // Checks what the result has stored against the rules for actions and modifiers. `separator`
-  // and `args` are part of the interface and unused.
+  // Checks what the result has stored against the rules for actions and modifiers. Returns a
+  // status. `separator` and `args` are unused.
   virtual int parse_phase_two(std::string_view separator, ArgumentWindow& args,
                               IParseResult* result, std::string& error);
 
-  // Stores the arguments after `separator` and takes it and them from `args`.
+  // Stores the arguments after `separator`, and drops both from `args`. A no-op that returns 0 if
+  // the first of `args` is not the separator.
   int collectNonparsingArguments(std::string_view separator, ArgumentWindow& args,
                                  ParseResult* result, std::string& error);
 
@@ -78,8 +84,8 @@ class BasicParser : public IParser {
  private:
   template <class Call>
   void forEachHandler(RunningEvent::Kind kind, const char* text, Call call);
-  // The handler for the recognizers of one list of arguments; null if there are no handlers. Each
-  // list asks again: the handlers may have been removed during the list before.
+  // The handler that recognizers notify: this parser, or null if it has no handlers. Called for
+  // each list of arguments, since handlers may have been removed during the list before.
   EventHandler* listener() { return m_handlers.empty() ? nullptr : this; }
   template <class Write>
   const char* compose(Write write);
@@ -98,8 +104,8 @@ class BasicParser : public IParser {
   int bindLeftover(ArgumentWindow args, PositionalOptionsParser& recognizer, ParseResult* result,
                    std::string& error);
 
-  // Owns every text handed out, and what the declarations need. Results share it, for
-  // the names of what they store.
+  // Owns every text that the parser returns, and the memory of the declarations. Results share the
+  // ownership, because they refer to the names of options.
   const std::shared_ptr<Garbage> m_garbage = std::make_shared<Garbage>();
   RegisteredOptionStorage m_storage{m_garbage.get()};
   std::string m_lastError;

@@ -1,3 +1,6 @@
+// Each entered file refers to the file that named it; a cycle is found by following these
+// references back. If a file that is only read twice were taken for a cycle, tools would refuse it.
+
 #include "parser/option_file.h"
 
 #include <string_view>
@@ -7,7 +10,7 @@ namespace kivo_3_3 {
 ArgumentWindow parseStreamToArgs(const char* text, const WhiteSpace& isSpace) {
   std::string_view lines(text != nullptr ? text : "");
   if (lines == "-1")
-    lines = "?";  // what a file that failed to load used to look like
+    lines = "?";  // unreadable files used to have this text; tools depend on it
   return ArgumentWindow(ArgumentLines(lines, isSpace));
 }
 

@@ -1,5 +1,8 @@
 #pragma once
 
+// Splits the texts of option files, and detects cycles of them. If a cycle were missed, a parse
+// would not end.
+
 #include <cstddef>
 #include <deque>
 #include <optional>
@@ -12,32 +15,36 @@
 
 namespace kivo_3_3 {
 
-// The arguments in `text`, one a line. A null text counts as the empty one.
+// The arguments in `text`, one a line. A null text counts as empty. `text` and `isSpace` must
+// outlive the arguments.
 ArgumentWindow parseStreamToArgs(const char* text, const WhiteSpace& isSpace);
 
-// Remembers which option file named which, to distinguish a cycle from a file that is merely
-// read twice. Files are read in the order in which they were named.
+// Records which option file named which, to tell a cycle from a file that is only read twice. Files
+// are read in the order in which they were named.
 class OptionFileTrail {
  public:
-  // `total` files have been named so far; the new ones among them by the file entered last.
+  // `total` files have been named so far. The new ones were named by the file entered last; if no
+  // file has been entered yet, no file named them.
   void named(std::size_t total);
 
-  // Enters the next file; false if that file has led to itself. Files are the same if their
-  // identities are equal, however their names are spelt.
+  // Enters the next file. Returns false if that file has named itself, directly or through other
+  // files. Two names mean the same file if their identities are equal.
   bool enter(const std::string& identity);
 
  private:
   struct Entered {
-    const std::string* identity;  // one address for each
+    const std::string* identity;  // one address for each identity
     std::optional<std::size_t> namedBy;
   };
 
-  // Whether a file of this identity is `file`, or named it, or named what named it.
+  // Whether `file` has this identity, or a file with this identity has named `file`, directly or
+  // through others.
   bool hasLedTo(const std::string* identity, std::optional<std::size_t> file) const;
 
   std::vector<Entered> m_entered;
-  std::set<std::string> m_identities;                // in order: links may have any identity
-  std::deque<std::optional<std::size_t>> m_waiting;  // who named each file not entered yet
+  std::set<std::string> m_identities;  // not hashed: users could make names collide
+  // For each file that is not entered yet, the index of the file that named it.
+  std::deque<std::optional<std::size_t>> m_waiting;
   std::size_t m_named = 0;
 };
 

@@ -1,8 +1,8 @@
-// The stages of one parse: defaults, then the arguments one by one, the arguments after
-// "--", the option files, and at last the rules for actions.
+// The stages of one parse: the defaults, the arguments before "--", the arguments after "--", the
+// option files, the rules for actions. Their order decides which of several values is the last one.
 //
-// A phase writes its message straight into the parser's last error; success does not
-// clear it.
+// A stage writes the reason for a failure into the error text of the parser. A success does not
+// clear that text.
 
 #include <kivo/status.h>
 
@@ -35,13 +35,13 @@ constexpr const char* argumentSeparator = "--";
 constexpr const char* traceSwitch = "kivooption=kivologenable=1";
 constexpr int lowestPriority = -99999999;
 
-// The library's own result in `result`; null for no result, and for one of another class.
+// `result` as the library's own class; null if `result` is null or of another class.
 ParseResult* storeOf(IParseResult* result) {
   const bool isOurs = result != nullptr && typeid(*result) == typeid(ParseResult);
   return isOurs ? static_cast<ParseResult*>(result) : nullptr;
 }
 
-// The arguments after the name of the tool, up to a null pointer.
+// The arguments after the name of the tool, up to the first null pointer.
 ArgumentWindow argumentsOf(int argc, const char* const* argv) {
   if (argv == nullptr)
     return ArgumentWindow(nullptr, 0);
@@ -59,7 +59,7 @@ ArgumentWindow argumentsOf(int argc, const char* const* argv) {
 
 using Arguments = std::vector<const char*, OwnedAllocator<const char*>>;
 
-// The same arguments; their texts are in the memory of `copies`.
+// The same arguments, with copies of their texts in the memory of `copies`.
 [[gnu::cold]] ArgumentWindow copied(ArgumentWindow args, Arguments& copies) {
   OwnedMemory& memory = *copies.get_allocator().memory();
   for (; !args.empty(); args.drop())
@@ -67,7 +67,7 @@ using Arguments = std::vector<const char*, OwnedAllocator<const char*>>;
   return ArgumentWindow(copies.data(), copies.size());
 }
 
-// The memory for the texts of values; null without a result.
+// The arena for the texts of values; null without a result.
 OwnedMemory* textsOf(ParseResult* result) {
   return result != nullptr ? &result->memory() : nullptr;
 }
@@ -87,8 +87,8 @@ void traceOutcome(const char* step, int outcome, const string& error) {
                       ", message: ", error);
 }
 
-// Asks every recognizer, because each traces what it makes of the argument. Returns the one of
-// the highest priority among those that claim the argument, on a tie the first; null if none does.
+// Asks every recognizer, because each traces what it makes of the argument. Of the recognizers that
+// claim the argument, returns the first one with the highest priority; null if none claims it.
 IArgumentParser* chooseRecognizer(const std::array<IArgumentParser*, 2>& recognizers,
                                   ArgumentWindow& args, OptionList& options) {
   IArgumentParser* best = nullptr;
@@ -116,7 +116,7 @@ int BasicParser::parseArgsVector(int argc, const char* const* argv, IParseResult
   }
 }
 
-// A handler may change or free the caller's arguments: they are copied if there are handlers.
+// A handler may change or free the caller's arguments, so they are copied if there are handlers.
 int BasicParser::parseCommandLine(int argc, const char* const* argv, IParseResult* result) {
   try {
     if (ParseResult* store = storeOf(result)) {
@@ -141,8 +141,8 @@ int BasicParser::unidentifiedProblem() {
   return status::unidentifiedProblem;
 }
 
-// Defaults become text at every parse, in the locale of that moment. Where no tool can tell the
-// difference, the texts of the previous parse are reused.
+// Defaults are converted to text at every parse, because the global locale may have changed. If no
+// tool can observe the difference, the texts of the previous parse are reused.
 void BasicParser::applyDefaults(ParseResult& result) {
   if (isClassicLocale()) {
     const auto defaults = m_storage.summary().timelessDefaults();
@@ -156,8 +156,8 @@ void BasicParser::applyDefaults(ParseResult& result) {
   applyEachDefault(result);
 }
 
-// Converts one default after the other, so that everything before a conversion that raises is
-// stored. The result knows a name before its default is converted.
+// Converts the defaults one by one: if a conversion raises, the defaults before it stay stored.
+// Each name is stored before its default is converted, so the result knows it even then.
 void BasicParser::applyEachDefault(ParseResult& result) {
   std::shared_ptr<DeclaredDefaults> applied;
   m_storage.summary().forEachDefault([&](const OptionDescription& declared) {
@@ -166,7 +166,7 @@ void BasicParser::applyEachDefault(ParseResult& result) {
       result.applyDefaults(applied, firstPosition);
     }
     const OptionDescription option = declared;
-    option.firstName();  // raises where there is none
+    option.firstName();  // raises without a name
     for (const HashedName& name : option.m_names) {
       if (!result.options().knows(name))
         applied->set({name, "", {}, 0});
@@ -191,8 +191,8 @@ int BasicParser::parseStream(const char* text, IParseResult* result) {
   }
 }
 
-// A handler may parse more into the result being filled. That only adds arguments: the
-// option files, and what is to hold for all arguments together, are left to this parse.
+// A handler may start another parse with this parser into the same result. The inner parse only
+// adds arguments; the outer parse reads the option files and checks the rules for actions.
 int BasicParser::parseVector(ArgumentWindow& args, IParseResult* result) {
   const RunningParse parsing(*this, result);
   try {
@@ -242,7 +242,8 @@ int BasicParser::parse_phase_one(std::string_view separator, ArgumentWindow& arg
   return status::success;
 }
 
-// Passes over the first argument, which no recognizer claims, unless it is an error.
+// Drops the first argument, which no recognizer claims. Instead, reports an error if unknown
+// arguments are errors and no handler has returned false.
 int BasicParser::passUnknown(ArgumentWindow& args, string& error) {
   const std::string_view argument = args.front();
   const bool accepted = onUknownArgument(string(argument).c_str());
@@ -255,7 +256,7 @@ int BasicParser::passUnknown(ArgumentWindow& args, string& error) {
   return status::success;
 }
 
-// Phase one has stopped at the separator, or at the end where there is none.
+// parse_phase_one() has stopped at the separator, or at the end of the arguments.
 int BasicParser::collectNonparsingArguments(std::string_view separator, ArgumentWindow& args,
                                             ParseResult* result, string& error) {
   if (args.empty() || args.front() != separator)
@@ -280,7 +281,7 @@ int BasicParser::collectNonparsingArguments(std::string_view separator, Argument
   return status::success;
 }
 
-// Binds the first of the leftover arguments `args` if the positional option claims it.
+// Binds the first of `args`, a leftover argument, if the positional option claims it.
 int BasicParser::bindLeftover(ArgumentWindow args, PositionalOptionsParser& recognizer,
                               ParseResult* result, string& error) {
   OptionList& options = m_storage.options();
@@ -305,8 +306,8 @@ int BasicParser::parse_phase_two(std::string_view, ArgumentWindow&, IParseResult
   return ActionRules(m_storage, m_simultaneousActions).check(store->options(), error);
 }
 
-// The result's own cursor walks the names of the files. After each file it returns to its place,
-// since a handler may have moved it.
+// The cursor of the result walks the names of the files. After each file the cursor returns to its
+// place, because a handler may have moved it.
 int BasicParser::readOptionFiles(ParseResult* result) {
   if (result == nullptr)
     return status::success;

@@ -1,3 +1,6 @@
+// Decides which option an argument names, and where the option's value is. A mistake here takes a
+// value for an option, or an option for a value.
+
 #include "recognizers/abbreviation_parser.h"
 
 #include <kivo/status.h>
@@ -23,7 +26,7 @@ constexpr unsigned int noOption = -1U;
   return joined("Ambiguous option '", name, "'", inArgument, ", could be: ", candidates);
 }
 
-// The words run together, as they always have.
+// Spelled like this since 3.0; tools depend on it.
 [[gnu::cold]] string takesNoValue(const OptionDescription& option, const string& inArgument) {
   return joined("Option '", option.firstName(), "'does not requires a value", inArgument);
 }
@@ -44,7 +47,7 @@ constexpr unsigned int noOption = -1U;
                 " or make sure that value is not missed");
 }
 
-// The names that an ambiguous one stands for, in declaration order.
+// The names that an ambiguous name abbreviates, quoted, in declaration order.
 [[gnu::cold]] string listCandidates(std::string_view name, const OptionList& options) {
   std::vector<string> names;
   AbbreviationParser::makeOptionNamesList(options, names, name);
@@ -57,7 +60,7 @@ constexpr unsigned int noOption = -1U;
   return candidates;
 }
 
-// Whether the name that was matched switches its boolean off.
+// Whether the matched name turns its boolean option off.
 bool isSwitchedOff(const NameIndex::Match& match) {
   return !match.ahead.empty() || isNegated(match.name);
 }
@@ -104,7 +107,7 @@ int AbbreviationParser::parse(ArgumentWindow& args, IResultCollector* collector,
     return status::usageError;
 
   const OptionDescription& option = asItStands(options[optionIndex], options);
-  const std::string_view firstName = option.firstName();  // raises where there is none
+  const std::string_view firstName = option.firstName();  // raises without a name
   trace(": detected option: '", firstName, "'");
   const Decision decision = decideValue(option, args, error);
   if (decision.status != status::success)
@@ -123,8 +126,8 @@ unsigned int AbbreviationParser::foundIndex() const {
   return m_found.match.kind == NameIndex::Match::unique ? m_found.match.option : noOption;
 }
 
-// Whether the argument that was recognized has a name, and one that stands for one option. The
-// errors found here are not traced.
+// Whether the recognized argument has a name, and the name means exactly one option. Errors found
+// here are not traced.
 bool AbbreviationParser::isUsable(std::string_view argument, string& error) const {
   const std::string_view name = m_found.parts.name;
   if (name.empty() || beginsWithHyphen(name)) {
@@ -138,7 +141,7 @@ bool AbbreviationParser::isUsable(std::string_view argument, string& error) cons
   return true;
 }
 
-// An empty value after a '=' counts as none.
+// An empty value, as in "--level=", counts as no value.
 AbbreviationParser::Decision AbbreviationParser::decideValue(const OptionDescription& option,
                                                              const ArgumentWindow& args,
                                                              string& error) const {

@@ -1,3 +1,6 @@
+// Drops indents, comments, empty lines and line ends. A change here changes the meaning of option
+// files that users have.
+
 #include "recognizers/argument_lines.h"
 
 #include <algorithm>

@@ -1,14 +1,18 @@
 #pragma once
 
+// Splits a text or an option file into arguments. If a line were dropped or joined with another
+// one, a tool would act on other arguments than the file has.
+
 #include <string_view>
 
 #include "base/white_space.h"
 
 namespace kivo_3_3 {
 
-// The arguments in a text, one a line; a line is read when next() reaches it. White space
-// before an argument is dropped, and so are empty lines and lines that begin with ';' or '#';
-// the rest of a line stays as it is. The text and `isSpace` must outlive this object.
+// The arguments in a text, one a line. A line is read when next() reaches it. White space before an
+// argument and carriage returns at the end of a line are dropped, and so are empty lines and lines
+// whose first character other than white space is ';' or '#'. The rest of a line is unchanged. The
+// text and `isSpace` must outlive this object.
 class ArgumentLines {
  public:
   // No arguments.

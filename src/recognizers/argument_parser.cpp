@@ -1,8 +1,9 @@
-// What all recognizers share: the position counter, and binding one value text to an
-// option: split, convert, check, announce, store.
+// Implements what all recognizers share: the position counter, and the binding of a value to an
+// option. To bind a value is to split it into tokens, to convert, check and announce each token,
+// and to store the occurrence.
 //
-// Nothing is stored until every token has passed; announcements already made and
-// positions already drawn are not taken back.
+// An occurrence is stored only after every token has been accepted. If a token is refused, the
+// events that were sent and the positions that were drawn before are not taken back.
 
 #include "recognizers/argument_parser.h"
 
@@ -18,11 +19,11 @@ namespace kivo_3_3 {
 
 using std::string;
 
-// One value on its way into an option.
+// A value that is being bound, and what checks and messages need.
 struct IArgumentParser::Binding {
-  std::string_view value;  // as found for the option, all tokens of it
+  std::string_view value;  // not split
   const OptionDescription& option;
-  std::string_view argument;  // the one being parsed, for messages
+  std::string_view argument;  // the argument being parsed, for messages
   bool isSplit;
   string& error;
 };
@@ -39,8 +40,8 @@ namespace {
                 "' in argument '", argument, "'");
 }
 
-// Replaces `expected` with `next`. If another thread has changed the counter, sets `expected` to
-// its present value and returns false.
+// Sets `counter`, which should be `expected`, to `next`. If another thread has changed the counter,
+// sets `expected` to the present number and returns false.
 bool advance(int& counter, int& expected, int next) {
   if (BEDROCK::hasOneThread()) {
     counter = next;
@@ -50,7 +51,8 @@ bool advance(int& counter, int& expected, int next) {
                                      __ATOMIC_RELAXED);
 }
 
-// Negative numbers are not positions either.
+// Whether `number` can be drawn. Negative numbers cannot: the counter is exported, so it may be set
+// to any number.
 bool isPosition(int number) {
   return static_cast<unsigned int>(number) < static_cast<unsigned int>(lastPosition);
 }
@@ -65,7 +67,7 @@ inline bool draw(int& counter, unsigned int count, int& first) {
   return true;
 }
 
-// The message says "argument" but shows the whole value: that is what the user typed.
+// The message says "argument" but shows the whole value, as the user typed it.
 [[gnu::cold]] string noValueParsed(std::string_view value, const OptionDescription& option) {
   return joined("No value parsed in argument '", value, "' for option '", option.firstName(), "'");
 }
@@ -138,7 +140,8 @@ int IArgumentParser::parseValueAndAddOption(std::string_view value, string& erro
   return status::success;
 }
 
-// Zero-terminated. Without a result, valid only until the next call.
+// A zero-terminated copy of `text`. It belongs to the result; without a result, it is valid until
+// the next call.
 std::string_view IArgumentParser::kept(std::string_view text) {
   return m_texts != nullptr ? m_texts->copy(text) : m_unstored.assign(text);
 }
@@ -154,7 +157,7 @@ int IArgumentParser::bindTokens(const Binding& binding) {
   return bindEachToken(separator, binding);
 }
 
-// Separators that lead, trail or repeat make no empty token.
+// Empty tokens are skipped: separators may come first, last, or several in a row.
 int IArgumentParser::bindEachToken(char separator, const Binding& binding) {
   bool isAnyBound = false;
   for (std::string_view rest = binding.value; !rest.empty();) {
@@ -176,13 +179,13 @@ int IArgumentParser::bindToken(std::string_view token, const Binding& binding) {
   const int bound = bindOne(token, binding);
   if (bound != status::success)
     return bound;
-  const std::string_view firstName = binding.option.firstName();  // raises where there is none
+  const std::string_view firstName = binding.option.firstName();  // raises without a name
   trace(": sent event on value parsed, option: '", firstName, "', value: '", token, "'");
   return status::success;
 }
 
-// `token` was kept. An abbreviation is replaced by the allowed value it stands for, and that text,
-// which belongs to the option, is kept too.
+// `token` must be a copy made by kept(). An abbreviation is replaced by the allowed value that it
+// means; that text belongs to the option, so it is copied too.
 int IArgumentParser::bindOne(std::string_view& token, const Binding& binding) {
   const OptionDescription& option = binding.option;
   const char* const typed = token.data();
@@ -197,7 +200,7 @@ int IArgumentParser::bindOne(std::string_view& token, const Binding& binding) {
   const int position = getNewPositionIndex();
   if (isRefused(token, value, position, option)) {
     binding.error = isNotValid(binding.isSplit ? binding.value : token, option, binding.argument);
-    // No separator here: the lines have always run together.
+    // Joined without a separator since 3.0; tools depend on it.
     trace(binding.error, " One of the handler signaled the value is not valid.");
     return status::valueRefused;
   }

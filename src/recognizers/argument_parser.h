@@ -1,5 +1,8 @@
 #pragma once
 
+// The base of the recognizers: the position counter, and the binding of a value to an option. If
+// the binding were wrong, a value would be stored that its type, its option or a handler refuses.
+
 #include <kivo/event_handler.h>
 
 #include <exception>
@@ -15,69 +18,75 @@
 
 namespace kivo_3_3 {
 
-// Raised when the counter has no position left: none may be drawn twice in a process.
+// Raised if no position is left: no position may be drawn twice in a process.
 class PositionsExhausted final : public std::exception {};
 
-// A recognizer: decides which declared option the first of some arguments is, and binds
-// its value. The driver asks every recognizer to recognize() an argument; the claimant
-// of the highest priority then parses it.
+// A recognizer decides whether an argument gives a declared option, and binds the option's value.
+// The driver calls recognize() of every recognizer; of those that claim the argument, the one with
+// the highest priority then parses it.
 class IArgumentParser {
  public:
-  // `handler` is null where there are no handlers: that is decided once for each recognizer. The
-  // texts of values are stored in `texts`, which is null where there is no result.
+  // `handler` is notified of every event; null if there are no handlers when the recognizer is
+  // made. The texts of values are copied to `texts`; null without a result.
   IArgumentParser(EventHandler* handler, OwnedMemory* texts, int flags);
   IArgumentParser(const IArgumentParser&) = delete;
   IArgumentParser& operator=(const IArgumentParser&) = delete;
 
   virtual ~IArgumentParser() = default;
 
-  // 0 when this recognizer claims the front of `args`, else 1. `error` is part of the interface;
-  // no recognizer writes to it.
+  // Returns 0 if this recognizer claims the first argument of `args`, otherwise 1. `error` is
+  // unused.
   virtual int recognize(ArgumentWindow& args, OptionList& options, std::string& error) = 0;
 
-  // Binds the argument that was recognized last and takes what it used from the front
-  // of `args`. On failure `args` is as before, nothing is stored, and `error` tells why.
-  // `optionIndex` becomes the number of the option; the driver does not read it, tests do.
+  // Binds the argument that recognize() claimed last, and drops the arguments of the option and its
+  // value from the front of `args`. Returns a status. After a failure, `args` is unchanged, nothing
+  // is stored, and `error` has the reason. Sets `optionIndex` to the number of the option, which
+  // only tests read.
   virtual int parse(ArgumentWindow& args, IResultCollector* collector, OptionList& options,
                     unsigned int& optionIndex, std::string& error) = 0;
 
-  // " in argument: '--level'", to end a message with. Virtual as the recognizers' interface has
-  // it; neither recognizer overrides it.
+  // The end of a message: " in argument: '--level'". Virtual, as all operations of a recognizer; no
+  // recognizer overrides it.
   virtual std::string formatTokenMessage(std::string_view token) const;
 
   virtual int getPriority() = 0;
 
-  // The next position in this process, on whatever thread. Everything that is stored draws its
-  // own. Positions are below the largest int, which stands for "no position": when none is left,
-  // this raises PositionsExhausted and the counter stays where it is.
+  // Draws the next position of the process; any thread may call this. Each stored occurrence,
+  // value, default and leftover argument has a position of its own. Positions are below the largest
+  // int, which means "no position". If none is left, raises PositionsExhausted, and the counter is
+  // unchanged.
   KIVO_API static int getNewPositionIndex();
+  // The counter: the next position. Exported, so code outside of the library may set it.
   KIVO_API static int m_idx;
 
-  // The first of `count` positions in a row; none, and none drawn, where fewer are left.
+  // Draws `count` positions in a row and returns the first of them. If fewer are left, draws and
+  // returns none.
   static std::optional<int> drawInARow(unsigned int count);
 
  protected:
-  // The option as it stands before its first event, until the next call. A handler may amend the
-  // option declared last, and no other: where there are handlers that one is copied, whenever it
-  // has changed.
+  // The option as it is before the first event of the current occurrence; valid until the next
+  // call. A handler may amend the option declared last, and no other. So if there are handlers,
+  // that option is copied; the copy is renewed if the option has changed.
   const OptionDescription& asItStands(const OptionDescription& option, const OptionList& options) {
     const bool canChange = m_handler != nullptr && &option == &options.back();
     return canChange ? copied(option) : option;
   }
 
-  // Notifies the handlers of the option.
+  // Notifies the handlers that the option was recognized.
   void announce(const OptionDescription& option) const;
 
-  // Splits a value where the option asks for it, converts, checks and announces each
-  // piece, and stores the option. An empty value stores the option without values.
+  // Splits `value` if the option splits its values; converts, checks and announces each token; and
+  // passes the occurrence to `collector`, unless that is null. An empty `value` makes an occurrence
+  // without values. The first of `args` is the argument being parsed, for messages. Returns a
+  // status; after a failure, `error` has the reason, and nothing is stored.
   int parseValueAndAddOption(std::string_view value, std::string& error,
                              const OptionDescription& option, const ArgumentWindow& args,
                              IResultCollector* collector);
 
-  // Takes the first argument from `args`.
+  // Drops the first argument of `args`, and traces that.
   void removeFront(ArgumentWindow& args) const;
 
-  // Sets and traces a usage error, and returns its status.
+  // Sets `error` to `message`, traces it, and returns status::usageError.
   int fail(std::string& error, std::string message) const;
 
   // Traces one line that begins with the name of this recognizer.
@@ -86,8 +95,8 @@ class IArgumentParser {
     internal::traceLine(m_name, parts...);
   }
 
-  EventHandler* const m_handler;           // null where there are no handlers
-  const char* m_name = "UndefinedParser";  // until the recognizer sets its own
+  EventHandler* const m_handler;           // null without handlers
+  const char* m_name = "UndefinedParser";  // until a recognizer sets its own name
   const int m_flags;
 
  private:
@@ -102,11 +111,11 @@ class IArgumentParser {
   bool isRefused(std::string_view token, variant_t& value, int position,
                  const OptionDescription& option) const;
 
-  std::optional<OptionDescription> m_copy;      // what asItStands() copied last
-  const OptionDescription* m_copyOf = nullptr;  // the original of m_copy
-  OwnedMemory* const m_texts;                   // null where there is no result
-  std::string m_unstored;                       // the last text kept without a result
-  // A member, so that the memory is reused for the next argument.
+  std::optional<OptionDescription> m_copy;      // the copy that asItStands() made last
+  const OptionDescription* m_copyOf = nullptr;  // the option that m_copy was copied from
+  OwnedMemory* const m_texts;                   // null without a result
+  std::string m_unstored;                       // the copy that kept() made last without a result
+  // Members, so that every argument reuses the same memory.
   OwnedMemoryOf<128> m_memory;
   OptionData m_data{&m_memory};
 };

@@ -1,3 +1,6 @@
+// The list of typographic dashes, and the functions with which tools split arguments themselves. If
+// these functions differed from the recognizers, a tool would misread what the parser accepts.
+
 #include <kivo/argument_syntax.h>
 
 #include <array>
@@ -26,7 +29,8 @@ std::size_t typographicDashLength(std::string_view text) {
   return 0;
 }
 
-// For tools, and for the tests: the recognizers call dashLength() and splitArgument() themselves.
+// This function and splitOptionValue() are for tools and tests: the recognizers call dashLength()
+// and splitArgument() directly.
 unsigned int getDashLength(const std::string& text, unsigned int pos) {
   return static_cast<unsigned int>(dashLength(std::string_view(text).substr(pos)));
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+// The arguments that a parse has not used yet, whether they come from the process or from a text.
+// If an argument were skipped or repeated, a tool would act on another command line than was typed.
+
 #include <cstddef>
 #include <optional>
 #include <stdexcept>
@@ -9,12 +12,12 @@
 
 namespace kivo_3_3 {
 
-// The arguments of a parse that have not been used yet. Recognizers look at the first two
-// of them, and drop from the front what they have used. The texts are the caller's, and each
-// is looked at when its turn has come.
+// A window onto a list of arguments. Recognizers read the first two, and drop those that they have
+// used from the front. The caller owns the texts; a text is read only when it becomes one of the
+// first two.
 class ArgumentWindow {
  public:
-  // So many as the process got them.
+  // The `count` arguments of a process.
   ArgumentWindow(const char* const* argv, std::size_t count) : m_next(argv), m_end(argv + count) {
     drop();
   }
@@ -22,14 +25,14 @@ class ArgumentWindow {
 
   bool empty() const { return m_front.data() == nullptr; }
 
-  // Out of range where there is none.
+  // The first argument. Raises std::out_of_range if the window is empty.
   std::string_view front() const {
     if (empty())
       throwMissing();
     return m_front;
   }
 
-  // The one behind the front, if any.
+  // The argument after the first one, if there is one.
   std::optional<std::string_view> second() const {
     if (m_next != m_end)
       return *m_next;
@@ -38,7 +41,7 @@ class ArgumentWindow {
     return line.data() != nullptr ? std::make_optional(line) : std::nullopt;
   }
 
-  // Takes the front away, if there is one.
+  // Drops the first argument; a no-op if the window is empty.
   void drop() { m_front = m_next != m_end ? nextOfProcess() : m_lines.next(); }
 
  private:
@@ -54,13 +57,14 @@ class ArgumentWindow {
     return *m_next++;
   }
 
-  // In arguments: the work on six of them takes about as long as memory takes to answer.
+  // The number of arguments between the prefetch of a text and its use. Parsing six arguments takes
+  // about as long as a read from memory.
   static constexpr std::ptrdiff_t prefetchDistance = 6;
 
   const char* const* m_next = nullptr;
   const char* const* m_end = nullptr;
-  ArgumentLines m_lines;     // without the former
-  std::string_view m_front;  // null where there is none
+  ArgumentLines m_lines;     // no lines if the arguments come from a process
+  std::string_view m_front;  // null if the window is empty
 };
 
 }  // namespace kivo_3_3

@@ -1,3 +1,6 @@
+// Claims any argument if a positional option is declared. Its priority is the lowest, so it binds
+// only what names no option; otherwise an option would become a file name, for example.
+
 #include "recognizers/positional_options_parser.h"
 
 #include <kivo/parser.h>
@@ -29,7 +32,7 @@ int PositionalOptionsParser::parse(ArgumentWindow& args, IResultCollector* colle
   trace(": parsing argument '", argument, "'");
   optionIndex = m_summary.findPositional().value_or(static_cast<unsigned int>(options.size()));
   const OptionDescription& option = asItStands(options.at(optionIndex), options);
-  const std::string_view firstName = option.firstName();  // raises where there is none
+  const std::string_view firstName = option.firstName();  // raises without a name
   trace(": option is '", firstName, "'");
   announce(option);
   const int bound = parseValueAndAddOption(argument, error, option, args, collector);

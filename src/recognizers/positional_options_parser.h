@@ -1,15 +1,18 @@
 #pragma once
 
+// The recognizer of positional arguments. If it claimed an argument that the tool excludes with
+// dashArgumentsAreNeverPositional, a mistyped option would be taken for a file name.
+
 #include "options/declaration_summary.h"
 #include "recognizers/argument_parser.h"
 
 namespace kivo_3_3 {
 
-// Binds arguments that name no option to the first declared positional option, each as
-// an occurrence of its own.
+// Binds arguments that name no option to the positional option declared first. Each argument
+// becomes an occurrence of its own.
 class PositionalOptionsParser final : public IArgumentParser {
  public:
-  // `index` is that of the options that recognize() and parse() are called with.
+  // `summary` must be that of the options that recognize() and parse() receive.
   PositionalOptionsParser(EventHandler* handler, OwnedMemory* texts, int flags,
                           DeclarationSummary& summary);
 

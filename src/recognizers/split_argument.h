@@ -1,5 +1,8 @@
 #pragma once
 
+// Splits an argument into dashes, name and value. A wrong split would look up another name than the
+// user typed, or cut the value.
+
 #include <cstddef>
 #include <string_view>
 
@@ -12,10 +15,10 @@ namespace kivo_3_3 {
 struct ArgumentParts {
   std::string_view name;
   std::string_view value;
-  bool hasValue = false;  // even if that is empty
+  bool hasValue = false;  // true for an empty value, too
 };
 
-// The length in bytes of the dash outside of ASCII that `text` begins with; 0 for none.
+// The length in bytes of the typographic dash that `text` begins with; 0 for none.
 std::size_t typographicDashLength(std::string_view text);
 
 // The length in bytes of the dash that `text` begins with; 0 for none.
@@ -27,9 +30,12 @@ inline std::size_t dashLength(std::string_view text) {
   return typographicDashLength(text);
 }
 
-// Whether `text` begins with the ASCII hyphen. No other dash counts: a value may begin with one.
+// Whether `text` begins with the ASCII hyphen. Typographic dashes do not count: a value may begin
+// with one of them.
 inline bool beginsWithHyphen(std::string_view text) { return beginsWith(text, "-"); }
 
+// Drops up to two dashes, then splits at the first '=' or run of white space. The parts refer to
+// the characters of `argument`.
 inline ArgumentParts splitArgument(std::string_view argument, const WhiteSpace& isSpace) {
   std::string_view rest = argument;
   rest.remove_prefix(dashLength(rest));

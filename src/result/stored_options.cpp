@@ -134,10 +134,10 @@ void StoredOptions::apply(std::shared_ptr<const DeclaredDefaults> defaults, int 
   m_applied.push_back({std::move(defaults), first});
 }
 
-// Drops `replaced`, which apply() adds again, and all defaults whose names all have a default in
-// the ones applied last. The latter were still incomplete when apply() received them, so they are
-// compared only now. What is erased leaves room for what apply() adds: when memory runs out there,
-// nothing has changed.
+// Drops `replaced`, which apply() adds again, and all defaults whose names all have a default among
+// those applied last. The defaults applied last may have been incomplete when apply() received
+// them, so the comparison is made only now. If anything is dropped, apply() needs no memory to add
+// the new defaults; so if memory runs out there, nothing has changed.
 void StoredOptions::dropOutdated(const DeclaredDefaults* replaced) {
   const std::shared_ptr<const DeclaredDefaults> latest = m_applied.back().defaults;
   const auto isOutdated = [&](const Applied& applied) {

@@ -1,3 +1,6 @@
+// Copies texts into the set. A tool must never see the exception of a copy that fails, so init()
+// gives it the empty text instead.
+
 #include "storage/garbage.h"
 
 namespace kivo_3_3 {

@@ -9,7 +9,7 @@
 namespace kivo_3_3 {
 
 // Owns every text that a parser hands out as a `const char*`. A kept text has one address until
-// the Garbage is destroyed; equal texts are interned.
+// the Garbage is destroyed; equal texts are interned. Named like this since 3.0.
 class Garbage final {
  public:
   // Returns the kept copy of `text`; a static empty text if `text` is null or memory runs out.

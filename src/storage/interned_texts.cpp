@@ -1,3 +1,6 @@
+// A plain list while there are few texts, a hash table from then on. If the change from one to the
+// other missed a text, that text would be added once more, at another address.
+
 #include "storage/interned_texts.h"
 
 #include <cstring>

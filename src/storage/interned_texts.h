@@ -29,8 +29,8 @@ class InternedTexts {
   // The same, but adds a copy: `text` may be freed after the call.
   const char* internCopy(const char* text) { return internAs(text, true); }
 
-  // How many texts before its use a text is prefetched: the work on eight texts takes about as
-  // long as memory takes to answer.
+  // The number of texts between the prefetch of a slot and its use. The work on eight texts takes
+  // about as long as a read from memory.
   static constexpr std::size_t prefetchDistance = 8;
 
   // Loads the slot that intern() will read for `text` into the cache. Always inlined: a compiler
@@ -45,9 +45,9 @@ class InternedTexts {
   std::size_t countSteps() const;
 
  private:
-  // Open addressing with linear probing: the upper bits of the hash name the first slot of a text,
-  // and the first slot follows on the last one. A slot has the number of the text plus one in its
-  // lower bits and the other bits of the hash above these; 0 if it is free.
+  // Open addressing with linear probing: the upper bits of the hash select the first slot to probe,
+  // and probing continues from the last slot to the first. A free slot is 0. A used slot has the
+  // number of the text plus one in its lower bits, and the other bits of the hash above these.
   using Slot = std::uint32_t;
   using Chunks = std::vector<const char**, OwnedAllocator<const char**>>;
 
@@ -81,13 +81,13 @@ class InternedTexts {
   [[gnu::cold]] void widen();
   [[gnu::cold]] void addChunk();
 
-  // From this number of texts on they are hashed. Fewer are compared one by one, and only if one of
-  // them has the same mark, which is cheaper. 16: the texts that a tool reads of a typical command
-  // line.
+  // From this number of texts on, texts are hashed. Fewer are compared one by one, and only if one
+  // of them has the same mark, which is cheaper. 16: the number of texts that a tool reads of a
+  // typical command line.
   static constexpr std::size_t fewestHashedTexts = 16;
-  // Texts that have a place inside the set, and texts of one chunk.
+  // The number of texts stored inside the set object, and in each chunk.
   static constexpr std::size_t inlineTexts = fewestHashedTexts * 4;
-  // Slots inside the set: twice the texts, since at most half of the slots are in use.
+  // Slots inside the set object: twice the texts, since at most half of the slots are in use.
   static constexpr std::size_t inlineSlots = inlineTexts * 2;
   // 32,768 slots are 128 kB: more than a first-level cache holds, so that slots have to be fetched.
   static constexpr std::size_t fewestSlotsToPrefetch = std::size_t{1} << 15;
@@ -98,8 +98,8 @@ class InternedTexts {
   // The number of slots is a power of two; at most half of them are in use.
   Slot* m_slots = m_inlineSlots;
   std::size_t m_slotCount = inlineSlots;
-  // The texts by number: the inline ones, then chunks. A list that doubles would need three times
-  // its memory while it moves.
+  // The texts by number: first those inside the set object, then those in chunks. A vector that
+  // doubles would need three times its memory while it moves.
   Chunks m_chunks;
   const char* m_inlineTexts[inlineTexts];
   Slot m_inlineSlots[inlineSlots];  // unused while texts are compared one by one

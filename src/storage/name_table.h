@@ -63,9 +63,9 @@ class NameTable {
   Entry& findOrAdd(const HashedName& name, IsMeant isMeant, Make make);
 
  private:
-  // Open addressing with linear probing; the first slot follows on the last one. A slot is one
-  // integer, so that a vector of slots is cleared by memset(): 0 if it is free, else the hash in
-  // the lower half and the number of the entry plus one in the upper half.
+  // Open addressing with linear probing, which continues from the last slot to the first. A slot is
+  // one integer, so that a vector of slots is cleared by memset(). A free slot is 0; a used slot
+  // has the hash in the lower half and the number of the entry plus one in the upper half.
   struct Slot {
     bool isFree() const { return bits == 0; }
     std::uint32_t hash() const { return static_cast<std::uint32_t>(bits); }

@@ -1,7 +1,7 @@
 #pragma once
 
-// An arena, and its allocator for containers. If a piece overlapped another or was freed early,
-// texts and values that a tool refers to would change under its hands.
+// An arena, and its allocator for containers. If two allocations overlapped, or one was freed
+// early, texts and values would change while a tool refers to them.
 //
 // This folder has its own arena, list and hash table because those of the standard library cost
 // more for what a parser and a result store. Instructions, g++ 12 -O2 on x86-64:
@@ -54,7 +54,8 @@ class OwnedMemory {
     m_next += size;
     return piece;
   }
-  // `bytes` as in the call of allocate(). Of the small pieces, only the last one is reused.
+  // `bytes` must be those of the call of allocate(). The memory of a small piece is reused only if
+  // the piece was allocated last.
   void deallocate(void* piece, std::size_t bytes) noexcept {
     if (bytes > largestSmallBytes)
       ::operator delete(piece);
@@ -86,7 +87,7 @@ class OwnedMemory {
   ~OwnedMemory();
 
  private:
-  // The header of a block; the pieces follow on it.
+  // The header of a block; the pieces come directly after it.
   struct alignas(alignment) Block {
     Block* previous;
   };

@@ -95,7 +95,7 @@ class SegmentedList {
   T m_first{};
   std::size_t m_size = 0;
   std::size_t m_room = 1;
-  T** m_segments = nullptr;  // those after the first element; a table of 4, 8, 16... places
+  T** m_segments = nullptr;  // a table with places for 4, 8, 16... segments
 };
 
 template <class T>
