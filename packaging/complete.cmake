@@ -1,5 +1,5 @@
-# Runs when the files of each package lie in a folder of their own, and adds what depends
-# on them: the dependencies and the symbols of the library, and the compressed texts.
+# Runs after CPack has put the files of each package into a separate folder. Adds what depends on
+# these files: the dependencies and the symbols of the library, and the compressed texts.
 cmake_minimum_required(VERSION 3.25)
 
 set(control_dir ${CPACK_TEMPORARY_DIRECTORY}/control)
@@ -12,7 +12,7 @@ if(NOT CPACK_KIVO_CHANGELOG_VERSION STREQUAL CPACK_PACKAGE_VERSION)
                       "this is version ${CPACK_PACKAGE_VERSION}")
 endif()
 
-# dpkg-shlibdeps expects to stand in a Debian source tree.
+# dpkg-shlibdeps must run in a Debian source tree.
 file(WRITE ${control_dir}/debian/control
      "Source: kivo\n\nPackage: ${library_package}\nArchitecture: any\n")
 set(shown ${control_dir}/debian/${library_package})
@@ -26,7 +26,7 @@ execute_process(COMMAND dpkg-shlibdeps -O -e${shown}/${library_name}
 string(REGEX REPLACE "^shlibs:Depends=" "" CPACK_DEBIAN_KIVO_LIBRARY_PACKAGE_DEPENDS
        "${dependencies}")
 
-# Level 4 refuses any difference from the symbols that are promised.
+# dpkg-gensymbols -c4 fails on any difference from the promised symbols.
 execute_process(COMMAND dpkg-gensymbols -c4 -p${library_package} -v${full_version} -e${library}
                         -I${CPACK_KIVO_PACKAGING_DIR}/${library_package}.symbols
                         -O${control_dir}/symbols
@@ -38,7 +38,7 @@ file(WRITE ${control_dir}/shlibs
 set(CPACK_DEBIAN_KIVO_LIBRARY_PACKAGE_CONTROL_EXTRA
     ${control_dir}/symbols ${control_dir}/shlibs ${CPACK_KIVO_PACKAGING_DIR}/triggers)
 
-# Without name and time in the archive the same text always gives the same bytes.
+# gzip -n leaves out the name and the time, so that the same text always gives the same bytes.
 function(compress source target)
   execute_process(COMMAND gzip -9nc ${source} OUTPUT_FILE ${target} COMMAND_ERROR_IS_FATAL ANY)
   file(CHMOD ${target} PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Compares what the shared library exports with the list that is promised; with
-# KIVO_RENEW=1 it writes the list instead, to be read in the diff. A symbol from outside
-# our namespaces, an instance of a standard template say, is refused either way.
+# Compares the symbols that the shared library exports with the promised list. With KIVO_RENEW=1 it
+# writes the list first: read its diff. A symbol outside of our namespaces, such as an instance of a
+# standard template, fails in both cases.
 #   exported_symbols.sh LIBRARY LIST
 set -euo pipefail
 library=$1 list=$2

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Compiles each public header alone, with warnings as errors.
+# Compiles each public header alone, in C++17 and C++20, with warnings as errors.
 #   headers_alone.sh SOURCE-DIRECTORY COMPILER
 set -euo pipefail
 cd "$1"

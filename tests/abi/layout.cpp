@@ -1,5 +1,5 @@
-// Prints what a tool has compiled in of the records and numbers of the interface. Has to be
-// compiled with -fno-access-control, to see the private fields.
+// Prints the layout of the records of the interface, and its numbers: tools have both compiled in.
+// Compile this with -fno-access-control, because it reads private fields.
 #include <kivo/kivo.h>
 
 #include <cstddef>
@@ -10,7 +10,7 @@ using namespace kivo_3_3;
 
 namespace {
 
-// What a derived class adds begins where the data of the base class ends, padding or not.
+// The fields of a derived class begin where the data of the base class ends, maybe in its padding.
 template <class T>
 struct Followed : T {
   char next;
@@ -22,7 +22,7 @@ void record(const char* name) {
             << ", aligned to " << alignof(T) << '\n';
 }
 
-// A record that could be copied by its bytes alone would be handed over in registers.
+// A trivially copyable record would be passed in registers.
 template <class T>
 void handedOver() {
   std::cout << "  handed over by "
@@ -52,7 +52,8 @@ void records() {
   field("m_value", offsetof(variant_t, m_value), sizeof(variant_t::m_value));
   field("m_type", offsetof(variant_t, m_type), sizeof(variant_t::m_type));
   handedOver<variant_t>();
-  // The text follows in the same block: get<const char*>() is compiled into tools.
+  // The characters follow in the same block. Tools depend on this, because get<const char*>() is
+  // inline.
   record<variant_t::data_t>("variant_t::data_t");
   field("m_bytes", offsetof(variant_t::data_t, m_bytes), sizeof(variant_t::data_t::m_bytes));
   field("m_references", offsetof(variant_t::data_t, m_references),

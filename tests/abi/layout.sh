@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
-# Compares the sizes and offsets of the records of the interface and its numbers, as the
-# compiler lays them out, with what is promised on 64-bit Linux; with KIVO_RENEW=1 it
-# writes the promise instead, to be read in the diff.
+# Compares the layout of the records of the interface, and its numbers, with what is promised on
+# 64-bit Linux. With KIVO_RENEW=1 it writes the promise first: read its diff.
 #   layout.sh SOURCE-DIRECTORY LIST COMPILER
 set -euo pipefail
 source=$1 list=$2 compiler=$3

@@ -1,6 +1,6 @@
-// Classes that fill the slots of the interfaces, for the compilers' dumps of their tables:
-// in the table of an interface itself the pure slots have no names. The signatures are
-// written out, so that one which changes in the interface does not compile here.
+// Classes that override all virtual functions of the interfaces, for the compilers' dumps of their
+// tables: in the table of an interface itself, pure functions have no names. The signatures are
+// written out, so that a changed signature in the interface does not compile here.
 #include <kivo/kivo.h>
 
 using namespace kivo_3_3;
@@ -12,15 +12,15 @@ class EventHandlerProbe : public EventHandler {
   bool onUknownArgument(const char* argument) override;
 };
 
-// Fills one of the two slots named getDescription: a dump without parameters tells them
-// apart by the class.
+// Overrides one of the two functions named getDescription. A dump has no parameters, so only the
+// name of the class distinguishes them.
 class TopicProbe : public IParser {
  public:
   using IParser::getDescription;
   const char* getDescription(const char* topic, bool hidden) override;
 };
 
-// Leaves the slots of EventHandler alone.
+// Does not override the functions of EventHandler.
 class IParserProbe : public TopicProbe {
  public:
   void destroy() override;
@@ -70,7 +70,7 @@ class IParseResultProbe : public IParseResult {
   ~IParseResultProbe() override;
 };
 
-// clang++ shows the tables that it needs.
+// clang++ dumps only the tables that are used.
 EventHandler* makeHandler() { return new EventHandlerProbe; }
 IParser* makeParserProbe() { return new IParserProbe; }
 IOption* makeOption() { return new IOptionProbe; }

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Compares the order and number of the virtual operations of the interfaces, as the
-# compiler's dump of its tables shows them, with what is promised; with KIVO_RENEW=1 it
-# writes the promise instead, to be read in the diff. A destructor takes two slots.
+# Compares the order and number of the virtual functions of the interfaces, as the compiler dumps
+# them, with what is promised. With KIVO_RENEW=1 it writes the promise first: read its diff. A
+# destructor takes two slots.
 #   slots.sh SOURCE-DIRECTORY LIST COMPILER
 set -euo pipefail
 source=$1 list=$2 compiler=$3
@@ -14,7 +14,7 @@ compile() {
     -I"$source/platform/bedrock/include" "$probe" "$@"
 }
 
-# One line a slot, "CLASS OWNER::OPERATION": what comes ahead of the first slot is left out.
+# Prints "CLASS OWNER::FUNCTION" for each slot, without the entries before the first slot.
 dumpedByGcc() {
   compile -fsyntax-only -fdump-lang-class="$scratch/dump"
   sed -E 's/\(int \(\*\)\(\.\.\.\)\)//' "$scratch/dump" | awk '

@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# Builds a program against an older build of the library and runs it, as it is, with newer
-# ones: with the library under test, and with one whose internal classes have grown, which
-# is made by another compiler where there is one. It has to print the same each time.
+# Builds a program against an older build of the library. Runs it, without building it again, with
+# newer builds: with the library under test, and with a library whose internal classes have grown,
+# built by another compiler if there is one. The program must print the same each time.
 #
-# The older build is that of the first release with the same soname; before there is one,
-# that of the commit that last wrote kivo.abi, when the binary interface was last changed
-# on purpose. Without a history, in a source archive for one, it is made from these very
-# sources: then only the optimization and the internal classes differ, and the output says so.
+# The older build is that of the first release with the same soname. Before there is such a release,
+# it is that of the commit that last wrote kivo.abi: there the binary interface was last changed on
+# purpose. Without a git history, as in a source archive, it is made from these sources: then only
+# the optimization and the internal classes differ, and the output says so.
 #   swap.sh SOURCE-DIRECTORY LIBRARY COMPILER [OTHER-COMPILER]
 # With KIVO_RENEW=1 the expected output is written from the run with the older build.
 set -euo pipefail
@@ -19,7 +19,7 @@ trap 'rm -rf "$scratch"' EXIT
 sonameOf() { readelf --dynamic "$1" | sed -n 's/.*(SONAME).*\[\(.*\)\]/\1/p'; }
 soname=$(sonameOf "$library")
 
-# What the older build is made from, empty where the history does not tell.
+# The revision that the older build is made from; empty if there is no git history.
 olderRevision() {
   local tags
   tags=$(git -C "$source" tag --list "v${soname#libkivo.so.}.*" --sort=version:refname \
@@ -31,7 +31,8 @@ olderRevision() {
   fi
 }
 
-# Copies the sources of the library, from a revision or as they stand, without what was built among them.
+# Copies the sources of the library, from a revision or from the working tree, without build
+# folders.
 copySources() {
   mkdir "$2"
   if [ -n "$1" ]; then
@@ -41,7 +42,7 @@ copySources() {
   fi
 }
 
-# Gives the classes behind the interfaces a field ahead of all others.
+# Adds a field before all others to the internal classes.
 growInternals() {
   local grown
   for grown in parser/basic_parser.h:BasicParser result/parse_result.h:ParseResult \

@@ -1,5 +1,5 @@
-// A tool that uses every operation of the interface and prints what came of each, but no
-// text that the library composes: messages and help may be worded anew.
+// A tool that uses every operation of the interface and prints its outcome, but no text that the
+// library composes: the words of messages and help may change.
 #include <bedrock/assertion.h>
 #include <kivo/kivo.h>
 
@@ -32,7 +32,7 @@ class Handler : public kivo::EventHandler {
   }
 };
 
-// A result of the tool's own making, which the library reads through the slots.
+// A result class of the tool, which the library reads through the virtual functions.
 class Countdown : public kivo::IParseResult {
  public:
   void destroy() override {}
@@ -165,7 +165,7 @@ void useFunctions() {
   show("dash", kivo::getDashLength("\xE2\x80\x93", 0));
   std::cout << kivo::paragraphString("one two three", "-", 4, 10);
   const kivo::WordWrappedText wrapped("-", "one two three", 4, 14);
-  const kivo::WordWrappedText copied = wrapped;  // the copy is the tool's own code
+  const kivo::WordWrappedText copied = wrapped;  // the copy constructor is compiled into the tool
   std::cout << copied.getText();
 }
 

@@ -51,7 +51,7 @@ void* allocate(std::size_t bytes, std::size_t alignment) {
   return counted(fails() ? nullptr : std::aligned_alloc(alignment, rounded));
 }
 
-// What is freed is overwritten, so that whoever still reads it is found out.
+// Overwrites freed memory, so that a later read of it is noticed.
 void release(void* block) noexcept {
   if (block == nullptr)
     return;
@@ -78,8 +78,8 @@ long liveBlocks() { return live; }
 
 }  // namespace kivo_3_3::testing
 
-// Arrays and the forms that do not throw come down to these. The default memory resource
-// asks for all that it hands out by its alignment.
+// The other forms of operator new call these. The default memory resource always calls the form
+// with an alignment.
 void* operator new(std::size_t bytes) { return kivo_3_3::testing::allocate(bytes); }
 void* operator new(std::size_t bytes, std::align_val_t alignment) {
   return kivo_3_3::testing::allocate(bytes, static_cast<std::size_t>(alignment));

@@ -1,14 +1,14 @@
 #pragma once
 
-// Memory that runs out on demand. An executable that links this has its global
-// allocation functions replaced.
+// Makes memory run out on demand. An executable that links this has its global allocation functions
+// replaced.
 
 namespace kivo_3_3::testing {
 
 enum class Failing { once, forEver };
 
-// While one lives, `allowed` allocations of the process succeed; the next one fails, or
-// that and all behind it.
+// For its lifetime, `allowed` allocations of the process succeed; then the next one fails, or all
+// following ones do.
 class AllocationLimit {
  public:
   AllocationLimit(long allowed, Failing failing);
@@ -20,10 +20,10 @@ class AllocationLimit {
   bool reached() const;
 };
 
-// Allocations made to fail in this process so far.
+// The number of allocations that were made to fail in this process so far.
 long failedAllocations();
 
-// Blocks that were allocated and not freed yet.
+// The number of blocks that were allocated and not freed yet.
 long liveBlocks();
 
 }  // namespace kivo_3_3::testing

@@ -1,4 +1,4 @@
-// Parsers, results and declarations for which memory runs out: whole, or not there.
+// Memory runs out while a parser, a result or a declaration is made: it is complete, or not there.
 
 #include <gtest/gtest.h>
 
@@ -56,7 +56,7 @@ TEST(MemoryRunsOut, CreateResultReturns3AndStoresNothing) {
       [](Made& scene) { EXPECT_EQ(scene.result != nullptr ? 0 : 3, scene.outcome); });
 }
 
-TEST(MemoryRunsOut, DestroyNeedsNone) {
+TEST(MemoryRunsOut, DestroyAllocatesNothing) {
   IParser* parser = nullptr;
   IParseResult* result = nullptr;
   createParser(&parser, 0);
@@ -70,7 +70,7 @@ TEST(MemoryRunsOut, DestroyNeedsNone) {
   EXPECT_FALSE(limit.reached());
 }
 
-// A declaration, and what the whole help shows of it once it has been made.
+// A parser with some declarations, and the builder of one more.
 struct Declaring {
   Declaring() {
     command.action("run", vtNull);
@@ -83,7 +83,7 @@ struct Declaring {
 };
 
 const struct {
-  const char* name;  // of the declared
+  const char* name;  // of the declared option
   bool isAction;
   IOption* (*declare)(IParser& parser);
 } declarations[] = {
@@ -98,7 +98,7 @@ const struct {
      }},
 };
 
-// What the help tells of an option, and with which actions it goes.
+// The help of an option, and the lists of modifiers, which show the actions that it goes with.
 std::string helpFor(IParser& parser, const char* name) {
   return std::string(parser.getDescription(name, false)) + "|" +
          parser.getGlobalModifiersDescription(false) + "|" +
@@ -123,7 +123,7 @@ TEST(MemoryRunsOut, DeclarationIsCompleteOrNotThere) {
           const bool isThere = parser.isOptionDeclared(d.name, d.isAction, nullptr);
           EXPECT_EQ(isThere ? helpWith : helpWithout, helpFor(parser, d.name));
           if (!isThere) {
-            scene.builder->synonym("other")->positional();  // the fallback is harmless
+            scene.builder->synonym("other")->positional();  // this builder has no effect
             EXPECT_EQ(helpWithout, helpFor(parser, d.name));
             d.declare(parser);
             EXPECT_EQ(helpWith, helpFor(parser, d.name));
@@ -146,7 +146,7 @@ TEST(MemoryRunsOut, RejectedDeclarationIsStillRejected) {
       });
 }
 
-// All that a builder can change of an option, and what is known of it.
+// An option, and as a text everything that a builder can change of it.
 struct Amending {
   Amending() { option.m_tokenizer = '\0'; }
 
@@ -175,7 +175,7 @@ struct Amending {
 TEST(MemoryRunsOut, AmendmentIsMadeAsAWholeOrNotAtAll) {
   const variant_t value(longText);
   const struct {
-    const char* amended;  // of an option "level whole"
+    const char* amended;  // render() after the change; "level whole" before
     std::function<IOption*(IOption&)> amend;
   } cases[] = {
       {"level a text that is too long to be kept without memory of its own whole",
@@ -228,10 +228,10 @@ TEST(MemoryRunsOut, HandlerIsRegisteredOrIgnored) {
         EXPECT_TRUE(told.empty() || told == "unknown x") << told;
         scene.command.parser().removeHandler(&scene.handler);
       });
-  EXPECT_EQ("unknown x", told);  // once there was memory enough
+  EXPECT_EQ("unknown x", told);  // the last round has enough memory
 }
 
-TEST(MemoryRunsOut, SimultaneousActionsAreAllowedOrFalseComesBack) {
+TEST(MemoryRunsOut, SimultaneousActionsAreAllowedOrTheAnswerIsFalse) {
   const std::set<std::string> together = {"run", "walk"};
   struct TwoActions : Handling {
     TwoActions() {
@@ -260,13 +260,13 @@ TEST(MemoryRunsOut, OptionFilesAreDeclaredOrNotThere) {
       [](Handling& scene) {
         IParser& parser = scene.command.parser();
         EXPECT_TRUE(scene.added);
-        parser.addOptionFileOption(longText, longText);  // rejected where it is declared
+        parser.addOptionFileOption(longText, longText);  // rejected if it is declared
         EXPECT_EQ("6: Error reading option file 'none'",
                   scene.command.parsed({"--option-file=none"}));
       });
 }
 
-TEST(MemoryRunsOut, AskingForADeclarationNeedsNone) {
+TEST(MemoryRunsOut, IsOptionDeclaredAllocatesNothing) {
   Command command;
   command.option("level", vtS32, longText);
   const AllocationLimit limit(0, Failing::forEver);

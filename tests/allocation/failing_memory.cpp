@@ -8,7 +8,7 @@ namespace kivo_3_3::testing {
 
 namespace {
 
-// Tells at the end how much was tried.
+// Prints at the end how many allocations were made to fail.
 class TellFailedAllocations : public ::testing::Environment {
  public:
   void TearDown() override {

@@ -1,6 +1,6 @@
 #pragma once
 
-// Fails every allocation of an operation in turn.
+// Makes each allocation of an operation fail in turn.
 
 #include <gtest/gtest.h>
 
@@ -11,11 +11,10 @@
 
 namespace kivo_3_3::testing {
 
-// Sets a `Scene` up, runs `operation` on it with its first allocation failing, has
-// `check` look at the outcome, and ends the scene; then with the second allocation
-// failing, and so on until the operation gets through. All of it with one failure only,
-// and again with failures for ever after. Neither may the operation raise anything, nor
-// may anything stay behind once the scene has ended.
+// Sets up a `Scene`, runs `operation` on it with the first allocation failing, calls `check` and
+// destroys the scene; then again with the second allocation failing, and so on until the operation
+// succeeds. Does all of this with a single failure, and again with all later allocations failing
+// too. The operation must not throw, and the scene must not leak.
 template <class Scene, class Operation, class Check>
 void failEachAllocation(Operation operation, Check check) {
   for (const Failing failing : {Failing::once, Failing::forEver}) {
@@ -41,7 +40,7 @@ void failEachAllocation(Operation operation, Check check) {
       }
       EXPECT_EQ(before, liveBlocks());
       if (::testing::Test::HasFailure())
-        return;  // those that follow would say the same
+        return;  // the later rounds would fail in the same way
     }
   }
 }

@@ -1,4 +1,5 @@
-// Help and error texts for which memory runs out: whole, or what stands in for them.
+// Memory runs out while help or an error text is made: the text is whole, or a documented
+// substitute.
 
 #include <gtest/gtest.h>
 
@@ -47,7 +48,8 @@ const struct {
      [](IParser& parser) { return parser.getGlobalModifiersDescription(false); }},
 };
 
-// What may come in place of a help: the remark ahead of it, if any, stays.
+// Whether the answer is a documented substitute for the help. The sentence before the help, if any,
+// may stay.
 bool tellsFailure(const std::string& answer, const std::string& whole) {
   const std::size_t remark = whole.rfind("Help for none", 0) == 0 ? whole.find('\n') + 1 : 0;
   return answer.empty() || answer == "Unknown error handled." ||

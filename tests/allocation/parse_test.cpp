@@ -1,5 +1,5 @@
-// Parses for which memory runs out: the full answer, or status 3 or 4; and the parser
-// goes on as if nothing had been.
+// Memory runs out during a parse: the outcome is complete, or the status is 3 or 4. Afterwards the
+// parser works as before.
 
 #include <gtest/gtest.h>
 
@@ -30,7 +30,7 @@ using Arguments = std::vector<string>;
 
 constexpr const char* longText = "a text too long to be kept without memory";
 
-// One of each kind.
+// Declares one option of each kind.
 void declareAll(Command& command) {
   command.option("level,l", vtS32)->defaultValue(3);
   command.option("ratio", vtDouble)->tokenize('\0');
@@ -58,7 +58,7 @@ struct Parsing {
   int outcome = -1;
 };
 
-// The answer as Command::parsed() gives it.
+// The outcome as Command::parsed() returns it.
 string answerOf(Parsing& scene) {
   return scene.outcome == 0 ? scene.command.render()
                             : std::to_string(scene.outcome) + ": " + scene.command.error();
@@ -70,7 +70,7 @@ void expectEqual(const GivenOption& first, const GivenOption& second) {
     EXPECT_EQ(first.values[i].value, second.values[i].value);
 }
 
-// An attempt gives the full answer, or fails and says so.
+// A parse gives the full answer, or fails with status 3 or 4.
 void expectSound(Parsing& scene, const string& answer) {
   const string given = answerOf(scene);
   const bool failed = scene.outcome == 3 || given == "4: Unidentified problem detected.";
@@ -100,7 +100,7 @@ void expectSound(Parsing& scene, const string& answer) {
   }
 }
 
-// The result that a failed parse has left can be read, and filled again.
+// After a failed parse the result can be read, and filled again.
 void expectUsable(Parsing& scene, const string& answer, const Arguments& args) {
   IParseResult& result = scene.command.result();
   for (const char* name : {"level", "list", "input", "run", "option-file"}) {
@@ -113,7 +113,7 @@ void expectUsable(Parsing& scene, const string& answer, const Arguments& args) {
   EXPECT_EQ(status, scene.command.parseMore(args));
 }
 
-// Parses with every allocation failing in turn; the parse behind each gives the full
+// Parses with each allocation failing in turn; the next parse after each failure gives the full
 // answer.
 template <class Scene>
 void failEachParse(const Arguments& args, const string& answer) {
@@ -205,14 +205,14 @@ const struct {
     {"--run\n--option-file=none\n", "6: Error reading option file 'none'"},
 };
 
-TEST(MemoryRunsOut, CommandLineIsParsedInFullOr3Or4ComesBack) {
+TEST(MemoryRunsOut, CommandLineIsParsedInFullOrFailsWith3Or4) {
   for (const auto& c : commandLines) {
     SCOPED_TRACE(::testing::PrintToString(c.args));
     failEachParse<Parsing>(c.args, c.answer);
   }
 }
 
-TEST(MemoryRunsOut, ArgumentsBehindTheSeparatorAreBoundInFullOr3Or4ComesBack) {
+TEST(MemoryRunsOut, ArgumentsAfterTheSeparatorAreBoundInFullOrTheParseFailsWith3Or4) {
   struct LeftoversToo : Parsing {
     LeftoversToo() : Parsing(parserFlags::leftoverArgumentsArePositional) {}
   };
@@ -222,7 +222,7 @@ TEST(MemoryRunsOut, ArgumentsBehindTheSeparatorAreBoundInFullOr3Or4ComesBack) {
                               " memory@+7");
 }
 
-TEST(MemoryRunsOut, UnknownArgumentIsAnErrorOr3Or4ComesBack) {
+TEST(MemoryRunsOut, UnknownArgumentIsAnErrorOrTheParseFailsWith3Or4) {
   struct Strict : Parsing {
     Strict()
         : Parsing(parserFlags::unknownArgumentIsError |
@@ -232,7 +232,7 @@ TEST(MemoryRunsOut, UnknownArgumentIsAnErrorOr3Or4ComesBack) {
                         string("2: Unknown option: --") + longText);
 }
 
-TEST(MemoryRunsOut, OptionFilesAreReadInFullOr3Or4ComesBack) {
+TEST(MemoryRunsOut, OptionFilesAreReadInFullOrTheParseFailsWith3Or4) {
   const TemporaryFolder folder;
   const string inner = folder.write("inner", "--list=inside\n--\nrest\n");
   const string outer = folder.write("outer", "--level=17\n--option-file=" + inner + "\n");
@@ -248,7 +248,7 @@ TEST(MemoryRunsOut, OptionFilesAreReadInFullOr3Or4ComesBack) {
                          "6: Error reading option file '" + folder.path("none") + "'");
 }
 
-TEST(MemoryRunsOut, StreamIsParsedInFullOr3Or4ComesBack) {
+TEST(MemoryRunsOut, StreamIsParsedInFullOrFailsWith3Or4) {
   for (const auto& c : streams) {
     SCOPED_TRACE(c.text);
     failEachAllocation<Parsing>(
@@ -263,12 +263,12 @@ TEST(MemoryRunsOut, StreamIsParsedInFullOr3Or4ComesBack) {
   }
 }
 
-TEST(MemoryRunsOut, TracedParseIsDoneInFullOr3Or4ComesBack) {
+TEST(MemoryRunsOut, TracedParseIsDoneInFullOrFailsWith3Or4) {
   failEachParse<Parsing>({"kivooption=kivologenable=1", "--run", "--list=a,b", "--", "c"},
                          "level(3)@+1 run@+3 list=a,b@+4 | c@+7");
 }
 
-TEST(MemoryRunsOut, NumbersOfAnotherLocaleAreReadAndWrittenInFullOr3Or4ComesBack) {
+TEST(MemoryRunsOut, NumbersOfAnotherLocaleAreReadAndWrittenInFullOrTheParseFailsWith3Or4) {
   struct Limited : Parsing {
     Limited() { command.option("limit", vtU64)->defaultValue(18'446'744'073'709'551'615ULL); }
   };
@@ -278,8 +278,8 @@ TEST(MemoryRunsOut, NumbersOfAnotherLocaleAreReadAndWrittenInFullOr3Or4ComesBack
                          " level=17@+7 size=1Fh@+9");
 }
 
-// What handlers are told is right as far as it goes: no name or text is lost on the way.
-TEST(MemoryRunsOut, HandlersAreToldWholeTextsOr3Or4ComesBack) {
+// Until the parse fails, handlers receive the same events as otherwise, with whole texts.
+TEST(MemoryRunsOut, HandlersReceiveWholeTextsOrTheParseFailsWith3Or4) {
   struct Watched : Parsing {
     Watched() : Parsing(parserFlags::dashArgumentsAreNeverPositional) {
       command.parser().addHandler(&handler);
@@ -316,9 +316,8 @@ TEST(MemoryRunsOut, RefusedValueEndsTheParseWith1Or3Or4) {
                           " memory'");
 }
 
-// A warning is written as a whole or not at all.
-TEST(MemoryRunsOut, WarningIsNotTornApart) {
-  // Takes what is written without memory of its own.
+TEST(MemoryRunsOut, WarningIsWrittenWholeOrNotAtAll) {
+  // A stream buffer that does not allocate.
   struct Paper : std::streambuf {
     Paper() { setp(std::begin(characters), std::end(characters)); }
     string text() const { return string(pbase(), pptr()); }
@@ -345,7 +344,7 @@ TEST(MemoryRunsOut, WarningIsNotTornApart) {
       });
 }
 
-// Its declarations make the list of options grow while the parse refers to them.
+// The declarations of the handler make the list of options grow while the parse refers to it.
 TEST(MemoryRunsOut, HandlerMayDeclareAndTheNextParseKnowsIt) {
   struct Declaring : Parsing {
     Declaring() {
@@ -360,7 +359,7 @@ TEST(MemoryRunsOut, HandlerMayDeclareAndTheNextParseKnowsIt) {
   failEachParse<Declaring>(args, "level(3)@+1 run@+3 level=17@+4 level=18@+6");
 }
 
-TEST(MemoryRunsOut, ParseWithoutAResultIsDoneInFullOr3Or4ComesBack) {
+TEST(MemoryRunsOut, ParseWithoutAResultIsDoneInFullOrFailsWith3Or4) {
   const char* const argv[] = {"tool", "--run", "--level=x"};
   failEachAllocation<Parsing>(
       [&](Parsing& scene) {

@@ -1,4 +1,4 @@
-// Queries while there is no memory: they answer in full or with "no value".
+// Queries without memory answer in full or with "no value".
 
 #include <gtest/gtest.h>
 #include <kivo/kivo.h>
@@ -20,7 +20,7 @@ using testing::Failing;
 constexpr const char* longText = "a text too long to be kept without memory";
 constexpr const char* listed = "--list=a text too long to be kept without memory";
 
-// A result to ask, and what it answered.
+// A result to query.
 struct Asking {
   Asking() {
     command.option("level,l", vtS32);
@@ -31,7 +31,7 @@ struct Asking {
 
   IParseResult& result() { return command.result(); }
 
-  // What is asked for again is all there.
+  // After a query without memory, queries answer in full.
   void expectUsable() {
     EXPECT_STREQ(longText, result().get("tone").text);
     EXPECT_STREQ("17", result().get("level").text);
@@ -39,7 +39,8 @@ struct Asking {
     EXPECT_EQ((std::vector<std::string>{longText, "b"}), leftoverTexts());
   }
 
-  // A text of its own, unlike one that only refers to the result's.
+  // Checks the text and its type. A vtString has characters of its own; a vtStringReference would
+  // refer to those of the result.
   void expectList(const char* text, variant_type_t type, const Value& value) {
     EXPECT_STREQ(text, value.text);
     EXPECT_STREQ(text, value.value.get<const char*>());
@@ -54,7 +55,7 @@ struct Asking {
   Command command;
 };
 
-TEST(MemoryRunsOut, GetNeedsNone) {
+TEST(MemoryRunsOut, GetAllocatesNothing) {
   Asking scene;
   {
     const AllocationLimit limit(0, Failing::forEver);
@@ -81,7 +82,7 @@ TEST(MemoryRunsOut, ATextThatCannotBeCopiedIsNoValueAndStaysTheNext) {
   scene.expectUsable();
 }
 
-// There is room for some texts inside of the result; then the set of its texts has to grow.
+// The result has room to intern some texts; then its hash table has to grow, which fails.
 TEST(MemoryRunsOut, ALeftoverArgumentThatCannotBeInternedIsEmpty) {
   Command command;
   std::vector<std::string> args = {"--"};
@@ -101,7 +102,7 @@ TEST(MemoryRunsOut, ALeftoverArgumentThatCannotBeInternedIsEmpty) {
   EXPECT_STREQ("3999", leftovers(result).back());
 }
 
-TEST(MemoryRunsOut, GetOfADefaultNeedsNone) {
+TEST(MemoryRunsOut, GetOfADefaultAllocatesNothing) {
   Asking scene;
   {
     const AllocationLimit limit(0, Failing::forEver);
@@ -113,7 +114,7 @@ TEST(MemoryRunsOut, GetOfADefaultNeedsNone) {
   scene.expectUsable();
 }
 
-TEST(MemoryRunsOut, NextNeedsNone) {
+TEST(MemoryRunsOut, NextAllocatesNothing) {
   Asking scene;
   {
     const AllocationLimit limit(0, Failing::forEver);
@@ -128,7 +129,7 @@ TEST(MemoryRunsOut, NextNeedsNone) {
   scene.expectUsable();
 }
 
-TEST(MemoryRunsOut, GetLastValueNeedsNone) {
+TEST(MemoryRunsOut, GetLastValueAllocatesNothing) {
   Asking scene;
   {
     const AllocationLimit limit(0, Failing::forEver);
@@ -138,7 +139,7 @@ TEST(MemoryRunsOut, GetLastValueNeedsNone) {
   scene.expectUsable();
 }
 
-TEST(MemoryRunsOut, LeftoverArgumentsNeedNone) {
+TEST(MemoryRunsOut, LeftoverArgumentsAllocateNothing) {
   Asking scene;
   {
     const AllocationLimit limit(0, Failing::forEver);
@@ -153,7 +154,7 @@ TEST(MemoryRunsOut, LeftoverArgumentsNeedNone) {
   scene.expectUsable();
 }
 
-TEST(MemoryRunsOut, PresenceAndPositionsNeedNone) {
+TEST(MemoryRunsOut, PresenceAndPositionsAllocateNothing) {
   Asking scene;
   const AllocationLimit limit(0, Failing::forEver);
   EXPECT_TRUE(scene.result().present("a name that is nowhere, and too long for itself") == false);
@@ -164,7 +165,7 @@ TEST(MemoryRunsOut, PresenceAndPositionsNeedNone) {
   EXPECT_FALSE(limit.reached());
 }
 
-// Some conveniences return containers and strings, and raise what these raise.
+// Functions that return containers and strings throw what these throw.
 TEST(MemoryRunsOut, RangesRaiseBadAllocAndLeaveTheResultUsable) {
   Asking scene;
   {
@@ -176,7 +177,7 @@ TEST(MemoryRunsOut, RangesRaiseBadAllocAndLeaveTheResultUsable) {
   scene.expectUsable();
 }
 
-TEST(MemoryRunsOut, HandlesComeBackEmpty) {
+TEST(MemoryRunsOut, HandlesAreEmpty) {
   Command command;
   const AllocationLimit limit(0, Failing::forEver);
   EXPECT_EQ(nullptr, makeParser());

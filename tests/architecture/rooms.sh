@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Holds the #include lines against the plan of the house: which folder of src/ may
-# include which, that public headers include nothing of src/, that the platform layers
-# know nothing of the library, and that the reference stands on none of src/.
+# Checks the #include lines against the plan: which folder of src/ may include which. Public headers
+# must not include src/, the platform layers must not include the library, and the reference must
+# not include src/.
 #   rooms.sh SOURCE-DIRECTORY
 set -euo pipefail
 cd "$1"
@@ -46,8 +46,8 @@ if grep -rnE '#include [<"]stratum2/' platform/bedrock; then
   complain "bedrock includes stratum2, which stands on it"
 fi
 
-# The reference shows nothing if it stands on what it is compared with. Its scenarios may look into
-# the library, to reset what belongs to the process.
+# The reference proves nothing if it includes what it is compared with. Only its scenarios may
+# include the library, to run it and to reset the state of the process.
 while read -r file included; do
   [[ $file == tests/reference/scenarios/* ]] && continue
   checked=$((checked + 1))

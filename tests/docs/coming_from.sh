@@ -1,14 +1,14 @@
 #!/usr/bin/env bash
-# Compares the tables of docs/coming-from.md with its programs: every piece of code in a column
-# "you write" has to occur in a block of the page; follow.sh compiles and runs the blocks. Code
-# that is the text of a link is shown where the link leads.
+# Compares the tables of docs/coming-from.md with its programs: every piece of code in a column "you
+# write" has to occur in a block of the page; follow.sh compiles and runs the blocks. Code in the
+# text of a link is not checked, because the link leads to its program.
 #   coming_from.sh SOURCE-DIRECTORY
 set -euo pipefail
 document=$1/docs/coming-from.md
 failures=0
 complain() { printf '%s\n' "$@" >&2; failures=$((failures + 1)); }
 
-# All on one line, since a program may break an expression where a table cannot.
+# Puts all on one line, because a program may break an expression where a table cannot.
 asOneLine() { tr '\n' ' ' | sed -E 's/ +/ /g'; }
 blocks=$(sed -n '/^```[a-z]/,/^```$/p' "$document" | asOneLine | sed 's/ ->/->/g')
 

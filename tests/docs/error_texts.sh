@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Holds the tables of messages in docs/command-line.md against what really comes out: each
-# row names what is typed, the message, and in the first table the status. Nothing that the
-# library can say may be missing there.
+# Compares the tables of messages in docs/command-line.md with the real messages. Each row has the
+# typed command, the message, and in the first table the exit status. Every message of the library
+# must be in a table.
 #   error_texts.sh SOURCE-DIRECTORY SAMPLE-TOOLS
 set -euo pipefail
 source=$1 sampleTools=$2
@@ -16,10 +16,10 @@ export PATH="$work/bin:$PATH"
 failures=0
 complain() { printf '%s\n' "$@" >&2; failures=$((failures + 1)); }
 
-# The column $2, of those between bars, of a row; without the backticks around it.
+# Column $2 of the row $1, without the backticks around its text.
 column() { awk -F ' [|] ' -v n="$2" '{ sub(/^[|] /, ""); text = $n; gsub(/^`|`$/, "", text); print text }' <<<"$1"; }
 
-# Messages that end a parse are all there is on standard error.
+# A message that ends a parse is the whole output.
 checkFailure() {
   local typed expected wanted shown status=0
   typed=$(column "$1" 1) expected=$(column "$1" 2) wanted=$(column "$1" 3)
@@ -29,7 +29,7 @@ checkFailure() {
     complain "$typed" "  shows    $shown [$status]" "  and not  $expected [$wanted]"
 }
 
-# The others are the first line, and all is well.
+# Any other message is the first line of the output, and the exit status is 0.
 checkRemark() {
   local typed expected shown status=0
   typed=$(column "$1" 1) expected=$(column "$1" 2)
@@ -51,9 +51,9 @@ while IFS= read -r row; do
   checked=$((checked + 1))
 done < <(rows '| typed | text |')
 
-# The pieces that messages are made of: the texts with a blank and a word in the sources,
-# but for those of the trace, which stand in a line that says so or begin with a colon, and
-# for what help alone says.
+# The pieces of messages: the literals in the sources that have a blank and a word. Not among them
+# are the texts of the trace, which are in a line that names the trace or begin with a colon, and
+# the text that only help uses.
 pieces() {
   grep -hvE 'trace|out <<|#include|^ *//' "$source"/src/{options,recognizers,parser,help}/*.cpp |
     awk -F '"' '{ for (i = 2; i < NF; i += 2) print $i }' |

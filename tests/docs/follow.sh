@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# Follows a document as its reader would: saves its programs, compiles them with warnings
-# as errors, runs its commands, and compares what they print to the character.
+# Follows a document as its reader would: saves its programs, compiles them with warnings as errors,
+# runs its commands, and compares their output character by character.
 #   follow.sh SOURCE-DIRECTORY BUILD-DIRECTORY COMPILER COMPILER-FLAGS SAMPLE-TOOLS DOCUMENT
 #
-# Blocks of a document are taken in their order, in one shell and one folder:
-#   cpp      whose first line is "// NAME": saved under that name, and compiled; where it
-#            has two lines that begin with "// ----", it is the frame for those that follow
-#   cpp      else: stands in the frame between these two lines, saved and compiled
+# Blocks of a document are processed in order, in one shell and one folder:
+#   cpp      whose first line is "// NAME": saved under that name, and compiled; if it
+#            has two lines that begin with "// ----", it is the frame for later blocks
+#   cpp      else: put into the frame between these two lines, saved and compiled
 #   text, cmake   whose first line is "# NAME": saved under that name
 #   sh       one command a line; each is run and has to succeed
 #   console  run; what the commands print has to be what the block shows
@@ -30,12 +30,13 @@ split() {
     END { exit inside }' "$1" || complain "a block is not closed"
 }
 
-# The compiler of this build stands in for the one that is named, with every warning on.
+# The command g++ is the compiler of this build, with every warning on.
 cat >"$work/bin/g++" <<COMPILER
 #!/bin/sh
 exec "$compiler" $flags -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Werror "\$@"
 COMPILER
-# This build stands in for the release build; of that its presets have to be there.
+# The command cmake uses this build instead of the release build, and only checks that the presets
+# exist.
 cat >"$work/bin/cmake" <<CMAKE
 #!/bin/sh
 PATH=$PATH
@@ -82,7 +83,7 @@ compile() {
   programs=$((programs + 1))
 }
 
-# The commands see the exit status of the one before.
+# Each command sees the exit status of the previous one.
 converse() {
   local line status=0
   while IFS= read -r line <&3; do
@@ -119,7 +120,7 @@ split "$source/$document" "$work/blocks"
 if [ "$document" != docs/guide.md ]; then
   split "$source/docs/guide.md" "$work/guide"
   rm -f "$work"/guide/*.{cpp,text,cmake,console}
-  # Only the installation, which comes before the first program.
+  # Keeps only the installation, which comes before the first program.
   find "$work/guide" -name '*.sh' | sort | tail -n +3 | xargs -r rm
   follow "$work/guide"
 fi

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Follows the links between the documents: each file has to be there, and each heading.
-# What the documents call a file or a folder of this project has to be there as well.
+# Checks the links between the documents: each file and each heading must exist. A file or folder of
+# this project that a document names must exist too.
 #   links.sh SOURCE-DIRECTORY
 set -euo pipefail
 cd "$1"

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Lints a manual page with whatever of man and mandoc is there; at least one has to be.
+# Lints a manual page with man and mandoc. At least one of them must be installed.
 #   manual_page.sh PAGE
 set -euo pipefail
 page=$1

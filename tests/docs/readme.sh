@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Holds the README against what it describes: its program against examples/greet, and
-# the commands it shows against what greet really prints.
+# Compares the program in the README with examples/greet, and the commands in it with what greet
+# really prints.
 #   readme.sh SOURCE-DIRECTORY GREET
 set -euo pipefail
 cd "$1"

@@ -1,6 +1,6 @@
-// The tools that docs/command-line.md takes its examples from, in one program: called as
-// "archive" it has actions; as "nameless" it has an option that it forgot to name; under
-// any other name it is "tool", which has neither.
+// The tools that docs/command-line.md takes its examples from, in one program. Called as "archive"
+// it has actions; as "nameless" it has an option without a name; under any other name it is "tool",
+// which has neither.
 
 #include <kivo/kivo.h>
 

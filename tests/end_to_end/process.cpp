@@ -14,8 +14,8 @@
 #include <stdexcept>
 #include <system_error>
 
-// The streams of a process are files in a folder of their own: unlike pipes they cannot
-// fill up, and they lie beside what the process works on.
+// The streams of a process are files: unlike pipes they cannot fill up. They are in a separate
+// folder, outside of the one in which the process works.
 
 namespace end_to_end {
 namespace {

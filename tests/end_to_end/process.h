@@ -6,9 +6,9 @@
 
 namespace end_to_end {
 
-/// All that a process leaves behind.
+/// The outcome of a process.
 struct Outcome {
-  int status;  // the exit status, or 128 and the number of the signal that ended it
+  int status;  // the exit status, or 128 plus the number of the signal that ended the process
   std::string out;
   std::string err;
 };
@@ -16,7 +16,7 @@ struct Outcome {
 bool operator==(const Outcome& left, const Outcome& right);
 std::ostream& operator<<(std::ostream& out, const Outcome& outcome);
 
-/// A folder of its own for one test, removed with all it holds.
+/// A temporary folder for one test, removed with everything in it.
 class TemporaryFolder {
  public:
   TemporaryFolder();
@@ -30,8 +30,8 @@ class TemporaryFolder {
   std::string m_path;
 };
 
-/// Runs a program, looked for in PATH, inside `folder`, with `input` as its standard
-/// input, and waits for its end. The program is the first of `command`.
+/// Runs `command` in `folder`, with `input` as its standard input, and waits for its end. The first
+/// word is the program, which is searched for in PATH.
 Outcome run(const std::vector<std::string>& command, const std::string& folder,
             const std::string& input);
 

@@ -1,7 +1,7 @@
 #include "textkit_fixture.h"
 
-// How a command line is understood, and what a user reads who got it wrong: every error
-// is one line on standard error, with nothing on standard output.
+// How textkit reads a command line, and how it reports mistakes: every error is one line on
+// standard error, with nothing on standard output.
 
 namespace end_to_end {
 namespace {
@@ -25,7 +25,7 @@ TEST_F(TextkitErrors, AnArgumentThatLooksLikeAnOptionAndIsNoneIsUnknown) {
       {{"---count"}, 2, "Unknown option: ---count"},
       {{"-Count"}, 2, "Unknown option: -Count"},
       {{"-count", "kivooption=kivologenable=1", "-zz"}, 2, "Unknown option: -zz"},
-      // Dashes without a name fit every name, and name nothing.
+      // Dashes without a name match every name, but are an unknown option.
       {{"-=x"}, 2, "Unknown option '-=x'"},
       {{"\u2013"}, 2, "Unknown option '\u2013'"},
       {{"-\u2013 x"}, 2, "Unknown option '-\u2013 x'"},
@@ -49,7 +49,7 @@ TEST_F(TextkitErrors, AnAbbreviationThatFitsSeveralNamesIsAmbiguous) {
     EXPECT_EQ(fails(m.status, m.message), textkit(m.arguments)) << m.message;
 }
 
-TEST_F(TextkitErrors, AMissingOrUnexpectedValueIsToldByThePrimaryName) {
+TEST_F(TextkitErrors, AMissingOrUnexpectedValueIsReportedUnderThePrimaryName) {
   const Mistake mistakes[] = {
       {{"-search", "-p"}, 2, "Option 'pattern' requires a value in argument: '-p'"},
       {{"-search", "-pattern="}, 2, "Option 'pattern' requires a value in argument: '-pattern='"},
@@ -69,7 +69,7 @@ TEST_F(TextkitErrors, AMissingOrUnexpectedValueIsToldByThePrimaryName) {
     EXPECT_EQ(fails(m.status, m.message), textkit(m.arguments)) << m.message;
 }
 
-TEST_F(TextkitErrors, AValueOfTheWrongTypeIsToldWithTheTypeWanted) {
+TEST_F(TextkitErrors, AValueOfTheWrongTypeIsReportedWithTheRequiredType) {
   const struct {
     const char* argument;
     const char* option;
@@ -94,7 +94,7 @@ TEST_F(TextkitErrors, AValueOfTheWrongTypeIsToldWithTheTypeWanted) {
   }
 }
 
-TEST_F(TextkitErrors, AValueThatIsNotAllowedIsToldWithThoseThatAre) {
+TEST_F(TextkitErrors, AValueThatIsNotAllowedIsReportedWithTheAllowedOnes) {
   const Mistake mistakes[] = {
       {{"-count", "-what=pages"},
        2,
@@ -125,7 +125,7 @@ TEST_F(TextkitErrors, AValueOverItsBoundIsRefused) {
       {{"-search", "-l", "100001"},
        1,
        "Value '100001' is not valid for option 'limit' in argument '-l'"},
-      // Unsigned types read a minus sign, and go on from their other end.
+      // Unsigned types accept a minus sign; the value wraps around.
       {{"-search", "-limit=-1"},
        1,
        "Value '-1' is not valid for option 'limit' in argument '-limit=-1'"},
@@ -138,7 +138,7 @@ TEST_F(TextkitErrors, AValueOverItsBoundIsRefused) {
   EXPECT_EQ(prints(""), textkit({"-search", "-pattern=x", "-limit=100000"}));
 }
 
-TEST_F(TextkitErrors, ActionsAndModifiersThatDoNotGoTogetherAreTold) {
+TEST_F(TextkitErrors, ActionsAndModifiersThatDoNotGoTogetherAreReported) {
   const Mistake mistakes[] = {
       {{"-count", "-search"},
        2,
@@ -146,7 +146,7 @@ TEST_F(TextkitErrors, ActionsAndModifiersThatDoNotGoTogetherAreTold) {
       {{"-search", "-hash"},
        2,
        "Action '-search' and action '-hash' were defined, but only one action possible."},
-      // The first action by name is compared with the first that the set does not hold.
+      // The message names an action that fits no allowed set, and the first action by name.
       {{"-search", "-x", "-count"},
        2,
        "Action '-search' and action '-count' were defined, but only one action possible."},
@@ -174,20 +174,20 @@ TEST_F(TextkitErrors, OutputThatCannotBeWrittenIsAnErrorOfItsOwn) {
   EXPECT_EQ(fails(11, "The output cannot be written."), outcome);
 }
 
-TEST_F(TextkitOptions, AreFoundByAbbreviationAndBehindAnyDash) {
+TEST_F(TextkitOptions, AreFoundByAbbreviationAndAfterAnyDash) {
   for (const char* action : {"-count", "--count", "-c", "-cou", "--cou", "\u2012cou", "\u2013count",
                              "\u2014c", "\u2015count", "\u2053count", "\u2013-count"}) {
     EXPECT_EQ(prints("1 1 2 (standard input)\n"), textkit({action}, "x\n")) << action;
   }
 }
 
-TEST_F(TextkitOptions, BehindATypographicDashThatFitNoNameAreFiles) {
+TEST_F(TextkitOptions, AfterATypographicDashThatMatchNoNameAreFiles) {
   EXPECT_EQ(fails(2, "No action defined."), textkit({"\u2013cuont"}));
   EXPECT_EQ((Outcome{10, "", "textkit: Cannot read '\u2013zz': No such file or directory\n"}),
             textkit({"-count", "\u2013zz"}));
 }
 
-TEST_F(TextkitOptions, TakeTheirValueFromEitherSideOfTheArgument) {
+TEST_F(TextkitOptions, TakeTheirValueFromTheSameOrTheNextArgument) {
   for (const Arguments& pattern :
        {Arguments{"-pattern=x"}, Arguments{"-pattern", "x"}, Arguments{"-pattern x"},
         Arguments{"--pat=x"}, Arguments{"-p", "x"}, Arguments{"-p=", "x"}, Arguments{"-p \t x"}}) {
@@ -197,7 +197,7 @@ TEST_F(TextkitOptions, TakeTheirValueFromEitherSideOfTheArgument) {
   }
 }
 
-TEST_F(TextkitOptions, MayBeginTheirValueWithATypographicDashOnly) {
+TEST_F(TextkitOptions, TakeANextArgumentThatBeginsWithATypographicDash) {
   EXPECT_EQ(prints("\u2013x\n"), textkit({"-search", "-pattern", "\u2013x"}, "\u2013x\ny\n"));
   EXPECT_EQ(prints("-x\n"), textkit({"-search", "-pattern=-x"}, "-x\ny\n"));
 }
@@ -207,7 +207,7 @@ TEST_F(TextkitOptions, CompleteAnAbbreviatedValue) {
             textkit({"-count", "-what=w,li", "-format=c"}, "x"));
 }
 
-TEST_F(TextkitOptions, WarnOfADeprecatedValueAndTakeIt) {
+TEST_F(TextkitOptions, WarnAboutADeprecatedValueAndAcceptIt) {
   const Outcome warned = {0, "1 (standard input)\n",
                           "Warning: 'octets' argument is deprecated for the option '-what'. Use "
                           "the 'bytes' argument instead.\n"};
@@ -215,7 +215,7 @@ TEST_F(TextkitOptions, WarnOfADeprecatedValueAndTakeIt) {
   EXPECT_EQ(warned, textkit({"-count", "-w=o"}, "x"));
 }
 
-TEST_F(TextkitOptions, GivenTwiceCountByTheirLastValue) {
+TEST_F(TextkitOptions, GivenTwiceHaveTheirLastValue) {
   EXPECT_EQ(prints("X\n"), textkit({"-search", "-p=x", "-no-i", "-ignore-case"}, "X\n"));
   EXPECT_EQ(prints(""), textkit({"-search", "-p=x", "-i", "-no-ignore-case"}, "X\n"));
   EXPECT_EQ(prints("x\n"), textkit({"-search", "-p=x", "-limit=2", "-limit=1"}, "x\nx\nx\n"));
@@ -246,7 +246,7 @@ TEST_F(TextkitOptions, OfQuietAndVerboseTheLaterOneCounts) {
   }
 }
 
-TEST_F(TextkitFiles, BehindTheSeparatorMayLookLikeOptions) {
+TEST_F(TextkitFiles, AfterTheSeparatorMayLookLikeOptions) {
   write("-zz", "x");
   write("--", "xx");
   write("text", "xxx");
@@ -254,7 +254,7 @@ TEST_F(TextkitFiles, BehindTheSeparatorMayLookLikeOptions) {
             textkit({"-count", "-what=bytes", "text", "--", "-zz", "--"}));
 }
 
-TEST_F(TextkitFiles, NamedByADashBehindTheSeparatorAreStandardInput) {
+TEST_F(TextkitFiles, NamedByADashAfterTheSeparatorAreStandardInput) {
   EXPECT_EQ(prints("(standard input):x\n(standard input)-y\n"),
             textkit({"-search", "-p=x", "-context=1", "--", "-", "-"}, "x\ny\n"));
 }
@@ -265,7 +265,7 @@ TEST_F(TextkitFiles, KeepTheCommasInTheirNames) {
   EXPECT_EQ(prints("1 a,b\n"), textkit({"-count", "-what=bytes", "-file=a,b"}));
 }
 
-TEST_F(TextkitFiles, ThatCannotBeReadAreToldAndPassedOver) {
+TEST_F(TextkitFiles, ThatCannotBeReadAreReportedAndSkipped) {
   write("text", "x\n");
   makeFolder("folder");
   EXPECT_EQ((Outcome{10, "1 text\n1 total\n",
@@ -306,7 +306,7 @@ TEST_F(TextkitOptionFile, MayNameFurtherFilesWhichAreReadAfterAllTheOthers) {
             textkit({"-option-file", "first", "-opt=second", "zero", "-w=by", "-f=csv"}));
 }
 
-TEST_F(TextkitOptionFile, SpeaksAfterTheCommandLine) {
+TEST_F(TextkitOptionFile, CountsAsLaterThanTheCommandLine) {
   write("options", "-no-ignore-case\n-quiet\n");
   EXPECT_EQ((Outcome{10, "", ""}),
             textkit({"-option-file=options", "-search", "-p=x", "-i", "-v", "missing"}));
@@ -337,7 +337,7 @@ TEST_F(TextkitOptionFile, ThatCannotBeReadEndsTheParse) {
     EXPECT_EQ(fails(m.status, m.message), textkit(m.arguments)) << m.message;
 }
 
-TEST_F(TextkitOptionFile, WithAMistakeIsToldAsTheCommandLineIs) {
+TEST_F(TextkitOptionFile, WithAMistakeIsReportedLikeTheCommandLine) {
   write("options", "-count\n-zz\n");
   write("minus-one", "-1");
   EXPECT_EQ(fails(2, "Unknown option: -zz"), textkit({"-option-file=options"}));

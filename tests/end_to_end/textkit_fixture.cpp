@@ -7,7 +7,7 @@
 namespace end_to_end {
 namespace {
 
-// The program that is to run textkit, with its options; none as a rule.
+// The program that runs textkit, with its options; usually none.
 Arguments runner() {
   const char* words = std::getenv("TEXTKIT_RUNNER");
   std::istringstream stream(words != nullptr ? words : "");

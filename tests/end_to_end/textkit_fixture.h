@@ -11,8 +11,7 @@ namespace end_to_end {
 
 using Arguments = std::vector<std::string>;
 
-/// Runs textkit, and the tools it is held against, in a folder of its own. All of them
-/// run in the C locale.
+/// Runs textkit, and the tools that it is compared with, in a temporary folder and in the C locale.
 class Textkit : public testing::Test {
  protected:
   Textkit();
@@ -27,10 +26,11 @@ class Textkit : public testing::Test {
   TemporaryFolder m_folder;
 };
 
-/// What a run leaves that writes `out` and ends well.
+/// The outcome of a run that writes `out` to standard output and succeeds.
 Outcome prints(const std::string& out);
 
-/// What a run leaves that ends with `status` and the one line "textkit: " + `message`.
+/// The outcome of a run that exits with `status` and writes one line to standard error: "textkit: "
+/// + `message`.
 Outcome fails(int status, const std::string& message);
 
 }  // namespace end_to_end

@@ -1,7 +1,7 @@
 #include "textkit_fixture.h"
 
-// textkit where things are scarce or broken: no room for its output, streams that are
-// closed, a small stack and few open files.
+// textkit under bad conditions: no room for its output, closed streams, a small stack and few open
+// files.
 
 namespace end_to_end {
 namespace {
@@ -31,7 +31,7 @@ TEST_F(TextkitHardship, ATraceThatCannotBeWrittenIsOutputThatCannotBeWritten) {
   }
 }
 
-TEST_F(TextkitHardship, AnOptionFileIsReadWhereStandardOutputWouldBe) {
+TEST_F(TextkitHardship, AnOptionFileMayGetTheDescriptorOfStandardOutput) {
   write("options", std::string(traceSwitch) + "\n-count\n--\ntext\n");
   write("text", "");
   EXPECT_EQ(fails(11, "The output cannot be written."),
@@ -41,7 +41,7 @@ TEST_F(TextkitHardship, AnOptionFileIsReadWhereStandardOutputWouldBe) {
             textkitAfter("exec >&-", {"-opt=missing"}));
 }
 
-TEST_F(TextkitHardship, AWarningThatCannotBeWrittenIsPassedOver) {
+TEST_F(TextkitHardship, AWarningThatCannotBeWrittenIsIgnored) {
   for (const std::string stream : closedOrFull) {
     SCOPED_TRACE(stream);
     EXPECT_EQ(prints("5 1 (standard input)\n"),
@@ -51,7 +51,7 @@ TEST_F(TextkitHardship, AWarningThatCannotBeWrittenIsPassedOver) {
   }
 }
 
-TEST_F(TextkitHardship, WithoutAnyStreamTheExitStatusIsLeft) {
+TEST_F(TextkitHardship, WithoutAnyStreamTheExitStatusStillTellsTheOutcome) {
   const char* const closed = "exec <&- >&- 2>&-";
   write("text", "");
   write("options", "-hash\n");
@@ -62,7 +62,7 @@ TEST_F(TextkitHardship, WithoutAnyStreamTheExitStatusIsLeft) {
   EXPECT_EQ((Outcome{2, "", ""}), textkitAfter(closed, {traceSwitch, "-zz"}));
 }
 
-// Files are read one after the other, none from within another.
+// Option files are read one after the other, not recursively.
 TEST_F(TextkitHardship, AChainOfOptionFilesNeedsNeitherStackNorOpenFiles) {
   constexpr int length = 10000;
   for (int i = 0; i < length; ++i)

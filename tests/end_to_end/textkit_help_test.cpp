@@ -1,15 +1,15 @@
 #include "support/golden_file.h"
 #include "textkit_fixture.h"
 
-// What textkit tells of itself: the topics, one action with all that goes with it, and
-// what is hidden.
+// The help of textkit: the topics, one action with everything that goes with it, and the hidden
+// options.
 
 namespace end_to_end {
 namespace {
 
 class TextkitHelp : public Textkit {
  protected:
-  // A command line as it would be typed, and what it writes.
+  // The command line as a user types it, and its output.
   std::string shown(const Arguments& arguments) const {
     std::string text = "$ textkit";
     for (const std::string& argument : arguments)
@@ -95,7 +95,7 @@ TEST_F(TextkitHelp, ShowsWhatIsHiddenOnlyWhenAskedForIt) {
   EXPECT_EQ(fails(2, "Action '-help-hidden' takes no topic."), textkit({"-help-hidden", "hash"}));
 }
 
-TEST_F(TextkitHelp, TellsOfAHiddenOptionThatWorks) {
+TEST_F(TextkitHelp, HidesAnOptionThatWorksLikeTheOthers) {
   EXPECT_EQ(prints(""), textkit({"-count", "-dry-run", "missing"}));
   EXPECT_EQ(fails(2, "Unknown option: -zz"), textkit({"-count", "-dry-run", "-zz"}));
   EXPECT_EQ(prints(topics), textkit({"-help", "-dry-run"}));
@@ -117,7 +117,7 @@ TEST_F(TextkitHelp, ThatCannotBeWrittenIsAnError) {
             tool({"sh", "-c", "exec \"$0\" -help > /dev/full", TEXTKIT_PATH}));
 }
 
-TEST_F(TextkitHelp, AsAWhole) {
+TEST_F(TextkitHelp, IsEqualToTheGoldenFile) {
   std::string help = shown({"-help"});
   for (const char* action : {"count", "hash", "help", "help-hidden", "search"})
     help += shown({"-help", action});

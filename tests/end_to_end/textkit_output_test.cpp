@@ -4,8 +4,8 @@
 
 #include "textkit_fixture.h"
 
-// What textkit writes is right: counts are held against wc, searches against grep, hashes
-// against the published values of FNV-1a.
+// The output of textkit is right: counts are compared with wc, searches with grep, hashes with the
+// published values of FNV-1a.
 
 namespace end_to_end {
 namespace {
@@ -14,7 +14,7 @@ const char* const licences[] = {"GPL-3", "Apache-2.0", "Artistic"};
 
 std::string licence(const std::string& name) { return "/usr/share/common-licenses/" + name; }
 
-// The fields of each line, a blank between them: wc pads its columns in its own way.
+// The fields of each line, with one blank between them: wc pads its columns differently.
 std::string fields(const std::string& text) {
   std::istringstream lines(text);
   std::string all;
@@ -36,7 +36,7 @@ std::string randomText(std::mt19937& random, const std::string& alphabet, std::s
 class TextkitCount : public Textkit {};
 class TextkitSearch : public Textkit {
  protected:
-  // The output of grep, whose exit status tells something else.
+  // The output of grep with status 0: its own exit status says whether there was a match.
   Outcome grep(Arguments arguments) const {
     arguments.insert(arguments.begin(), {"grep", "-aF"});
     return prints(tool(arguments).out);
@@ -187,7 +187,7 @@ TEST_F(TextkitSearch, TakesBinaryBytesForText) {
   EXPECT_EQ(grep({"-e", "y", "text"}), textkit({"-search", "-p", "y", "text"}));
 }
 
-TEST_F(TextkitSearch, WithoutAMatchItEndsWellAllTheSame) {
+TEST_F(TextkitSearch, SucceedsWithoutAMatch) {
   write("text", "a\n");
   EXPECT_EQ(prints(""), textkit({"-search", "-pattern=x", "text"}));
   EXPECT_EQ(prints(""), textkit({"-search", "-pattern=x"}));
@@ -224,7 +224,7 @@ TEST_F(TextkitHash, GivesThePublishedValues) {
 }
 
 TEST_F(TextkitHash, StartsFromTheBasisInAnyForm) {
-  // The hash of "foobar" can be had in two halves: the hash of "foo" is a basis for "bar".
+  // The hash of "foobar" can be computed in two steps: the hash of "foo" is the basis for "bar".
   for (const char* basis : {"0xdcb27518fed9d577", "dcb27518fed9d577h", "15902901984413996407"}) {
     SCOPED_TRACE(basis);
     EXPECT_EQ(prints("85944171f73967e8 (standard input)\n"),

@@ -1,7 +1,6 @@
 #include "textkit_fixture.h"
 
-// The account of a parse that the trace gives, as a whole: what is tried, in which order,
-// and what comes of it.
+// The whole trace of a parse: what is tried, in which order, and with which outcome.
 
 namespace end_to_end {
 namespace {
@@ -10,9 +9,9 @@ const char* const traceSwitch = "kivooption=kivologenable=1";
 
 class TextkitTrace : public Textkit {};
 
-// An action behind a typographic dash, a value that is the next argument, is split and
-// completed, a positional argument, a boolean, a value of its own argument that is not
-// split, and an argument behind the separator.
+// The trace of: an action after a typographic dash; a value in the next argument, which is split
+// and completed; a positional argument; a negated boolean; a value in the same argument, which is
+// not split; an argument after the separator.
 const char* const wholeTrace =
     "PositionalOptionsParser: recognizing argument '\u2013cou'\n"
     "AbbreviationParser: recognizing argument '\u2013cou'\n"
@@ -71,7 +70,7 @@ const char* const wholeTrace =
     "AbbreviationParser: removing argument: '-skip=1'\n"
     "collectNonparsingArguments: stored argument: '-'\n";
 
-TEST_F(TextkitTrace, TellsTheWholeParse) {
+TEST_F(TextkitTrace, ShowsTheWholeParse) {
   write("text", "a\nb\n");
   const Outcome traced = textkit(
       {traceSwitch, "\u2013cou", "-w", "li,oct", "text", "--no-quiet", "-skip=1", "--", "-"},

@@ -1,5 +1,5 @@
-// The conversions between values and text against the standard streams, which say what
-// numbers look like, under several locales. The input is read as text and as bits.
+// Compares the conversions between values and text with the standard streams, under several
+// locales. Each input is used twice: as a text, and as the bits of a number.
 
 #include <cstring>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-// Declares what the steps of a script say, and writes down what was accepted.
+// Makes the declarations in the steps of a script, and records which ones the parser accepted.
 //   option NAMES|DESCRIPTION|TYPE|GROUP       action NAMES|DESCRIPTION|TYPE|GROUP
 //   modifier NAMES|ACTIONS|DESCRIPTION|TYPE|GROUP
 //   synonym NAME   allow TYPE|VALUE   deprecate TYPE|OLD|TYPE|NEW   default TYPE|VALUE
@@ -69,10 +69,10 @@ class Declarations {
         amend(step);
   }
 
-  // In declaration order; rejected declarations are not among them.
+  // In declaration order, without the rejected declarations.
   const std::vector<Declared>& accepted() const { return m_accepted; }
 
-  // Every name that may stand in a result, and one that does not.
+  // Every name that may be in a result, and one that is not.
   std::set<std::string> names() const {
     std::set<std::string> all = {"no such name"};
     for (const Declared& declared : m_accepted)
@@ -93,12 +93,12 @@ class Declarations {
                        [](const Declared& declared) { return declared.names.empty(); });
   }
 
-  // Those of rejected declarations too: their sections are there.
+  // The groups of rejected declarations too, because help has sections for them.
   const std::set<std::string>& groupKeys() const { return m_groupKeys; }
 
-  // Whether all values suit the types they were given for, as the headers demand.
+  // Whether all values match the types of their options, as the interface demands.
   bool valuesSuit() const { return m_valuesSuit; }
-  // Whether a newline stands where it tears a line of the help in two.
+  // Whether there is a newline that breaks a line of the help in two.
   bool tearsLines() const { return m_tearsLines; }
 
  private:
@@ -120,7 +120,7 @@ class Declarations {
     return true;
   }
 
-  // The description of the declaration is the field behind `skipped`, then type and group.
+  // The description is the field after the first `skipped` + 1 fields; type and group follow it.
   void keep(const Step& step, std::size_t skipped, IOption* builder) {
     const std::string group = step.text(skipped + 3);
     const std::string key = group.substr(0, group.find(':'));
@@ -178,7 +178,7 @@ class Declarations {
   }
 
   IParser& m_parser;
-  OptionDescription* m_builder = nullptr;  // what the last declaration answered with
+  OptionDescription* m_builder = nullptr;  // of the last declaration
   std::vector<Declared> m_accepted;
   Declared m_rejected;
   std::set<std::string> m_groupKeys;

@@ -1,8 +1,8 @@
-// Declarations of every kind, and arguments for them: a parse ends in a documented
-// status, leaves nothing behind that changes the next one, and what it filled can be
-// read with the parser gone.
+// Declarations of every kind, and arguments for them. A parse must end with a documented status and
+// must not change the outcome of the next one. Its result must be readable after the parser is
+// destroyed.
 //
-// Beside the steps of declarations.h:
+// Steps in addition to those of declarations.h:
 //   flags NUMBER   argument TEXT   refuse VALUE   tolerate
 
 #include <utility>
@@ -22,7 +22,7 @@ struct Outcome {
   ResultHandle result;
   int base = 0;  // the last position before the parse
   int status = 0;
-  string error;  // of a failure
+  string error;  // empty on success
   string rendered;
   string events;
 };
@@ -82,8 +82,8 @@ class Scene {
     return std::to_string(of.status) + " " + of.error + "\n" + of.events + "\n" + of.rendered;
   }
 
-  // An exception inside the library would show as a status: only an option without a name
-  // may raise one.
+  // An exception inside the library would show as a status. Only an option without a name may raise
+  // one.
   void checkStatus(const Outcome& of) const {
     const std::set<int> expected = {status::success, status::valueRefused, status::usageError};
     const std::set<int> raised = {status::exceptionCaught, status::unidentifiedProblem};
@@ -94,7 +94,7 @@ class Scene {
     expect(!tellsReason || !of.error.empty(), "a failure has a reason", told(of));
   }
 
-  // Also where the user has shortened it.
+  // A typed text is equal to the text of its value, even if the user has abbreviated the value.
   void checkTexts(IParseResult& result) {
     if (!m_declarations.valuesSuit())
       return;

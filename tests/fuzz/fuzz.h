@@ -1,7 +1,7 @@
 #pragma once
 
-// A fuzz target is one function that runs one input and traps when a rule is broken.
-// libFuzzer calls it with what it makes up, replay.cpp with the files of the corpus.
+// A fuzz target is one function that runs one input and traps if a rule is broken. libFuzzer calls
+// it with generated inputs, replay.cpp with the files of the corpus.
 
 #include <cstddef>
 #include <cstdint>
@@ -12,7 +12,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace kivo_3_3::fuzzing {
 
-// Says what differs and traps. Past the C++ streams, which targets redirect.
+// Prints the rule and the details, and traps. It does not use the C++ streams, because targets
+// redirect them.
 [[noreturn]] inline void broken(const std::string& rule, const std::string& details) {
   std::fprintf(stderr, "Broken rule: %s\n%s\n", rule.c_str(), details.c_str());
   std::fflush(stderr);

@@ -1,7 +1,7 @@
-// Paragraphs keep their words and their column, and the help of any declarations keeps
-// what was declared.
+// Paragraphs keep their words and stay in their column, and help contains everything that was
+// declared.
 //
-// Beside the steps of declarations.h:
+// Steps in addition to those of declarations.h:
 //   paragraph INDENT|WIDTH|HEAD|TEXT
 
 #include <kivo/text_layout.h>
@@ -51,7 +51,7 @@ struct Paragraph {
   }
 };
 
-// Nothing where the column takes no character.
+// Nothing if the column has no room for a character.
 std::optional<string> wrapped(const Paragraph& p) {
   try {
     return paragraphString(p.text, p.head, p.indent, p.width);
@@ -63,7 +63,7 @@ std::optional<string> wrapped(const Paragraph& p) {
 void checkLines(const Paragraph& p, const string& paragraph) {
   const std::vector<string> lines = linesOf(paragraph);
   expect(paragraph.empty() || paragraph.back() == '\n', "every line ends", p.shown());
-  if (p.width == 0)  // such a column has no end
+  if (p.width == 0)  // a width of 0 has no limit
     return;
   const std::size_t longest = p.indent + p.width - 1;
   for (std::size_t i = 0; i < lines.size(); ++i) {
@@ -76,7 +76,7 @@ void checkLines(const Paragraph& p, const string& paragraph) {
   }
 }
 
-// A head that ends ahead of the column takes no room from the first line.
+// A head that ends before the column leaves the first line its full width.
 void checkWords(const Paragraph& p, const string& paragraph) {
   const std::size_t room = p.indent == 0 ? p.width - 2 : p.width - 1;
   const std::vector<string> words = wordsIn(p.text);
@@ -116,7 +116,7 @@ bool hasTopics(const Declarations& declarations, bool hidden) {
 
 bool isNameless(const Declared& declared) { return declared.names.empty(); }
 
-// The whole help either has a line for each topic or describes every option.
+// The help of a tool with actions has one line for each action, in the order of their names.
 void checkTopics(const Declarations& declarations, const string& help, bool hidden) {
   std::map<string, string> topics;
   for (const Declared& declared : declarations.accepted())
@@ -131,8 +131,8 @@ void checkTopics(const Declarations& declarations, const string& help, bool hidd
   expectEqual("every action is a topic", expected, help);
 }
 
-// An option without values has a head of names alone: ahead of its description, or on a
-// line of its own where it would run into it.
+// The head of an option without values has names only. It is before the description, or on a line
+// of its own if it is too long.
 void checkColumn(const string& head, const string& help) {
   const string begin =
       head.size() < bodyColumn ? head + string(bodyColumn - head.size(), ' ') : head + "\n";
@@ -157,7 +157,7 @@ void checkEntries(const Declarations& declarations, const string& help, bool hid
   }
 }
 
-// Long heads and headings stand on lines of their own.
+// Only group keys and long heads, on lines of their own, may be wider than the help.
 void checkHelpLines(const Declarations& declarations, const string& help) {
   for (const string& line : linesOf(help)) {
     const bool isKey = std::any_of(declarations.groupKeys().begin(), declarations.groupKeys().end(),

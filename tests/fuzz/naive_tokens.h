@@ -1,6 +1,6 @@
 #pragma once
 
-// The arguments in a text with one a line, found the slow and plain way.
+// Splits a text into its arguments, one a line, in a slow and plain way.
 
 #include <locale>
 #include <sstream>

@@ -1,5 +1,5 @@
-// The name index against a walk over all declarations, whatever is declared between two
-// look-ups.
+// Compares the name index with a linear scan of all declarations; options are declared and amended
+// between look-ups.
 //   option NAMES|TYPE   synonym NAME   positional   default   find NAME   best NAME
 
 #include "fuzz/declarations.h"
@@ -24,8 +24,8 @@ string positionalByScan(const Options& options) {
   return "none";
 }
 
-// The names that have a default, each where it was declared last. Behind an option without
-// a name there are none.
+// The names that have a default, each with the place of its last default. An option with a default
+// and without names ends the list.
 string defaultsByScan(const Options& options) {
   std::map<string, unsigned int> places;
   unsigned int count = 0;

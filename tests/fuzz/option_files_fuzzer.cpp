@@ -1,8 +1,8 @@
-// Option files that name each other, themselves, or nothing there is, against a plain
-// reader that parses one list of arguments after the other.
+// Option files that name each other, themselves, or files that do not exist. Compares the library
+// with a plain reader, which parses one list of arguments after the other.
 //
-// Lines ahead of the first file are the command line; a slash is read as a full stop, so
-// that no name leads out of the folder.
+// Lines before the first file are the command line. Slashes are replaced by full stops, so that no
+// name leads out of the folder.
 //   file NAME (its lines follow)   link NAME|TARGET   folder NAME   flags NUMBER
 
 #include <filesystem>
@@ -25,7 +25,8 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t mostFilesRead = 200;
 
-// A folder with the files of one input, entered while it lives.
+// A folder with the files of one input. It is the working directory for the lifetime of this
+// object.
 class Files {
  public:
   explicit Files(const string& text) : m_before(fs::current_path()) {
@@ -81,7 +82,8 @@ string told(int status, IParser& parser, IParseResult& result) {
          rendered(result, {"level", "l", "color", "mode", "input", "option-file"}, 0);
 }
 
-// Knows nothing of option files but the names that it finds in the result.
+// Reads option files by the names that it finds in the result, without the library's support for
+// option files.
 class PlainReader {
  public:
   explicit PlainReader(int flags) : m_parser(makeParser(flags)), m_result(makeResult(*m_parser)) {
@@ -89,7 +91,7 @@ class PlainReader {
     m_parser->option("option-file", "", vtString);
   }
 
-  // What a parse of the command line tells; nothing where too many files are read.
+  // The outcome of a parse of the command line; nothing if too many files are read.
   std::optional<string> read(const std::vector<string>& commandLine) {
     int status = parse(*m_parser, commandLine, m_result.get());
     string error = status != 0 ? m_parser->getErrorDesc() : "";
@@ -120,7 +122,7 @@ class PlainReader {
     std::size_t namedBy;
   };
 
-  // The names that were not there before are those that `by` has named.
+  // Names that are new in the result are those that the file `by` has named.
   void note(std::size_t by) {
     const std::vector<Value> all = values(*m_result, "option-file");
     for (std::size_t i = m_files.size(); i < all.size(); ++i)

@@ -15,8 +15,8 @@
 
 namespace kivo_3_3::fuzzing {
 
-// Makes what belongs to the process as it is at the start of one, so that an input does
-// the same whatever ran before it.
+// Resets the state of the process, so that the outcome of an input does not depend on what ran
+// before it.
 inline void startAfresh() {
   IArgumentParser::m_idx = 1;
   internal::kivoLogEnabled = false;
@@ -29,7 +29,7 @@ inline int parse(IParser& parser, const std::vector<std::string>& args, IParseRe
   return parser.parseArgsVector(static_cast<int>(argv.size()), argv.data(), result);
 }
 
-// The kind and the value to the last bit.
+// The type and the value, exact to the last bit.
 inline std::string exactly(const variant_t& value) {
   std::string text = std::to_string(value.type()) + ":";
   char hexadecimal[32] = "";
@@ -42,7 +42,7 @@ inline std::string exactly(const variant_t& value) {
   return text + hexadecimal;
 }
 
-// A value as "text(kind:value)@position", nothing for "no value".
+// A value as "text(type:value)@position"; "nothing" for "no value".
 inline std::string shown(const Value& value, int base) {
   if (value.isEmpty != 0)
     return "nothing";
@@ -50,8 +50,8 @@ inline std::string shown(const Value& value, int base) {
          std::to_string(value.position - base);
 }
 
-// Positions that only grow; the one before them is `base`. Where an option has one name
-// twice, each occurrence is stored there twice as a whole, and its positions come again.
+// Checks that positions rise; `base` is the last position before them. If an option has one name
+// twice, each occurrence is stored twice under that name, so its positions repeat.
 class Rising {
  public:
   Rising(int base, bool mayRepeat) : m_base(base), m_last(base), m_mayRepeat(mayRepeat) {}
@@ -90,7 +90,8 @@ inline std::string renderedOption(IParseResult& result, const char* name, int ba
   return text + "\n";
 }
 
-// All that can be read from a result about these names, positions counted from `base`.
+// Everything that a result answers for these names, and its leftover arguments. Positions are
+// relative to `base`.
 inline std::string rendered(IParseResult& result, const std::set<std::string>& names, int base,
                             bool mayRepeat = false) {
   std::string text;

@@ -1,5 +1,5 @@
-// A result and its cursors against a naive one; storing and reading take turns, and
-// options may share names.
+// Compares a result and its cursors with a naive result. Storing and reading alternate, and options
+// may share names.
 //   option NAMES|DEFAULT     declares an option of text values
 //   synonym NAME             adds a name to the last option
 //   given OPTION|VALUES      stores an occurrence, its values between commas
@@ -153,7 +153,7 @@ class Comparison {
     return position;
   }
 
-  // Whether there was one.
+  // Returns whether there was one.
   bool argument(bool fromStart) {
     const char* text = "nothing";
     const int end = fromStart ? m_result.getFirstArgument(&text) : m_result.getNextArgument(&text);

@@ -1,5 +1,5 @@
-// Runs a fuzz target without a fuzzer: on the empty input, then on every file of the
-// folders it is given. A target that finds something ends the process.
+// Runs a fuzz target without a fuzzer: on the empty input, then on every file of the given folders.
+// A target that finds a defect ends the process.
 
 #include <algorithm>
 #include <filesystem>
@@ -31,7 +31,7 @@ int main(int argc, char** argv) {
   std::size_t count = 0;
   for (int i = 1; i < argc; ++i) {
     for (const auto& path : filesIn(argv[i])) {
-      std::cout << path.filename().string() << std::endl;  // the one that a trap came from
+      std::cout << path.filename().string() << std::endl;  // if it traps, this was the input
       std::ifstream file(path, std::ios::binary);
       run(std::string(std::istreambuf_iterator<char>(file), {}));
       ++count;

@@ -1,9 +1,9 @@
-// Values to text and back. Of a text that converts, the value written and read again is
-// the same value of the same kind, except that a double keeps six digits: there the
-// second text equals the first, and the values differ by no more than those digits.
+// Converts values to text and back. The outcome must be the same value of the same type. A double
+// keeps only six digits: its second text must equal the first one, and the values may differ after
+// these digits.
 //
-// The input is read twice: as the text of a value, and as the bits of one. Infinity and
-// "not a number" have texts that stand for nothing.
+// Each input is used twice: as the text of a value, and as the bits of a value. The texts of
+// infinity and "not a number" do not convert back.
 
 #include <cmath>
 #include <cstring>
@@ -24,7 +24,7 @@ using std::string;
 constexpr variant_type_t exactTypes[] = {vtBool, vtS32, vtU32, vtS64, vtU64, vtString};
 constexpr variant_type_t typesWithoutText[] = {vtNull, vtFloat, vtWideString, vtBlock};
 
-// Half a unit in the sixth digit, and what a double itself cannot tell apart.
+// Differ by at most half a unit in the sixth digit, or by the smallest double.
 bool areClose(double left, double right) {
   return std::abs(left - right) <=
          5.01e-6 * std::abs(left) + std::numeric_limits<double>::denorm_min();
@@ -55,7 +55,7 @@ void checkExact(variant_type_t type, const variant_t& value) {
 void checkText(const string& text) {
   for (const variant_type_t type : exactTypes) {
     if (type == vtU64 && text.empty())
-      continue;  // not to be asked
+      continue;  // the parser never converts an empty text
     const variant_t value = textToValue(type, text.c_str());
     if (value.type() == vtNull)
       continue;

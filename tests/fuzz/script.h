@@ -3,9 +3,9 @@
 // An input as a list of steps, one a line: a verb, a blank, and fields between bars.
 //   option level,l|How hard to try|s32|Main
 //
-// A backslash makes the next character an ordinary one, and "\n" stands for a newline,
-// so that every text without a NUL can be a field. Every input is a script; steps that a
-// target does not know are passed over.
+// A backslash makes the next character an ordinary one, and "\n" is a newline, so that every text
+// without a NUL can be a field. Every input is a valid script: a target skips the steps that it
+// does not know.
 
 #include <algorithm>
 #include <cstddef>
@@ -17,7 +17,7 @@
 
 namespace kivo_3_3::fuzzing {
 
-// The bytes as text; NUL, which would end it early, is left out.
+// The bytes as a text without NUL, which would end the text early.
 inline std::string textOf(const std::uint8_t* data, std::size_t size) {
   std::string text;
   for (std::size_t i = 0; i < size; ++i)
@@ -47,7 +47,7 @@ class Step {
 
   bool is(const char* verb) const { return m_verb == verb; }
 
-  // A field that is not there reads as empty, null or `fallback`.
+  // A missing field reads as empty, null or `fallback`.
   std::string text(std::size_t field) const {
     return field < m_fields.size() ? m_fields[field] : std::string();
   }
@@ -84,7 +84,7 @@ inline Script scriptOf(const std::uint8_t* data, std::size_t size) {
   return script;
 }
 
-// The number that the last step with this verb gives.
+// The number in the last step with this verb; `fallback` if there is none.
 inline int numberIn(const Script& script, const char* verb, int fallback) {
   for (const Step& step : script)
     if (step.is(verb))
@@ -92,7 +92,7 @@ inline int numberIn(const Script& script, const char* verb, int fallback) {
   return fallback;
 }
 
-// Words between commas as the declarations cut them: an empty last one does not count.
+// Splits a list at its commas as declarations do: an empty last word does not count.
 inline std::vector<std::string> wordsOf(const std::string& list) {
   std::vector<std::string> words(1);
   for (const char character : list) {

@@ -1,4 +1,4 @@
-// A text of arguments is parsed as the list of arguments that a plain walk over its lines
+// Compares a parse of a text with a parse of the list of arguments that a plain walk over its lines
 // finds. The input is the text.
 
 #include "base/white_space.h"
@@ -15,7 +15,7 @@ namespace {
 
 using std::string;
 
-// Without defaults, which a text of arguments does not bring in.
+// Without defaults, because parseStream() does not apply them and parseArgsVector() does.
 void declare(IParser& parser) {
   parser.action("run,r", "", vtNull);
   parser.option("level,l", "", vtS32)->synonym("länge");
@@ -35,7 +35,7 @@ string joined(const std::vector<string>& texts) {
   return all;
 }
 
-// Status, message, result and trace of one parse by a parser of its own.
+// Status, message, result and trace of one parse by a new parser.
 template <class Parse>
 string told(int flags, Parse parseInto) {
   startAfresh();

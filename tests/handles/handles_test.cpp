@@ -11,8 +11,8 @@
 
 #include "support/command.h"
 
-// The conveniences in kivo/handles.h. What they stand on, the order of values and the
-// bounds of ranges, is tested with the result itself; here is what they add.
+// The functions of kivo/handles.h. The order of values and the bounds of ranges are tested with the
+// result itself; these tests cover what the functions add.
 
 namespace kivo_3_3 {
 namespace {
@@ -35,7 +35,7 @@ std::string joined(const std::vector<const char*>& all) {
   return line;
 }
 
-// Makes parsers and results of its own kind, to see when they are ended.
+// Counts the calls of destroy(), like an object that a handle owns.
 class Mortal {
  public:
   explicit Mortal(int& ends) : m_ends(ends) {}
@@ -45,21 +45,21 @@ class Mortal {
   int& m_ends;
 };
 
-TEST(Handles, EndWhatTheyOwnThroughDestroy) {
+TEST(Handles, DestroyWhatTheyOwn) {
   int ends = 0;
   Mortal mortal(ends);
   { const std::unique_ptr<Mortal, Destroy> handle(&mortal); }
   EXPECT_EQ(1, ends);
 }
 
-TEST(Handles, AResultOutlivesAllWhoFilledIt) {
+TEST(Handles, AResultOutlivesAllParsersThatFilledIt) {
   ParserHandle first = makeParser();
   ParserHandle second = makeParser();
   first->option("level,l", "", vtS32)->defaultValue(1);
   second->option("name,n", "", vtString);
   const ResultHandle result = makeResult(*first);
   EXPECT_EQ(0, first->parseStream("--level=3", result.get()));
-  // What another has stored already is none of a parser's options, which it says.
+  // Status 1, because the result has a name that the second parser has not declared: "level".
   EXPECT_EQ(1, second->parseStream("--name=Ada", result.get()));
   EXPECT_EQ(1, first->parseStream("--level=4", result.get()));
   first.reset();
@@ -102,7 +102,7 @@ TEST(Values, CarryTheTypedValueAndThePosition) {
   ASSERT_EQ(2U, all.size());
   EXPECT_EQ(3, all[0].value.get<int>());
   EXPECT_EQ(-4, all[1].value.get<int>());
-  EXPECT_EQ(all[0].position + 2, all[1].position);  // the second occurrence is between
+  EXPECT_EQ(all[0].position + 2, all[1].position);  // the second occurrence has the one between
 }
 
 TEST(Values, AreTheDefaultWhereTheOptionWasNotGiven) {
@@ -122,13 +122,13 @@ TEST(Values, OfARangeHaveTheBoundsOfGet) {
   ASSERT_EQ(3U, all.size());
   const int second = all[1].position;
   const int third = all[2].position;
-  // The upper bound takes a value in, and leaves an occurrence out.
+  // A value at the upper bound is in the range, an occurrence at it is not.
   EXPECT_EQ("1 2", joined(values(command.result(), "level", firstPosition, second)));
   EXPECT_EQ("2 3", joined(values(command.result(), "level", second, third)));
   EXPECT_EQ("", joined(values(command.result(), "level", second, third - 1)));
 }
 
-TEST(Values, OfOptionsNobodyGaveOrKnowsAreNone) {
+TEST(Values, OfOptionsThatAreNotGivenOrUnknownAreNone) {
   Command command;
   command.option("level", vtS32);
   ASSERT_EQ(0, command.parse({}));
@@ -148,7 +148,7 @@ TEST(Values, LeaveOutOccurrencesWithoutAValue) {
   EXPECT_TRUE(values(command.result(), "file").empty());
 }
 
-TEST(Values, AreNotDisturbedByWhatALoopAsks) {
+TEST(Values, AreNotDisturbedByQueriesInTheLoop) {
   Command command;
   command.option("outer", vtString);
   command.option("inner", vtString);
@@ -171,7 +171,7 @@ TEST(Values, MoveTheCursorOfTheResult) {
   EXPECT_EQ(1, resultOf(command).next("a").isEmpty);
 }
 
-TEST(Leftovers, AreWhatStoodBehindTheDashes) {
+TEST(Leftovers, AreTheArgumentsAfterTheDashes) {
   Command command;
   ASSERT_EQ(0, command.parse({"--", "a", "--", "-b", ""}));
   EXPECT_EQ("a -- -b ", joined(leftovers(command.result())));

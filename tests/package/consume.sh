@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Builds programs in C++17 and C++20 on the library, taken in one of the ways in which a
-# project can take it, with every warning an error, and runs them.
+# Builds programs in C++17 and C++20 that use the library in one of the ways in which a project can
+# use it, with warnings as errors, and runs them.
 #   consume.sh (find_package | pkg-config) COMPILER PREFIX
 #   consume.sh (add_subdirectory | FetchContent) COMPILER SOURCE-DIRECTORY BUILD-DIRECTORY
-# Ends with 77 where the compiler is not installed. The build directory may be used again:
-# the library is built only once in it.
+# Exits with 77 if the compiler is not installed. The build directory can be used again: the library
+# is built in it only once.
 set -euo pipefail
 way=$1 compiler=$2 place=$3
 consumer=$(cd "$(dirname "${BASH_SOURCE[0]}")/consumer" && pwd)
@@ -15,7 +15,7 @@ trap 'rm -rf "$scratch"' EXIT
 
 fail() { echo "$*"; exit 1; }
 
-# Does a step without a word, unless it fails.
+# Runs a step and shows its output only if it fails.
 quietly() { "$@" >"$scratch/log" 2>&1 || { cat "$scratch/log"; fail "failed: $*"; }; }
 
 buildByCMake() {
@@ -40,7 +40,7 @@ buildByPkgConfig() {
   programs=$scratch
 }
 
-# Runs a program; it has to end with the status and print the text.
+# Runs a program and checks its exit status and output.
 check() {
   local expectedStatus=$1 expected=$2 status=0 actual
   shift 2
@@ -61,7 +61,7 @@ case $way in
     fail "no such way: $way" ;;
 esac
 
-# The loader looks for each symbol of the C++ library in this order.
+# Checks the order in which the dynamic linker searches the libraries; cmake/kivo.pc.in says why.
 checkOrder() {
   local order
   order=$(readelf --dynamic "$1" | grep -oE 'lib(stdc\+\+|kivo)\.so' | paste -sd ' ')

@@ -1,10 +1,9 @@
 #!/usr/bin/env bash
-# Makes the Debian packages, installs them with dpkg into a root of their own, builds the
-# examples from the sources that lie there, against the library that lies there, runs them,
-# and removes the packages again.
+# Makes the Debian packages and installs them with dpkg into a separate root. Builds the installed
+# examples with the installed library, runs them, and removes the packages again.
 #   debian_packages.sh SOURCE-DIRECTORY WORK-DIRECTORY
-# Ends with 77 where there is no dpkg. The work directory may be used again: the library is
-# built only once in it.
+# Exits with 77 if there is no dpkg. The work directory can be used again: the library is built in
+# it only once.
 set -euo pipefail
 source=$1 work=$2
 command -v dpkg-deb >/dev/null || { echo "this is no Debian system"; exit 77; }
@@ -13,7 +12,7 @@ trap 'rm -rf "$scratch"' EXIT
 
 fail() { echo "$*"; exit 1; }
 
-# Does a step without a word, unless it fails.
+# Runs a step and shows its output only if it fails.
 quietly() { "$@" >"$scratch/log" 2>&1 || { cat "$scratch/log"; fail "failed: $*"; }; }
 
 quietly "$source/scripts/package" --unchecked "$work"
@@ -23,22 +22,22 @@ field() { dpkg-deb --field "$1" "$2"; }
 package=$(field "$library" Package) version=$(field "$library" Version)
 multiarch=$(dpkg-architecture -q DEB_HOST_MULTIARCH)
 
-# A root with nothing in it but the knowledge of which versions this system has of what the
-# library depends on, so that dpkg checks the dependencies.
+# An empty root. Its status file lists only the installed packages that the library depends on, so
+# that dpkg can check the dependencies.
 root=$scratch/root
 mkdir -p "$root"/var/lib/dpkg/{info,updates,triggers}
 field "$library" Depends | sed 's/([^)]*)//g; s/,/\n/g' | xargs dpkg-query --status \
   >"$root/var/lib/dpkg/status"
 inRoot() { PATH=$PATH:/usr/sbin:/sbin dpkg --root="$root" --force-not-root --log=/dev/null "$@"; }
 
-# The headers alone stay unconfigured.
+# Without the library, dpkg must refuse to configure libkivo-dev.
 ! inRoot --install "$dev" >"$scratch/log" 2>&1 ||
   fail "libkivo-dev was installed without the library"
 grep -qF "libkivo-dev depends on $package (= $version)" "$scratch/log" ||
   { cat "$scratch/log"; fail "libkivo-dev does not ask for $package of its own version"; }
 quietly inRoot --install "$library" "$dev" "$doc"
 
-# What the packages hold, and what they say of themselves.
+# Checks the files and the control files of the packages.
 holds() {
   local name=$1 others
   others=$(inRoot --listfiles "$name" | while IFS= read -r file; do
@@ -64,7 +63,7 @@ sections=$(readelf --sections --dynamic --wide "$libdir/libkivo.so")
 ! grep -E '[.]symtab|[.]debug|RPATH|RUNPATH' <<<"$sections" || fail "$package is not stripped"
 ! grep -rlF -e "$source" -e "$work" "$root/usr" || fail "these files name the place they come from"
 
-# The examples as a reader of the package would build them, and one of them by pkg-config.
+# Builds the examples as a user of the package would, and one of them with pkg-config.
 cp -r "$root/usr/share/doc/libkivo-dev/examples" "$scratch/examples"
 quietly cmake -S "$scratch/examples" -B "$scratch/build" -DCMAKE_PREFIX_PATH="$root/usr" \
   -DCMAKE_BUILD_TYPE=Debug
@@ -85,7 +84,7 @@ read -ra expected <<<"$(wc -lwc "$text")"
 greeting=$(LD_LIBRARY_PATH=$libdir "$scratch/greet" World)
 [ "$greeting" = "Hello World" ] || fail "greet printed: $greeting"
 
-# The package of a tool that was built like this comes to depend on the library's.
+# The package of a tool that was built like this must depend on the package of the library.
 mkdir -p "$scratch/tool/debian"
 printf 'Source: tool\n\nPackage: tool\nArchitecture: any\n' >"$scratch/tool/debian/control"
 dependencies=$(cd "$scratch/tool" && dpkg-shlibdeps -O -S"$scratch/raw" -e"$textkit" 2>"$scratch/log") ||

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs the library into a prefix, moves the prefix to where the consumers look for it,
-# and checks what lies there: the files, and that nothing in them names a place.
+# Installs the library into a prefix, moves the prefix to where the consumers look for it, and
+# checks the installed files: no file is missing or too many, and none contains an absolute path.
 #   install_tree.sh SOURCE-DIRECTORY BUILD-DIRECTORY PREFIX
 set -euo pipefail
 source=$1 build=$2 prefix=$3
@@ -32,7 +32,7 @@ while IFS= read -r header; do
   [ -e "$prefix/include/$header" ] || fail "a header includes $header, which is not installed"
 done < <(grep -rhoP '#include <\K(kivo|stratum2|bedrock)/[^>]+' "$prefix/include" | sort -u)
 
-# In text and binary files alike.
+# Searches text and binary files alike.
 ! grep -rlF -e "$source" -e "$build" -e "$first" "$prefix" ||
   fail "these files name the place they come from"
 ! grep -rnE '(=|")/[^"]' "$libdir/cmake" "$libdir/pkgconfig" ||

@@ -18,9 +18,9 @@ bool canBeUsedTogether(const std::set<std::string>& usedActions, const ActionGro
   });
 }
 
-// What the walk over the actions found.
+// The outcome of findActions().
 struct Found {
-  const Option* action = nullptr;  // the first action that was found
+  const Option* action = nullptr;  // the first stored action, by name
   bool hasOtherOptions = false;
 };
 

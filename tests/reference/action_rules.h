@@ -1,6 +1,6 @@
 #pragma once
 
-// What may be given together: phase two of a parse.
+// Phase two of a parse: checks which actions and modifiers may be given together.
 
 #include <set>
 #include <string>
@@ -10,13 +10,13 @@
 
 namespace kivo_3_3::reference {
 
-// Each set holds the first names of actions that may be given together.
+// Each set lists actions that may be given together, by their first names. Other names of an action
+// never match.
 using ActionGroups = std::vector<std::set<std::string>>;
 
-// Checks the actions and modifiers that are stored, in the order of their names. Defaults
-// count as stored, but a modifier that is known only through its default goes with every
-// action. Returns a status; a name that no declaration has ends the check with 1 and without
-// a message.
+// Checks the stored actions and modifiers, in the order of their names. A default counts as stored,
+// except that a modifier with only a default is accepted with every action. Returns a status. A
+// stored name that is not declared ends the check with 1 and without a message.
 int checkActions(const StoredOptions& stored, const Options& options, const ActionGroups& groups,
                  std::string& error);
 

@@ -46,8 +46,8 @@ bool isHexadecimal(const std::string& text) {
   return (last == 'h' || last == 'H') && areHexadecimalDigits(text.substr(0, text.size() - 1));
 }
 
-// The only conversion that reads hexadecimal numbers: 0x1F, 1Fh. Unlike with the other types,
-// what follows the number is not looked at.
+// The only conversion that reads hexadecimal numbers: 0x1F, 1Fh. Unlike the other conversions, it
+// ignores what follows the number.
 variant_t textToUnsigned64(const std::string& text) {
   std::istringstream stream(text);
   u64_t number = 0;

@@ -1,10 +1,9 @@
 #pragma once
 
-// Typed values to text and back, by the declared type of an option.
+// Converts typed values to text and back, by the declared type of an option.
 //
-// Numbers go through string streams of their own, so they follow the global locale of the
-// moment. Each text that is converted gets a typed value with characters of its own, which
-// all copies of the value share.
+// Each number is converted by a new string stream, so it follows the global locale of that moment.
+// A converted text gets a copy of its characters, which all copies of the typed value share.
 
 #include <kivo/value.h>
 
@@ -12,13 +11,13 @@
 
 namespace kivo_3_3::reference {
 
-// The text of a value, read as `type`, whatever the type of the value. Under a type that has
-// no conversions it is empty. A value that cannot be read as `type` calls the assertion
-// handler; should the handler return, the value counts as zero or as the empty text.
+// Reads the value as `type`, whatever its own type is, and returns the text; empty for a type that
+// has no conversions. If the value cannot be read as `type`, the assertion handler is called; if
+// the handler returns, the value counts as zero or as the empty text.
 std::string toText(variant_type_t type, const variant_t& value);
 
-// The value of a text; `vtNull` where the text does not convert, or the type has no
-// conversions. An empty text under `vtU64` raises std::out_of_range.
+// The typed value of a text. It is of type `vtNull` if the text does not convert, or if `type` has
+// no conversions. An empty text under `vtU64` raises std::out_of_range.
 variant_t fromText(variant_type_t type, const std::string& text);
 
 // The name of a type in messages and help, empty for a type without conversions.

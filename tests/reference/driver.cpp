@@ -1,13 +1,13 @@
-// One parse, from its defaults to its rules.
+// The steps of one parse:
 //
 // 1. parseArgsVector() stores the declared defaults; parseStream() does not.
 // 2. Phase one walks the arguments up to "--" and has the recognizers bind them.
 // 3. The arguments after "--" are kept as leftover arguments.
 // 4. Option files are read, each with steps 2 and 3 of its own.
-// 5. Phase two checks what may be given together.
+// 5. Phase two checks which actions and modifiers may be given together.
 //
-// A failure leaves everything that was stored before it. Messages go into m_lastError, which
-// the recognizers write into directly.
+// After a failure, everything that was stored before it stays stored. Messages are written to
+// m_lastError, to which the recognizers get a reference.
 
 #include <kivo/status.h>
 
@@ -28,11 +28,11 @@ constexpr const char* optionFile = "option-file";
 constexpr const char* unidentifiedProblem = "Unidentified problem detected.";
 constexpr int lowestPriority = -99999999;
 
-// The result that a parse fills; null for a null result and for one of another class.
+// The result to fill. Null if the tool gave none, or one of another class.
 Result* storeOf(IParseResult* result) { return dynamic_cast<Result*>(result); }
 
-// Every recognizer is asked. Of those that claim the argument the one of the highest priority
-// is chosen, the first on a tie; null where none claims it.
+// Asks every recognizer. Returns the recognizer with the highest priority of those that claim the
+// argument, the first one on a tie; null if none claims it.
 Recognizer* chooseRecognizer(const std::vector<Recognizer*>& recognizers, const Arguments& args,
                              const Options& options) {
   Recognizer* best = nullptr;
@@ -56,7 +56,7 @@ void traceOutcome(const std::string& step, int outcome, const std::string& error
 
 }  // namespace
 
-// A null entry ends the vector early.
+// A null entry in argv ends the arguments early.
 int Parser::parseArgsVector(int argc, const char* const* argv, IParseResult* result) {
   try {
     Result* const store = storeOf(result);
@@ -85,8 +85,8 @@ int Parser::parseStream(const char* text, IParseResult* result) {
   }
 }
 
-// A handler may parse more into the result that is being filled. That only adds arguments:
-// option files and rules are left to the outer parse.
+// A handler may start a nested parse by the same parser into the same result. The nested parse only
+// stores its arguments; the outer parse reads the option files and checks the rules.
 int Parser::parseVector(Arguments& args, Result* result) {
   const RunningParse parsing(*this, result);
   try {
@@ -110,7 +110,8 @@ int Parser::parseArguments(Arguments& args, Result* result) {
   return collectNonparsingArguments(args, result);
 }
 
-// The trace is switched by the very first argument only, and by every text anew.
+// Each command line and each text sets the trace switch anew: on if its very first argument is the
+// switch, off otherwise.
 int Parser::parsePhaseOne(Arguments& args, Result* result) {
   traceSwitch() = !args.empty() && args[0] == traceOn;
   if (traceSwitch())
@@ -129,7 +130,7 @@ int Parser::parsePhaseOne(Arguments& args, Result* result) {
   return status::success;
 }
 
-// A handler that answers false lets the argument pass where it would be an error.
+// If unknown arguments are errors, a handler can still let an argument pass by answering false.
 int Parser::passOverUnknown(Arguments& args) {
   const bool accepted = onUknownArgument(args[0].c_str());
   if ((m_flags & parserFlags::unknownArgumentIsError) != 0 && accepted) {
@@ -141,7 +142,7 @@ int Parser::passOverUnknown(Arguments& args) {
   return status::success;
 }
 
-// The separator itself is dropped; a second one is an ordinary leftover argument.
+// The separator itself is dropped. A second separator is an ordinary leftover argument.
 int Parser::collectNonparsingArguments(Arguments& args, Result* result) {
   const auto separator = std::find(args.begin(), args.end(), argumentSeparator);
   if (separator == args.end())
@@ -160,8 +161,8 @@ int Parser::collectNonparsingArguments(Arguments& args, Result* result) {
   return status::success;
 }
 
-// The flag that keeps dashes from being positional does not count here. An argument that is
-// not claimed is skipped.
+// The flag dashArgumentsAreNeverPositional does not count after "--". An argument that the
+// recognizer does not claim is no error.
 int Parser::offerToPositional(const std::string& argument, Result* result) {
   PositionalRecognizer positional(*this, m_flags & ~parserFlags::dashArgumentsAreNeverPositional);
   Arguments args = {argument};
@@ -174,8 +175,9 @@ int Parser::offerToPositional(const std::string& argument, Result* result) {
   return outcome;
 }
 
-// Files named by an option file are read in their turn. The walk over the names keeps its own
-// place in the result, so that handlers may read the result meanwhile.
+// Files are read in the order in which they were named, so a file that an option file names is read
+// after those that were named before it. The cursor is saved and restored around each file:
+// handlers may query the result meanwhile.
 int Parser::readOptionFiles(Result& result) {
   if (!m_optionFileEnabled || !result.present(optionFile, firstPosition, lastPosition))
     return status::success;

@@ -1,6 +1,6 @@
 #pragma once
 
-// Owns every text that a parser or a result hands out as a pointer.
+// Interns every text that a parser or a result hands out as a pointer.
 //
 // Equal texts share one copy, and so one address, until the owner is destroyed.
 
@@ -13,8 +13,8 @@ namespace kivo_3_3::reference {
 
 class Garbage {
  public:
-  // The kept copy; a null text gives a static empty text. A text that is kept already is found
-  // without memory.
+  // Returns the interned copy; for null, a static empty text. Finding a text that is interned
+  // already allocates nothing.
   const char* init(const char* text) {
     if (text == nullptr)
       return "";

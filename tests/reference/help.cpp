@@ -49,7 +49,7 @@ std::string headOf(const Option& option) {
   return option.type == vtNull ? head : head + valueSyntax(option);
 }
 
-// A head that reaches the column of the description stands on a line of its own.
+// A head that reaches the column of the description is on a line of its own.
 std::string entryOf(const Option& option) {
   const std::string head = headOf(option);
   if (head.size() < descriptionColumn)

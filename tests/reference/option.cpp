@@ -11,7 +11,7 @@ namespace kivo_3_3::reference {
 
 namespace {
 
-// A value that is no text reads as the empty text.
+// The text of a value; empty if the value is not a text.
 std::string readAsText(const variant_t& value) {
   return value.can_get<const char*>() ? value.get<const char*>() : "";
 }
@@ -61,8 +61,8 @@ IOption* Option::tag(const char* newTags) {
 
 std::string Option::defaultAsText() const { return toText(type, defaultsTo); }
 
-// Deprecated values count only where there are allowed values; then they are accepted too,
-// after the allowed ones.
+// Deprecated values count only if there are allowed values. Then they are accepted too, and come
+// after the allowed values.
 bool Option::validate(std::string& text, variant_t& value, std::string& error) const {
   value = fromText(type, text);
   if (value.type() == vtNull) {
@@ -86,8 +86,8 @@ bool Option::validate(std::string& text, variant_t& value, std::string& error) c
   return true;
 }
 
-// Every candidate that begins with the text passes; the last one that does gives the value,
-// even where the text turns out to be ambiguous.
+// A candidate passes if it begins with the text. The last one that passes is assigned to `value`,
+// even if the text turns out to be ambiguous.
 bool Option::completeAbbreviation(const std::vector<variant_t>& candidates, std::string& text,
                                   variant_t& value, std::string& error) const {
   int passed = 0;
@@ -110,7 +110,7 @@ bool Option::completeAbbreviation(const std::vector<variant_t>& candidates, std:
   return false;
 }
 
-// Only the allowed values, never the deprecated ones.
+// Lists the allowed values only, never the deprecated ones.
 std::string Option::allowedValuesAsText() const {
   std::string list;
   for (const variant_t& value : allowedValues)
@@ -123,7 +123,7 @@ std::string Option::doesNotAllow(const std::string& text) const {
          "'. Possible values follows: " + allowedValuesAsText();
 }
 
-// A deprecated value is accepted as written; the warning points to its replacement.
+// A deprecated value is stored as it is; the warning names its replacement.
 void Option::warnIfDeprecated(const std::string& text) const {
   const auto deprecated = deprecatedValues.find(fromText(type, text));
   if (deprecated != deprecatedValues.end())

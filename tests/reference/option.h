@@ -15,11 +15,11 @@ namespace kivo_3_3::reference {
 
 class Option final : public IOption {
  public:
-  // Appends a name as it stands. Null changes nothing.
+  // Appends one name, unchanged: commas do not split it. Null changes nothing.
   IOption* synonym(const char* name) override;
-  // Duplicates are kept. An option without a tokenizer gets ',' again.
+  // Keeps duplicates. Sets the tokenizer to ',' again if there is none.
   IOption* allowValue(const variant_t& value) override;
-  // The first replacement for a value stays.
+  // A value that has a replacement already keeps it.
   IOption* allowDeprecatedValue(const variant_t& oldValue, const variant_t& newValue) override;
   IOption* defaultValue(const variant_t& value) override;
   IOption* tokenize(char separator) override;
@@ -32,7 +32,7 @@ class Option final : public IOption {
   std::string defaultAsText() const;
 
   // Converts the text of one value and checks it against the allowed values. On success an
-  // abbreviated text is replaced by the allowed value; on failure `error` has the message.
+  // abbreviated text is replaced by the full value; on failure `error` has the message.
   bool validate(std::string& text, variant_t& value, std::string& error) const;
 
   std::vector<std::string> names;
@@ -57,10 +57,11 @@ class Option final : public IOption {
   void warnIfDeprecated(const std::string& text) const;
 };
 
-// A builder that a tool keeps too long refers to an old option, never to freed memory.
+// A deque, because its elements never move: a builder that a tool keeps too long refers to an old
+// option, never to freed memory.
 using Options = std::deque<Option>;
 
-// Orders by first name, the empty text for an option without names.
+// Orders by first name. An option without names counts as having the empty name.
 bool operator<(const Option& left, const Option& right);
 
 }  // namespace kivo_3_3::reference

@@ -9,7 +9,7 @@ namespace kivo_3_3::reference {
 
 namespace {
 
-// What is left of a line without the white space before it and the line end after it.
+// The line without the white space before its argument and the line end after it.
 std::string trimmed(const std::string& line, const std::locale& locale) {
   std::size_t start = 0;
   while (start < line.size() && std::isspace(line[start], locale))
@@ -25,7 +25,7 @@ std::string trimmed(const std::string& line, const std::locale& locale) {
 std::vector<std::string> argumentsOfText(const std::string& text) {
   std::vector<std::string> args;
   const std::locale locale;
-  // This text has counted as a single question mark since 3.0; tools depend on it.
+  // The text "-1" has counted as a single question mark since 3.0; tools depend on it.
   std::istringstream stream(text == "-1" ? "?" : text);
   std::string line;
   while (std::getline(stream, line)) {

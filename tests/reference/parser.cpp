@@ -43,7 +43,7 @@ IOption* Parser::action(const char* names, const char* description, variant_type
   return m_registry.option(names, nullptr, description, true, type, group);
 }
 
-// The names of its actions become the tags of a modifier.
+// The names of the actions become the tags of the modifier.
 IOption* Parser::modifier(const char* names, const char* actions, const char* description,
                           variant_type_t type, const char* group) {
   return m_registry.option(names, actions, description, false, type, group);
@@ -79,9 +79,9 @@ void Parser::addHandler(EventHandler* handler) {
 
 void Parser::removeHandler(EventHandler* handler) { m_handlers.erase(handler); }
 
-// A handler may add and remove handlers: after each call the next one is the next greater
-// pointer that is registered then. Where the same event comes back to a parser that is passing
-// it on, it goes no further.
+// Handlers are called in the order of their addresses. A handler may add and remove handlers, so
+// the next one is looked up after each call. An event that comes back to a parser that is passing
+// it on goes no further.
 void Parser::passOn(Event event, const char* keptText, const CallHandler& call) {
   if (isPassingOn(*this, event, keptText))
     return;
@@ -96,7 +96,7 @@ void Parser::passOn(Event event, const char* keptText, const CallHandler& call) 
   }
 }
 
-// Every handler is called, and what it answers makes no difference.
+// Every handler is called; the answers are ignored.
 bool Parser::onOptionParse(const char* name) {
   if (m_handlers.empty())
     return true;
@@ -108,7 +108,7 @@ bool Parser::onOptionParse(const char* name) {
   return true;
 }
 
-// The first refusal keeps the remaining handlers from being called.
+// The handlers after the first refusal are not called.
 bool Parser::onValueParse(const char* name, const Value& value) {
   if (m_handlers.empty())
     return true;
@@ -147,7 +147,7 @@ const char* Parser::describe(const std::vector<Option>& options, bool hidden) {
   return helpText([&] { return formatHelp(m_registry.groups(), options, hidden); });
 }
 
-// No blank stands between the two sentences; tools depend on it.
+// There is no blank between the two sentences; tools depend on it.
 const char* Parser::topicNotAvailable(const std::string& topic, bool hidden) {
   return helpText([&] {
     return "Help for " + topic + " not available.Please use one of the following topics:\n" +
@@ -155,7 +155,8 @@ const char* Parser::topicNotAvailable(const std::string& topic, bool hidden) {
   });
 }
 
-// A tool with actions shows them as the topics of its help.
+// A tool with actions gets a list of its actions, as topics; any other tool gets all its options
+// described.
 const char* Parser::getDescription(bool hidden) {
   return helpText([&] {
     const Options& options = m_registry.options();

@@ -27,7 +27,7 @@ class Parser final : public IParser {
  public:
   explicit Parser(int flags);
 
-  // A parser is an event handler: each event goes to the handlers registered with it.
+  // A parser is an event handler: it passes each event on to the handlers registered with it.
   bool onOptionParse(const char* name) override;
   bool onValueParse(const char* name, const Value& value) override;
   bool onUknownArgument(const char* argument) override;
@@ -54,11 +54,11 @@ class Parser final : public IParser {
   bool allowSimultaneousActions(const std::set<std::string>& actionNames) override;
 
  private:
-  // Calls one handler; false keeps the handlers after it from being called.
+  // Calls one handler. Returns whether the handlers after it are to be called too.
   using CallHandler = std::function<bool(EventHandler& handler)>;
   void passOn(Event event, const char* keptText, const CallHandler& call);
 
-  // The text of help, or "Unknown error handled." where a standard exception is thrown.
+  // The text of help, or "Unknown error handled." if writing it throws a standard exception.
   const char* helpText(const std::function<std::string()>& write);
   const char* describe(const std::vector<Option>& options, bool hidden);
   const char* topicNotAvailable(const std::string& topic, bool hidden);

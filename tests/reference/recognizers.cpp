@@ -17,7 +17,7 @@ namespace {
 
 std::string inArgument(const std::string& argument) { return " in argument: '" + argument + "'"; }
 
-// Each name in its order, and right after each name of a boolean option its "no-" form.
+// All names in declaration order. Each name of a boolean option is followed by its "no-" form.
 std::vector<std::string> optionNames(const Options& options) {
   std::vector<std::string> names;
   for (const Option& option : options)
@@ -85,7 +85,7 @@ int Recognizer::parseTokens(const std::string& value, std::string& error, const 
   trace(std::string(": using tokenizer on char: '") + option.tokenizer + "'");
   const std::vector<std::string> tokens = tokensOf(value, option.tokenizer);
   if (tokens.empty()) {
-    // The whole value is quoted where the message says "argument"; tools depend on it.
+    // The message says "argument" and quotes the whole value; tools depend on it.
     error = "No value parsed in argument '" + value + "' for option '" + option.firstName() + "'";
     trace(": " + error);
     return status::usageError;
@@ -96,7 +96,7 @@ int Recognizer::parseTokens(const std::string& value, std::string& error, const 
     if (const int outcome = validate(token, typed, error, option, argument))
       return outcome;
     const StoredValue stored = {token, typed, drawPosition()};
-    // A refusal quotes the whole value, not the token.
+    // If a handler refuses a token, the message quotes the whole value.
     if (const int outcome = announceValue(stored, value, error, option, argument))
       return outcome;
     values.push_back(stored);
@@ -106,7 +106,7 @@ int Recognizer::parseTokens(const std::string& value, std::string& error, const 
   return status::success;
 }
 
-// An abbreviated token is completed.
+// Replaces an abbreviated token by the full value.
 int Recognizer::validate(std::string& token, variant_t& typed, std::string& error,
                          const Option& option, const std::string& argument) const {
   if (option.validate(token, typed, error))
@@ -124,12 +124,12 @@ int Recognizer::announceValue(const StoredValue& announced, const std::string& q
     return status::success;
   error = "Value '" + quoted + "' is not valid for option '" + option.firstName() +
           "' in argument '" + argument + "'";
-  // Nothing stands between the recognizer's name and the message.
+  // This line has no ": " after the name of the recognizer; tools depend on it.
   trace(error + " One of the handler signaled the value is not valid.");
   return status::valueRefused;
 }
 
-// Handlers are told; what they answer makes no difference.
+// Handlers are notified; their answers are ignored.
 void Recognizer::announceOption(const Option& option) {
   m_handler.onOptionParse(option.firstName().c_str());
 }
@@ -201,11 +201,11 @@ int NamedRecognizer::parse(Arguments& args, Result* result, const Options& optio
   return status::success;
 }
 
-// `taken` comes with the value of the same argument. An empty one counts as none: "--level=".
+// `taken` has the value from the same argument already. An empty value counts as none: "--level=".
 int NamedRecognizer::takeValue(const Option& option, const Arguments& args, Taken& taken,
                                std::string& error) {
   if (option.type == vtNull && !taken.value.empty())
-    // No blank stands after the name; tools depend on it.
+    // There is no blank after the name; tools depend on it.
     return fail(error, "Option '" + option.firstName() + "'does not requires a value" +
                            inArgument(args[0]));
   if (option.type == vtNull)
@@ -259,7 +259,7 @@ bool PositionalRecognizer::recognize(const Arguments& args, const Options& optio
   return std::any_of(options.begin(), options.end(), isPositional);
 }
 
-// The whole argument is the value; an empty one stores the option without values.
+// The whole argument is the value. An empty argument gives an occurrence without values.
 int PositionalRecognizer::parse(Arguments& args, Result* result, const Options& options,
                                 std::string& error) {
   trace(": parsing argument '" + args.at(0) + "'");

@@ -1,9 +1,10 @@
 #pragma once
 
-// The two recognizers: what an argument is, and which value it carries.
+// The two recognizers: they find the option that an argument stands for, and its value.
 //
-// Of the recognizers that claim an argument the one of the highest priority parses it: takes
-// the value, splits it, validates each token, announces it, and stores the occurrence.
+// Of the recognizers that claim an argument, the one with the highest priority parses it: it finds
+// the value, splits the value into tokens, validates and announces each token, and stores the
+// occurrence.
 
 #include <kivo/event_handler.h>
 
@@ -19,7 +20,7 @@ using Arguments = std::vector<std::string>;
 
 class Recognizer {
  public:
-  // `handler` is the parser, `flags` are the parser's.
+  // `handler` is the parser, which passes the events on; `flags` are the flags of that parser.
   Recognizer(const char* name, EventHandler& handler, int flags);
   Recognizer(const Recognizer&) = delete;
   Recognizer& operator=(const Recognizer&) = delete;
@@ -28,16 +29,17 @@ class Recognizer {
   // Whether this recognizer claims the first argument.
   virtual bool recognize(const Arguments& args, const Options& options) = 0;
 
-  // Parses the first argument, which recognize() has just claimed, and removes what it used.
-  // Returns a status; on failure `error` has the message and nothing is stored or removed.
+  // Parses the first argument, which recognize() has just claimed, and removes the arguments that
+  // it used. Returns a status; on failure `error` has the message and nothing is stored or removed.
   virtual int parse(Arguments& args, Result* result, const Options& options,
                     std::string& error) = 0;
 
   virtual int priority() const = 0;
 
  protected:
-  // Binds the value found for an option. An empty value stores the option without values.
-  // What was announced and drawn before a failure is not taken back.
+  // Stores an occurrence of an option with the value found for it, after validating and announcing
+  // that value. An empty value gives an occurrence without values. A failure takes back neither the
+  // events that were sent nor the positions that were drawn.
   int parseValueAndAddOption(std::string value, std::string& error, const Option& option,
                              const Arguments& args, Result* result);
 
@@ -61,7 +63,7 @@ class Recognizer {
   int m_flags;
 };
 
-// Options given by name: "-v", "--level=3", "--no-verbose", or an abbreviation of these.
+// Options given by name: "-v", "--level=3", "--no-verbose", or an abbreviation.
 class NamedRecognizer final : public Recognizer {
  public:
   NamedRecognizer(EventHandler& handler, int flags);
@@ -72,7 +74,7 @@ class NamedRecognizer final : public Recognizer {
   int priority() const override { return -10; }
 
  private:
-  // What an argument gives its option: the value, and how many arguments it takes up.
+  // The value found for an option, and the number of arguments that it used: 1 or 2.
   struct Taken {
     std::string value;
     int count = 1;
@@ -87,7 +89,7 @@ class NamedRecognizer final : public Recognizer {
   std::string m_matchedName;      // possibly a "no-" form
 };
 
-// Arguments that name no option, bound to the first option declared as positional.
+// Binds arguments that name no option to the first option declared as positional.
 class PositionalRecognizer final : public Recognizer {
  public:
   PositionalRecognizer(EventHandler& handler, int flags);

@@ -46,7 +46,7 @@ std::optional<std::size_t> findOption(const std::vector<std::string>& names,
   return std::nullopt;
 }
 
-// "key:title"; without a colon the whole text is the key. The first title of a key stays.
+// The text is "key:title", or a key without a title. The first title of a key stays.
 Group Registry::registerGroup(const std::string& text) {
   const std::size_t colon = text.find(':');
   Group group = {text.substr(0, colon), colon != std::string::npos ? text.substr(colon + 1) : ""};

@@ -1,6 +1,6 @@
 #pragma once
 
-// Every declaration of one parser, in its order, and the groups that become help sections.
+// All declarations of one parser in order, and the groups, which become the sections of the help.
 
 #include <optional>
 #include <string>
@@ -10,8 +10,8 @@
 
 namespace kivo_3_3::reference {
 
-// Cuts a text at its commas, without trimming. A piece before a comma counts even when it is
-// empty, the piece after the last comma only when it is not: "a,,b" gives "a", "", "b".
+// Splits a text at its commas, without trimming. An empty piece before a comma counts, an empty
+// piece after the last comma does not: "a,,b," gives "a", "", "b".
 std::vector<std::string> split(const std::string& text);
 
 // Finds the first option that has exactly this name. A boolean option also has each of its
@@ -28,12 +28,12 @@ struct Group {
 
 class Registry {
  public:
-  // `tokenizer` is given to every option declared.
+  // Every declared option gets this tokenizer.
   explicit Registry(char tokenizer) : m_tokenizer(tokenizer) {}
 
-  // Declares an option, or rejects the declaration: too many names, a third name of more than
-  // two characters, or a name that is taken. What is returned for a rejected declaration
-  // accepts the calls of a builder, without effect.
+  // Declares an option. Rejected are declarations with more than three names, with a third name of
+  // more than two bytes, or with a name that is taken. The builder of a rejected declaration
+  // accepts all calls, without effect.
   IOption* option(const char* names, const char* tags, const char* description, bool isAction,
                   variant_type_t type, const char* group);
 

@@ -16,8 +16,9 @@ void Result::destroy() {
     delete this;
 }
 
-// Occurrences accumulate in the order in which they are stored. The records of all names of
-// an option are written together, so every name answers for every occurrence.
+// Occurrences accumulate in the order in which they are stored, in the records of all names of the
+// option. If the first name has no record yet, the records of all names are overwritten, even a
+// record that another option with a shared name has filled.
 void Result::store(const Option& option, const OptionData& data) {
   if (m_options.count(option.firstName()) == 0) {
     for (const std::string& name : option.names)
@@ -31,7 +32,8 @@ void Result::store(const Option& option, const OptionData& data) {
   }
 }
 
-// What was stored before a failure stays. An option without names raises std::out_of_range.
+// What was stored before a failure stays. An option with a default and without names raises
+// std::out_of_range.
 void Result::applyDefaults(const Options& options) {
   for (std::size_t declared = 0; declared < options.size(); ++declared) {
     const Option option = options[declared];
@@ -44,7 +46,7 @@ void Result::applyDefaults(const Options& options) {
   }
 }
 
-// The record is made first: it stays where the conversion or the draw fails.
+// The record is created first, so it exists even if the conversion or the draw fails.
 void Result::applyDefault(const Option& option, const std::string& name) {
   OptionData& stored = m_options[name];
   const std::string text = option.defaultAsText();
@@ -61,8 +63,8 @@ std::size_t Result::countValues(const std::string& name) const {
   return stored != m_options.end() ? stored->second.values.size() : 0;
 }
 
-// Selects the option, and its first occurrence from `from` up to, not including, `to`. A
-// default counts in every range.
+// Selects the option, and its first occurrence from `from` up to, not including, `to`. A default is
+// in every range. Returns false if there is neither.
 bool Result::select(const char* name, int from, int to) {
   m_cursor = Cursor();
   m_cursor.from = from;
@@ -97,7 +99,8 @@ bool Result::deliverNext(Value& value) {
   if (!m_cursor.option->isDefaultOnly())
     return m_cursor.option->values.empty() ? deliverNextOccurrence(value)
                                            : deliverNextStored(value);
-  // This range is what present() leaves for a default, so that it is delivered once after.
+  // present() marks a default that was not delivered yet by this range. Delivering it resets the
+  // range.
   if (m_cursor.from != lastPosition || m_cursor.to != lastPosition)
     return false;
   value = handOut(m_cursor.option->defaultValue);
@@ -118,7 +121,7 @@ bool Result::deliverNextStored(Value& value) {
   return true;
 }
 
-// An option given without values answers with its occurrences; no range applies.
+// An option given without values delivers its occurrences. The range counts only in select().
 bool Result::deliverNextOccurrence(Value& value) {
   const std::vector<int>& positions = m_cursor.option->positions;
   if (m_cursor.position >= positions.size())
@@ -142,7 +145,7 @@ bool Result::present(const char* name, int from, int to) {
   return true;
 }
 
-// A standard exception while the value is copied (memory runs out) makes it "no value".
+// A standard exception while the value is copied, such as std::bad_alloc, gives "no value".
 Value Result::get(const char* name, int from, int to) {
   try {
     Value value;
@@ -152,7 +155,7 @@ Value Result::get(const char* name, int from, int to) {
   }
 }
 
-// The name is not looked at: the option selected last is read on.
+// The name is unused: next() continues with the option that was selected last.
 Value Result::next(const char*) {
   try {
     Value value;
@@ -162,7 +165,8 @@ Value Result::next(const char*) {
   }
 }
 
-// Shares its cursor with the reading of an option without values; no range applies.
+// Advances the index that next() uses for an option without values. The range counts only in
+// select().
 int Result::nextPosition() {
   if (m_cursor.option == nullptr || m_cursor.position >= m_cursor.option->positions.size())
     return lastPosition;

@@ -1,8 +1,9 @@
 #pragma once
 
-// What one command line gave: stored during the parse, read afterwards.
+// What a parse has stored, and the queries of a tool.
 //
-// Reading goes by cursors, which are indexes and so survive everything that is stored.
+// The cursor points to a record, which never moves, and has indexes into it. So it stays valid when
+// more is stored.
 
 #include <kivo/parse_result.h>
 
@@ -21,13 +22,15 @@ struct StoredValue {
   int position = 0;
 };
 
-// One option, or one occurrence of it. An option has one record under each of its names.
+// The record of an option, or of one occurrence of it. A result has one record for each name of an
+// option.
 struct OptionData {
   std::vector<int> positions;  // one for each occurrence
   std::vector<StoredValue> values;
-  StoredValue defaultValue;  // its text is empty where no default was applied
+  StoredValue defaultValue;  // its text is empty if no default was applied
 
-  // An option that is known only through its default answers with the default.
+  // Whether the option has a default and was not given. A default with an empty text does not
+  // count.
   bool isDefaultOnly() const { return positions.empty() && !defaultValue.text.empty(); }
 };
 
@@ -45,8 +48,8 @@ class Result final : public IParseResult {
 
   // Records one occurrence of an option, under each of its names.
   void store(const Option& option, const OptionData& data);
-  // Gives each name of each option that declares a default its default, and draws a position
-  // for the name. Whether the option is given on the command line makes no difference.
+  // Applies the declared defaults, drawing one position per name. Options that are given on the
+  // command line get their defaults too.
   void applyDefaults(const Options& options);
   void addArgument(const std::string& argument, int position);
 
@@ -56,7 +59,7 @@ class Result final : public IParseResult {
 
   // The option that present() or get() selected, and how far it was read.
   struct Cursor {
-    const OptionData* option = nullptr;  // null for none; records stay where they are
+    const OptionData* option = nullptr;  // null if none is selected; records never move
     std::size_t value = 0;
     std::size_t position = 0;
     int from = firstPosition;
@@ -81,7 +84,7 @@ class Result final : public IParseResult {
   std::size_t m_argumentCursor = 0;
 };
 
-// The last value of the option in the range, "no value" where there is none.
+// The last value of the option in the range; "no value" if there is none.
 Value getLastValue(IParseResult* result, const char* name, int from, int to);
 
 }  // namespace kivo_3_3::reference

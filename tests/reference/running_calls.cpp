@@ -32,7 +32,7 @@ RunningParse::RunningParse(const EventHandler& parser, const IParseResult* resul
   calls().push_back({&parser, result, Event::none, nullptr, false});
   if (std::count_if(calls().begin(), calls().end(), isParse) <= deepestNesting)
     return;
-  // An event that a tool sends from outside of all parses is none of their calls.
+  // Events before the outermost parse were sent by a tool outside of all parses: they do not fail.
   const auto outermost = std::find_if(calls().begin(), calls().end(), isParse);
   std::for_each(outermost, calls().end(), [](Call& call) { call.isTooDeep = true; });
 }

@@ -1,20 +1,21 @@
 #pragma once
 
-// The parses that run now and the events that parsers are passing on now, innermost last.
+// The stack of running calls: the parses, and the events that parsers are passing on; innermost
+// last.
 //
-// Handlers may start parses, and parsers may be handlers, so these calls nest. What a parse
-// or an event has to know of the calls around it is asked here.
+// Handlers may start parses, and parsers may be handlers, so these calls nest. A parse or an event
+// asks here about the calls around it.
 
 #include <kivo/event_handler.h>
 #include <kivo/parse_result.h>
 
 namespace kivo_3_3::reference {
 
-// What an event is about. A parse is no event.
+// The kind of an event. A parse is not an event.
 enum class Event { none, optionParsed, valueParsed, unknownArgument };
 
-// A parse, from its construction to its destruction. The result is null where nothing is
-// stored.
+// A parse that is on the stack for the lifetime of this object. The result is null if the parse
+// stores nothing.
 class RunningParse {
  public:
   RunningParse(const EventHandler& parser, const IParseResult* result);
@@ -26,7 +27,8 @@ class RunningParse {
   bool isPartOfOuterParse() const;
 };
 
-// An event that a parser is passing on. `text` is the copy that the parser keeps.
+// An event that a parser is passing on; on the stack for the lifetime of this object. `text` is the
+// copy that the parser has interned.
 class RunningEvent {
  public:
   RunningEvent(const EventHandler& parser, Event event, const char* text);
@@ -35,14 +37,15 @@ class RunningEvent {
   ~RunningEvent();
 };
 
-// Whether the parser is passing on this very event, within the innermost parse.
+// Whether the parser is already passing on this event (same kind and same text) within the
+// innermost parse.
 bool isPassingOn(const EventHandler& parser, Event event, const char* text);
 
-// Raises a standard exception if more than a hundred parses were nested inside or around the
-// innermost call while it ran: then all of these parses end.
+// Throws a standard exception if more than a hundred parses were nested while the innermost call
+// was on the stack. All parses of that nest fail.
 void throwIfTooDeep();
 
-// Whether a running call goes on with the parser or the result.
+// Whether a call on the stack uses the parser or the result.
 bool isInUse(const EventHandler& parser);
 bool isInUse(const IParseResult& result);
 

@@ -8,9 +8,9 @@ namespace {
 
 bool isBlank(char c) { return c == ' ' || c == '\n'; }
 
-// What fits into the room: up to the first newline, whole words if possible, a word longer
-// than the room cut hard. Without any room the read before the start of the chunk raises
-// std::out_of_range.
+// The part of the text for one line with room for `room` bytes: up to the first newline, in whole
+// words if possible; a longer word is cut. If `room` is 0, the access before the start of the chunk
+// raises std::out_of_range.
 std::string takeChunk(const std::string& text, unsigned int room) {
   std::string chunk = text.substr(0, std::min<std::size_t>(text.find('\n'), room));
   const bool endsInWord = text.size() > chunk.size() && !isBlank(text[chunk.size()]) &&
@@ -28,7 +28,8 @@ std::string paragraphString(std::string text, std::string head, unsigned int ind
   std::string output;
   while (!text.empty()) {
     text.erase(0, std::min(text.find_first_not_of(" \n"), text.size()));
-    // Every line begins with one space where there is no indent, so no room is left: it raises.
+    // Without an indent every line begins with a space, so these widths leave no room: the call
+    // raises.
     if (!text.empty() && indent == 0 && (width == 1 || width == 2))
       takeChunk(text, 0);
     const auto length = static_cast<unsigned int>(line.size());

@@ -1,5 +1,5 @@
-// Counts what goes through the global operator new of this executable. There are no
-// threads here, so plain numbers do.
+// Counts the allocations by the global operator new of this executable. The executable has one
+// thread, so the counters are plain numbers.
 
 #include "size/allocation_count.h"
 
@@ -51,8 +51,8 @@ AllocationCount countedSoFar() { return counted; }
 
 }  // namespace kivo_3_3::testing
 
-// Arrays and the forms that do not throw come down to these. The default memory resource
-// asks for all that it hands out by its alignment.
+// The array forms and the nothrow forms call these. The default memory resource always calls the
+// form with an alignment.
 void* operator new(std::size_t size) { return kivo_3_3::testing::take(size); }
 void* operator new(std::size_t size, std::align_val_t alignment) {
   return kivo_3_3::testing::take(size, static_cast<std::size_t>(alignment));

@@ -4,9 +4,8 @@
 
 namespace kivo_3_3::testing {
 
-// What this executable has taken from the heap since the last startCounting(): how often,
-// how many bytes altogether, and the most held at one time beyond what was held at the
-// start.
+// The allocations of this executable since the last startCounting(): their number, their bytes in
+// total, and the most bytes held at one time, not counting those held at the start.
 struct AllocationCount {
   std::size_t allocations = 0;
   std::size_t bytes = 0;

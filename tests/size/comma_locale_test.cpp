@@ -1,5 +1,5 @@
-// A global locale that writes 1234567.5 as 1.234.567,5. Values are read and shown in it;
-// nothing else is a number to a reader, and nothing else changes.
+// A global locale that writes 1234567.5 as 1.234.567,5. Values, defaults and allowed values are
+// read and written in this locale; the trace is not.
 
 #include <gtest/gtest.h>
 
@@ -51,7 +51,7 @@ TEST_F(CommaLocale, ReadsNumbersAsTheLocaleWritesThem) {
   }
 }
 
-TEST_F(CommaLocale, RefusesNumbersOfAnotherAndTellsThemAsTyped) {
+TEST_F(CommaLocale, RefusesNumbersOfAnotherLocaleAndQuotesThemAsTyped) {
   EXPECT_EQ(
       "2: Value validation problem in argument '--ratio=1234.5': Option 'ratio' can not parse "
       "'1234.5' value, requires a type 'double' here.",
@@ -62,7 +62,7 @@ TEST_F(CommaLocale, RefusesNumbersOfAnotherAndTellsThemAsTyped) {
       command.parsed({"--number=12.34"}));
 }
 
-TEST_F(CommaLocale, SplitsAtACommaBeforeItReadsOne) {
+TEST_F(CommaLocale, SplitsAValueAtCommasBeforeItReadsNumbers) {
   command.option("list", vtDouble);
   EXPECT_EQ("list=0,5@+1", command.parsed({"--list=0,5"}));
   EXPECT_EQ(2u, values(command.result(), "list").size());
@@ -86,7 +86,7 @@ TEST_F(CommaLocale, ShowsDefaultsAndAllowedValuesInHelpAndMessages) {
   EXPECT_EQ(0, other.parse({"--size=1.000,20000"}));
 }
 
-// The console, unlike this one, does not write in the global locale by itself.
+// std::cout does not use the global locale by itself: the second parse imbues it.
 TEST_F(CommaLocale, LeavesTheTraceAlone) {
   const std::vector<string> traced = {"kivooption=kivologenable=1", "--number=1234567", "--", "x"};
   const ConsoleCapture console;

@@ -1,5 +1,5 @@
-// Texts that come from outside and are made up to collide in a table cost no more than others.
-// The steps of a search are counted, so that this holds on every machine.
+// Hash flooding: texts that are crafted to collide in a hash table cost no more than others. The
+// tests count probes instead of time, so they give the same result on every machine.
 
 #include <gtest/gtest.h>
 
@@ -20,7 +20,8 @@ using Texts = std::vector<string>;
 
 constexpr std::size_t count = 100'000;
 
-// At most half of the slots are in use: 1.5 steps are expected at worst.
+// Open addressing with a load factor of at most 1/2 takes 1.5 probes a search on average. The limit
+// of 2 leaves room for chance.
 constexpr std::size_t mostSteps = count * 2;
 
 struct Crafted {
@@ -30,7 +31,7 @@ struct Crafted {
 
 std::ostream& operator<<(std::ostream& out, const Crafted& crafted) { return out << crafted.name; }
 
-// Listens, which makes the parser keep what it announces.
+// A parser interns what it announces only if it has a handler.
 class Listener final : public TestHandler {};
 
 class Flooding : public ::testing::TestWithParam<Crafted> {
@@ -54,13 +55,13 @@ class Flooding : public ::testing::TestWithParam<Crafted> {
   Listener listener;
 };
 
-TEST_P(Flooding, UnknownArgumentsAreKeptInLinearSteps) {
+TEST_P(Flooding, UnknownArgumentsAreInternedInLinearSteps) {
   EXPECT_EQ(0, command.parseStream(lines("").c_str()));
   EXPECT_LE(count, parserSteps());
   EXPECT_GE(mostSteps, parserSteps());
 }
 
-TEST_P(Flooding, ValuesThatAreAnnouncedAreNotKeptByTheParser) {
+TEST_P(Flooding, AnnouncedValuesAreNotInternedByTheParser) {
   EXPECT_EQ(0, command.parseStream(lines("--value=").c_str()));
   EXPECT_GE(8u, parserSteps());
   EXPECT_EQ(count, values(command.result(), "value").size());
@@ -88,7 +89,7 @@ INSTANTIATE_TEST_SUITE_P(Texts, Flooding,
                                            Crafted{"OfOneHash", textsOfOneHash}),
                          [](const auto& crafted) { return string(crafted.param.name); });
 
-// The texts do what they are made for, or the tests above would show nothing.
+// Proves that the crafted texts do collide: without that, the tests of Flooding would show nothing.
 TEST(CraftedTexts, CollideUnderTheHashTheyAreMadeFor) {
   std::set<std::uint64_t> hashes;
   for (const string& text : textsOfOneHash(count))

@@ -1,6 +1,6 @@
-// Twice the input takes at most a little more than twice the allocations, and four times the
-// input so much more memory, taken as well as held: four times, for so blocks of it grow. This
-// is counted, so it holds on every machine, however busy it is.
+// Twice the input takes at most 2.2 times the allocations. Four times the input takes at most 4.4
+// times the memory, in total as well as at one time; four times, because memory blocks grow
+// fourfold. All of this is counted, so it does not depend on the speed of the machine.
 
 #include <gtest/gtest.h>
 
@@ -37,7 +37,7 @@ string text(const Arguments& lines, char end) {
   return all;
 }
 
-// The option of most of the families.
+// A parser with the option that most families use.
 Command withText() {
   Command command(parserFlags::unknownArgumentIsError);
   command.option("text,t", vtString);
@@ -148,7 +148,8 @@ AllocationCount ofDefaultsBetweenParses(int count) {
   });
 }
 
-// A handler may amend the option declared last: that one is copied, but not for each argument.
+// A handler may amend the option that was declared last. So the parser copies that option, but must
+// not copy it for each argument.
 AllocationCount ofAllowedValuesAndArgumentsWithAHandler(int count) {
   Command command = withText();
   IOption* const last = command.option("last", vtString);
@@ -171,7 +172,7 @@ AllocationCount ofOneNameTwice(int count) {
   return parsing(command, repeated("--text=", count));
 }
 
-// One option with ever more names, one of which it has twice.
+// One option with many names, one of them twice.
 AllocationCount ofNamesOfWhichOneComesTwice(int count) {
   Command command;
   IOption* const option = command.option("text", vtString);
@@ -181,7 +182,7 @@ AllocationCount ofNamesOfWhichOneComesTwice(int count) {
   return parsing(command, repeated("--text=", 10));
 }
 
-// Options that share a synonym, each given twice in turn.
+// Options that share a synonym. Each is given twice: all of them once, then all again.
 AllocationCount ofASharedSynonym(int count) {
   Command command;
   Arguments arguments;
@@ -206,7 +207,7 @@ class Growth : public ::testing::TestWithParam<Family> {};
 
 TEST_P(Growth, OfAllocationsAndMemoryIsLinear) {
   constexpr int count = 20000;
-  GetParam().cost(count);  // what is made once per process is made now
+  GetParam().cost(count);  // creates what is created once per process
   const AllocationCount once = GetParam().cost(count);
   const AllocationCount twice = GetParam().cost(2 * count);
   const AllocationCount fourTimes = GetParam().cost(4 * count);
@@ -218,7 +219,8 @@ TEST_P(Growth, OfAllocationsAndMemoryIsLinear) {
   expectAtMost(mostForFourTimes, "bytes held", once.peakBytes, fourTimes.peakBytes);
 }
 
-// Every parse stores all defaults anew, so the bytes taken grow faster; those held must not.
+// Every parse stores all defaults anew, so the bytes taken in total grow faster than the input. The
+// bytes held at one time must not.
 TEST(GrowthOfDefaults, DeclaredBetweenParsesIsLinearInMemoryHeld) {
   constexpr int count = 500;
   ofDefaultsBetweenParses(count);

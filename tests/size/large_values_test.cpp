@@ -1,4 +1,4 @@
-// A value of a hundred million bytes, on every road that a value can take.
+// A value of a hundred million bytes, on every path that a value can take.
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ using std::string;
 
 constexpr std::size_t hundredMillion = 100000000;
 
-// Texts of this size are not for printing.
+// Compares texts that are too long to be printed: a failure shows the length and the beginning.
 ::testing::AssertionResult are(const string& expected, const char* text) {
   if (text != nullptr && expected == text)
     return ::testing::AssertionSuccess();
@@ -35,7 +35,7 @@ class LargeValue : public ::testing::Test {
   }
   const char* text() { return command.result().get("text", firstPosition, lastPosition).text; }
 
-  // As a number, of each kind that is read in a way of its own.
+  // Checks that the text is refused as a number, by each kind of conversion.
   static void expectRefused(const string& text, const string& what) {
     const struct {
       variant_type_t type;
@@ -67,7 +67,7 @@ TEST_F(LargeValue, InItsOwnArgumentIsReadWhole) {
   EXPECT_TRUE(are(value, text()));
 }
 
-TEST_F(LargeValue, BehindItsOptionIsReadWhole) {
+TEST_F(LargeValue, AfterItsOptionIsReadWhole) {
   const char* argv[] = {"tool", "--text", value.c_str()};
   const Measurement measured("a value of 100 MB behind its option");
   ASSERT_EQ(0, command.parser().parseArgsVector(3, argv, &command.result()));
@@ -107,7 +107,7 @@ TEST_F(LargeValue, LeftOverIsReadWhole) {
   EXPECT_TRUE(are(value, leftover));
 }
 
-TEST_F(LargeValue, ThatIsNoNumberIsToldWhole) {
+TEST_F(LargeValue, ThatIsNoNumberIsQuotedWhole) {
   expectRefused(value, "a value of 100 MB that is no number, type ");
 }
 
@@ -115,7 +115,7 @@ TEST_F(LargeValue, OfDigitsIsOutOfRange) {
   expectRefused(string(hundredMillion, '7'), "a value of 100 million digits, type ");
 }
 
-TEST_F(LargeValue, UnderAnUnknownNameIsToldWhole) {
+TEST_F(LargeValue, InAnUnknownArgumentIsQuotedWhole) {
   Command strict(parserFlags::unknownArgumentIsError);
   const string argument = "--" + value;
   const char* argv[] = {"tool", argument.c_str()};
@@ -124,7 +124,7 @@ TEST_F(LargeValue, UnderAnUnknownNameIsToldWhole) {
   EXPECT_TRUE(are("Unknown option: " + argument, strict.error()));
 }
 
-// Words that fill a line each.
+// Each word fills a line of the help.
 TEST(LargeHelp, WrapsADescriptionOfAHundredMillionBytes) {
   const string word(48, 'd');
   string description = word;

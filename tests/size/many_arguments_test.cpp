@@ -46,7 +46,8 @@ string joined(const Arguments& words, char separator) {
   return text;
 }
 
-// Nothing, or what the first difference is: a million differences are no help.
+// The first difference, or an empty text if there is none: a list of a million differences is no
+// help.
 template <class Texts, class TextOf>
 string difference(const Texts& texts, const char* what, int count, TextOf textOf) {
   if (texts.size() != static_cast<std::size_t>(count))
@@ -69,7 +70,7 @@ string differenceOfLeftovers(Command& command, const char* what, int count) {
                     [](const char* text) { return text; });
 }
 
-// A named option, a positional one, and option files.
+// A parser with a named option, a positional option, and option files.
 class ManyArguments : public ::testing::Test {
  protected:
   ManyArguments() {
@@ -91,7 +92,7 @@ TEST_F(ManyArguments, NamedOnTheCommandLineAreAllThere) {
   EXPECT_EQ("", differenceOfValues(command, "t", "", million));
 }
 
-TEST_F(ManyArguments, WithoutAResultNothingIsKept) {
+TEST_F(ManyArguments, WithoutAResultAreNotStored) {
   const Arguments arguments = numberedArguments("--text=", million);
   std::vector<const char*> argv = {"tool"};
   for (const string& argument : arguments)
@@ -102,7 +103,7 @@ TEST_F(ManyArguments, WithoutAResultNothingIsKept) {
   EXPECT_GT(1'000, countedSoFar().peakBytes);
 }
 
-TEST_F(ManyArguments, NamedWithTheirValuesBehindThemAreAllThere) {
+TEST_F(ManyArguments, NamedWithValuesInTheNextArgumentAreAllThere) {
   Arguments arguments;
   for (int i = 0; i < million / 2; ++i)
     arguments.insert(arguments.end(), {"-t", numbered("value", i)});
@@ -152,7 +153,7 @@ TEST_F(ManyArguments, InAnOptionFileAreAllThere) {
   EXPECT_EQ("", differenceOfValues(command, "text", "", million));
 }
 
-TEST_F(ManyArguments, WithABadOneAtTheEndAreToldByItAlone) {
+TEST_F(ManyArguments, BeforeABadOneAreStoredAndTheBadOneIsReported) {
   Arguments arguments = numberedArguments("--text=", million);
   arguments.push_back("--text");
   EXPECT_EQ(2, command.parse(arguments));
@@ -210,7 +211,7 @@ TEST(ManyOptions, AreAllNamedAsCandidates) {
             command.error());
 }
 
-TEST(ManyOptions, AllWithADefaultHaveItAndGiveItUp) {
+TEST(ManyOptions, HaveTheirDefaultsUnlessGiven) {
   Command command;
   for (int i = 0; i < manyOptions; ++i)
     command.parser().option(numbered("option", i).c_str(), "", vtS32, nullptr)->defaultValue(i);
@@ -243,7 +244,7 @@ TEST_F(ManyActions, AllowedTogetherMayBeGivenTogether) {
     ASSERT_TRUE(command.result().present(numbered("action", i).c_str(), 0, lastPosition));
 }
 
-TEST_F(ManyActions, OfWhichOneIsNotAllowedAreToldByThatOne) {
+TEST_F(ManyActions, OfWhichOneIsNotAllowedAreAnErrorThatNamesIt) {
   command.action("zap");
   arguments.push_back("--zap");
   EXPECT_EQ(2, command.parse(arguments));
@@ -260,7 +261,7 @@ TEST(ManyTokens, OfOneArgumentAreAllThere) {
   EXPECT_EQ("", differenceOfValues(command, "t", "token", manyTokens));
 }
 
-TEST(ManyTokens, AreIntegersOfWhichABadOneAtTheEndIsTold) {
+TEST(ManyTokens, OfIntegersAreAllThereAndABadOneAtTheEndIsReported) {
   Command command;
   command.option("number", vtS32);
   const string good = "--number=" + joined(numberedArguments("", manyTokens), ',');
@@ -280,7 +281,7 @@ TEST(ManyTokens, AreIntegersOfWhichABadOneAtTheEndIsTold) {
   EXPECT_FALSE(command.result().present("number", firstPosition, lastPosition));
 }
 
-TEST(ManyTokens, AreHeldAgainstTheAllowedValues) {
+TEST(ManyTokens, AreCheckedAgainstTheAllowedValues) {
   Command command;
   IOption* const option = command.option("letter", vtString);
   for (char letter = 'a'; letter <= 'z'; ++letter)

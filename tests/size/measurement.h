@@ -6,8 +6,9 @@
 
 namespace kivo_3_3::testing {
 
-// Prints what the work done while it lives has cost: seconds on the clock, seconds
-// of the processor, and the largest amount of memory held beyond what was held before.
+// Prints the cost of the work that is done during its lifetime: seconds by the clock, seconds of
+// processor time, the most memory held at one time (not counting what was held before), and the
+// number of allocations.
 class Measurement {
  public:
   explicit Measurement(std::string what);

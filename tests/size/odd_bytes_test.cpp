@@ -1,5 +1,5 @@
-// Names, values, descriptions and unknown arguments of any bytes. The library knows
-// nothing of characters: what goes in comes out byte by byte, in messages and help too.
+// Names, values, descriptions and unknown arguments with any bytes. The library does not interpret
+// characters: every byte that goes in comes out unchanged, in messages and help too.
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,8 @@ namespace {
 
 using std::string;
 
-// Cut short, overlong, a surrogate, beyond the last character, bytes that never occur.
+// Invalid UTF-8: cut short, overlong, a surrogate, beyond the last character, bytes that never
+// occur.
 const char* const noUtf8[] = {"\xE2",         "\xE2\x80",         "a\x80z",   "\xC0\xAF",
                               "\xED\xA0\x80", "\xF5\x80\x80\x80", "\xFE\xFF", "\xF0\x9F\x99"};
 
@@ -31,7 +32,7 @@ string without(string text, const string& bytes) {
   return text;
 }
 
-// Where one of these ends the name, what is left of it is a good abbreviation.
+// A byte that ends the name leaves "n", which is an abbreviation of the declared name.
 TEST(OddBytes, InANameAreFoundUnlessTheyEndIt) {
   for (const char byte : everyByte()) {
     SCOPED_TRACE(static_cast<int>(byte));
@@ -81,7 +82,7 @@ TEST(OddBytes, EachMaySeparateValues) {
   }
 }
 
-TEST(OddBytes, OfAnUnknownArgumentAreTold) {
+TEST(OddBytes, OfAnUnknownArgumentAreQuotedUnchanged) {
   Command command(parserFlags::unknownArgumentIsError);
   EXPECT_EQ(2, command.parse({"--" + everyByte()}));
   EXPECT_EQ("Unknown option: --" + everyByte(), command.error());
@@ -90,7 +91,7 @@ TEST(OddBytes, OfAnUnknownArgumentAreTold) {
       EXPECT_EQ("2: Unknown option: " + argument, command.parsed({argument}));
 }
 
-TEST(OddBytes, OfARefusedValueAreTold) {
+TEST(OddBytes, OfARefusedValueAreQuotedUnchanged) {
   const string value = without(everyByte(), ",");
   Command command;
   command.option("number", vtS32);
@@ -129,7 +130,7 @@ TEST(OddBytes, InHelpAreKeptWhereverLinesAreBroken) {
   EXPECT_EQ(without(description, " \n"), without(help.substr(44), " \n"));
 }
 
-TEST(OddBytes, InTopicsAreTold) {
+TEST(OddBytes, InATopicAreQuotedUnchanged) {
   Command command;
   EXPECT_EQ("Help for " + everyByte() + " not available.Please use one of the following topics:\n",
             string(command.parser().getDescription(everyByte().c_str(), false)));

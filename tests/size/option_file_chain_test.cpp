@@ -1,4 +1,5 @@
-// Option files that name option files, ten thousand deep or ten thousand times the same.
+// Option files that name each other in a chain of ten thousand, and one option file that is named a
+// hundred thousand times.
 
 #include <gtest/gtest.h>
 
@@ -29,8 +30,8 @@ class OptionFileChain : public ::testing::Test {
 
   string naming(const string& file) const { return "--option-file=" + folder.path(file) + "\n"; }
 
-  // Each file has a value of its own, `more`, and the name of the next; the last one names
-  // the file "last".
+  // Each file has a value of its own, `more`, and the name of the next file. The last file of the
+  // chain names the file "last".
   void writeChain(const string& more) {
     for (int i = 0; i < chainLength; ++i)
       folder.write(fileName(i), "--text=" + std::to_string(i) + "\n" + more +
@@ -41,7 +42,7 @@ class OptionFileChain : public ::testing::Test {
     return command.parse({"--option-file=" + folder.path(file)});
   }
 
-  // How many values are there; all of them must be numbers that go on from 0.
+  // The number of values; -1 if they are not 0, 1, 2 and so on.
   int countTexts() {
     int count = 0;
     for (const Value& value : values(command.result(), "text")) {
@@ -56,7 +57,7 @@ class OptionFileChain : public ::testing::Test {
   Command command;
 };
 
-TEST_F(OptionFileChain, IsReadToItsEndWhateverIsThere) {
+TEST_F(OptionFileChain, IsReadToItsEndWhateverTheLastFileIs) {
   writeChain("");
   const string unreadable = "Error reading option file '";
   const struct {
@@ -66,7 +67,7 @@ TEST_F(OptionFileChain, IsReadToItsEndWhateverIsThere) {
     string error;
   } cases[] = {
       {"a missing file", "--option-file=/missing", 6, unreadable + "/missing'"},
-      {"an empty file", "", 0, unreadable + "/missing'"},  // success leaves it as it was
+      {"an empty file", "", 0, unreadable + "/missing'"},  // a success does not clear the message
       {"the first file", naming(fileName(0)), 6, unreadable + folder.path(fileName(0)) + "'"},
       {"the one ahead of it", naming(fileName(chainLength - 1)), 6,
        unreadable + folder.path(fileName(chainLength - 1)) + "'"},
@@ -75,7 +76,7 @@ TEST_F(OptionFileChain, IsReadToItsEndWhateverIsThere) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.end);
     folder.write("last", c.lastFile);
-    ASSERT_EQ(0, command.parse({}));  // lets go of the result before
+    ASSERT_EQ(0, command.parse({}));  // frees the previous result before the measurement
     const Measurement measured(string("a chain of 10,000 option files, at its end ") + c.end);
     EXPECT_EQ(c.status, parseFile(fileName(0)));
     EXPECT_EQ(c.error, command.error());

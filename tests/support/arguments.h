@@ -10,7 +10,7 @@
 
 namespace kivo_3_3::testing {
 
-// Arguments as a process gets them.
+// Owns the texts of arguments, and an array of pointers to them as in argv.
 class ListedArguments {
  protected:
   explicit ListedArguments(std::vector<std::string> texts) : m_texts(std::move(texts)) {
@@ -22,7 +22,7 @@ class ListedArguments {
   std::vector<const char*> m_argv;
 };
 
-// A window on arguments of its own.
+// An ArgumentWindow that owns its arguments.
 class WindowOn final : private ListedArguments, public ArgumentWindow {
  public:
   explicit WindowOn(std::vector<std::string> texts)
@@ -31,7 +31,7 @@ class WindowOn final : private ListedArguments, public ArgumentWindow {
   WindowOn& operator=(const WindowOn&) = delete;
 };
 
-// What has not been used yet.
+// The arguments that are left in the window.
 inline std::vector<std::string> leftOf(ArgumentWindow window) {
   std::vector<std::string> args;
   for (; !window.empty(); window.drop())

@@ -7,7 +7,8 @@
 
 namespace kivo_3_3::testing {
 
-// Takes what the assertion handler is told while it lives, and lets the caller go on.
+// An assertion handler for the lifetime of this object: records each call and returns to the
+// caller.
 class AssertionRecorder {
  public:
   AssertionRecorder() : m_previous(BEDROCK::set_assertion_handler(record)) { s_records.clear(); }
@@ -22,7 +23,7 @@ class AssertionRecorder {
   };
   const std::vector<Record>& records() const { return s_records; }
 
-  // The expressions, each behind the one before: "a; b".
+  // The expressions in order: "a; b".
   std::string expressions() const {
     std::string all;
     for (const Record& one : s_records)
@@ -35,7 +36,7 @@ class AssertionRecorder {
     s_records.push_back({expression, file, line});
   }
 
-  static inline std::vector<Record> s_records;  // the handler is a plain function
+  static inline std::vector<Record> s_records;  // static, because the handler is a plain function
 
   BEDROCK::assertion_handler_t m_previous;
 };

@@ -16,7 +16,7 @@ class Command {
   explicit Command(int flags = 0);
 
   IParser& parser() { return *m_parser; }
-  // What the last parse has filled; there is one from the start.
+  // The result of the last parse; empty before the first one.
   ParseResult& result() { return static_cast<ParseResult&>(*m_result); }
   // The message of the last failure.
   const char* error() { return m_parser->getErrorDesc(); }
@@ -26,24 +26,25 @@ class Command {
   IOption* modifier(const char* names, const char* actions, variant_type_t type);
   void optionFiles();
 
-  // Parses into a fresh result; "tool" is put ahead of `args`.
+  // Parses into a fresh result; "tool" is put before `args`.
   int parse(const std::vector<std::string>& args);
   int parseStream(const char* text);
-  // The same past the public interface: what is left of the arguments stays in `args`.
+  // Like parse(), but calls BasicParser::parseVector(), which applies no defaults. Afterwards
+  // `args` has the unused arguments.
   int parseVector(std::vector<std::string>& args);
-  // Parses into the result of the parse before.
+  // Parses into the result of the previous parse.
   int parseMore(const std::vector<std::string>& args);
 
   // Parses into a fresh result and renders it; on failure "2: message".
   std::string parsed(const std::vector<std::string>& args);
 
-  // The result as one line, in the order of positions, which are relative to the last
-  // one before the parse: defaults, then occurrences with their values, then leftover
-  // arguments.
+  // The result as one line: the defaults and the occurrences with their values in the order of
+  // their positions, then the leftover arguments. Positions are relative to the last one before the
+  // parse.
   //   "level(2)@+1 level=3,4@+2 flag@+5 | rest@+6"
   std::string render();
 
-  // How many positions were drawn since the last parse into a fresh result began.
+  // The number of positions drawn since the last parse into a fresh result began.
   int positionsDrawn() const;
 
  private:
@@ -53,7 +54,7 @@ class Command {
   ParserHandle m_parser;
   ResultHandle m_result;
   std::vector<std::string> m_names;  // the first name of each option
-  int m_lastPosition = 0;            // before the first parse into the present result
+  int m_lastPosition = 0;            // the last one before the first parse into m_result
 };
 
 }  // namespace kivo_3_3::testing

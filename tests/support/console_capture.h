@@ -6,7 +6,7 @@
 
 namespace kivo_3_3::testing {
 
-// Takes what is written to the console while it lives.
+// Captures standard output and standard error for its lifetime.
 class ConsoleCapture {
  public:
   ConsoleCapture()

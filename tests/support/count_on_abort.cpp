@@ -1,5 +1,5 @@
-// The counts of what ran survive an abort: a death test runs lines too, but its process
-// never reaches the end at which they are written.
+// Writes the coverage counts when the process aborts. The process of a death test runs lines too,
+// but never reaches the exit at which the counts are written otherwise.
 
 #include <csignal>
 

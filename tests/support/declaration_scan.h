@@ -1,7 +1,7 @@
 #pragma once
 
-// What a walk over all declarations and names answers, and the answers of an index
-// rendered like it.
+// Looks names up by a linear scan of all declarations. Shows the answers like those of a NameIndex,
+// so that a test can compare both.
 
 #include <kivo/option_lookup.h>
 
@@ -26,14 +26,14 @@ inline std::string shown(const NameIndex::Match& match) {
   return match.kind == NameIndex::Match::none ? "none" : "ambiguous";
 }
 
-// Over a copy of the declarations, made once.
+// Scans a copy of the declarations, made once.
 class DeclarationScan {
  public:
   explicit DeclarationScan(const OptionList& options) : m_options(options.begin(), options.end()) {
     AbbreviationParser::makeOptionNamesList(options, m_names);
   }
 
-  // Each with the "no-" form of a boolean's name behind it.
+  // All names; each name of a boolean option is followed by its "no-" form.
   const std::vector<std::string>& names() const { return m_names; }
 
   std::string find(const std::string& name) const {

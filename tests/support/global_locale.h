@@ -6,7 +6,7 @@
 
 namespace kivo_3_3::testing {
 
-// Makes a locale the global one while it lives.
+// Sets the global locale for its lifetime.
 class GlobalLocale {
  public:
   explicit GlobalLocale(const std::locale& locale) : m_previous(std::locale::global(locale)) {}
@@ -18,7 +18,7 @@ class GlobalLocale {
   std::locale m_previous;
 };
 
-// Numbers as "1.234.567,5".
+// Writes numbers as "1.234.567,5".
 inline std::locale localeWithDecimalComma() {
   class Punctuation : public std::numpunct<char> {
     char do_decimal_point() const override { return ','; }
@@ -28,7 +28,7 @@ inline std::locale localeWithDecimalComma() {
   return std::locale(std::locale::classic(), new Punctuation);
 }
 
-// The underscore is white space, the blank is none.
+// The underscore is white space, the blank is not.
 inline std::locale localeWithUnderscoreAsSpace() {
   class Classes : public std::ctype<char> {
    public:

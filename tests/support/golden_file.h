@@ -1,7 +1,7 @@
 #pragma once
 
-// Long expected texts lie in files. With KIVO_RENEW=1 in the environment the files are
-// written anew instead; read the difference before you keep it.
+// Long expected texts are in files. With KIVO_RENEW=1 in the environment the files are written
+// instead of compared; read their diff before you commit it.
 
 #include <gtest/gtest.h>
 

@@ -9,8 +9,8 @@
 
 namespace kivo_3_3::testing {
 
-// A page of memory between two that nobody may read: one byte too far ends the process, under
-// every build.
+// A page of memory between two inaccessible pages: an access one byte outside of it ends the
+// process, in every build.
 class GuardedPage {
  public:
   GuardedPage()
@@ -26,7 +26,7 @@ class GuardedPage {
   char* begin() const { return static_cast<char*>(m_pages) + m_size; }
   char* end() const { return begin() + m_size; }
 
-  // A copy of the bytes as the first or as the last of the page.
+  // Copies the bytes to the start or to the end of the page.
   std::string_view first(std::string_view bytes) const { return copied(bytes, begin()); }
   std::string_view last(std::string_view bytes) const {
     return copied(bytes, end() - bytes.size());

@@ -1,7 +1,6 @@
 #pragma once
 
-// A result in the plainest way: everything that is stored is written for each name
-// separately, and each query is a walk over what is there.
+// A naive result: everything is stored for each name separately, and each query is a linear walk.
 
 #include <kivo/value.h>
 
@@ -26,8 +25,8 @@ class NaiveResult {
   };
   using Names = std::vector<std::string>;
 
-  // The first name tells whether something is known of the option. What another option
-  // has stored under one of the names is overwritten if there is not.
+  // If the first name has no entry yet, the entries of all names are overwritten, even those that
+  // another option has stored.
   void store(const Names& names, const Entry& occurrence) {
     if (m_entries.count(names.at(0)) == 0) {
       for (const std::string& name : names)
@@ -40,7 +39,7 @@ class NaiveResult {
     }
   }
 
-  // Each name has a position of its own, counted from `position` on.
+  // The names get consecutive positions, beginning with `position`.
   void applyDefault(const Names& names, const std::string& text, int position) {
     for (const std::string& name : names)
       m_entries[name].standby = Piece{text, position++};
@@ -52,7 +51,7 @@ class NaiveResult {
 
   const std::map<std::string, Entry>& entries() const { return m_entries; }
 
-  // Values are told as "text@position", "-@position" for an occurrence without a value.
+  // Values are shown as "text@position", an occurrence without a value as "-@position".
   std::string get(const std::string& name, int from, int to) {
     if (!select(name, from, to))
       return "nothing";
@@ -75,7 +74,7 @@ class NaiveResult {
     if (const Piece* onlyDefault = defaultOfSelected()) {
       if (m_from != lastPosition || m_to != lastPosition)
         return "nothing";
-      m_from = firstPosition;  // once is enough
+      m_from = firstPosition;  // delivered only once
       return told(*onlyDefault);
     }
     const std::vector<Piece>& values = m_selected->values;
@@ -118,7 +117,7 @@ class NaiveResult {
     return piece.text + "@" + std::to_string(piece.position);
   }
 
-  // Whether the option was given in the range or has nothing but a default.
+  // Selects the option. Returns whether it was given in the range or has only a default.
   bool select(const std::string& name, int from, int to) {
     const auto entry = m_entries.find(name);
     m_selected = entry != m_entries.end() ? &entry->second : nullptr;
@@ -133,7 +132,7 @@ class NaiveResult {
     return m_occurrence < given.size();
   }
 
-  // The default of an option that was not given, null for none and for an empty one.
+  // The default of the selected option if it was not given; null if it has none or an empty one.
   const Piece* defaultOfSelected() const {
     const std::optional<Piece>& standby = m_selected->standby;
     return m_selected->positions.empty() && standby && !standby->text.empty() ? &*standby : nullptr;

@@ -1,7 +1,7 @@
 #pragma once
 
-// The standard streams, which say what numbers look like under the global locale: the
-// reference that the conversions are held against.
+// Reads and writes numbers with the standard streams, which follow the global locale. The
+// conversions of the library are compared with these functions.
 
 #include <kivo/value.h>
 
@@ -10,7 +10,7 @@
 
 namespace kivo_3_3::testing {
 
-// A whole text is a number with white space around it.
+// The whole text must be one number, with optional white space around it.
 template <class T>
 variant_t readByStream(const std::string& text) {
   std::istringstream stream(text);
@@ -31,7 +31,7 @@ inline bool isHexadecimal(const std::string& text) {
          (isSuffixed && areDigits(text.substr(0, text.size() - 1)));
 }
 
-// What stands behind the number is not looked at here.
+// Ignores what follows the number.
 template <>
 inline variant_t readByStream<u64_t>(const std::string& text) {
   std::istringstream stream(text);
@@ -52,7 +52,7 @@ struct NumericType {
   variant_t (*read)(const std::string&);
   std::string (*write)(const variant_t&);
 
-  // An empty text is not to be asked for the one type.
+  // The parser never converts an empty text to vtU64, and readByStream() cannot.
   bool mayRead(const std::string& text) const { return type != vtU64 || !text.empty(); }
   bool mayWrite(const variant_t& value) const {
     return type == vtDouble ? value.can_get<double>() : value.can_get<u64_t>();

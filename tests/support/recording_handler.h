@@ -8,8 +8,8 @@
 
 namespace kivo_3_3::testing {
 
-// What the handlers of tests derive from: the interface has no virtual destructor, and
-// some compilers warn of that wherever a class derives from it.
+// The base class of the handlers in tests. The interface has no virtual destructor, and some
+// compilers warn about each class that derives from it directly.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 class TestHandler : public EventHandler {
@@ -18,7 +18,7 @@ class TestHandler : public EventHandler {
 };
 #pragma GCC diagnostic pop
 
-// Writes down every event as it comes, and answers as it was told to.
+// Records every event, and answers as its fields say.
 class RecordingHandler final : public TestHandler {
  public:
   bool onOptionParse(const char* name) override {
@@ -38,7 +38,7 @@ class RecordingHandler final : public TestHandler {
   std::set<std::string> refusedValues;
   bool acceptsOptions = true;
   bool acceptsUnknown = true;
-  std::function<void()> alsoDo = [] {};  // at every event, when it has been written down
+  std::function<void()> alsoDo = [] {};  // at every event, after it is recorded
 
  private:
   void record(const std::string& event) {

@@ -1,6 +1,6 @@
 #pragma once
 
-// What a result has stored, and a way to store more past a parser.
+// Reads what a result has stored, and applies defaults without a parser.
 
 #include <memory>
 #include <string>
@@ -13,12 +13,13 @@
 
 namespace kivo_3_3::testing {
 
-// What was given under a name; where that is nothing, std::bad_optional_access is raised.
+// What was given under a name. Raises std::bad_optional_access if nothing was given.
 inline const GivenOption& givenTo(const ParseResult& result, std::string_view name) {
   return result.options().given(result.options().find(name).value());
 }
 
-// A value as recognizers hand it over: its text is its own where it is one.
+// A value as recognizers hand it to a result. If the value is a text, this text is used, not
+// `text`.
 inline GivenValue given(const variant_t& value, const char* text, int position) {
   return {value.can_get<const char*>() ? value.get<const char*>() : text, value, position};
 }
@@ -37,12 +38,12 @@ std::string render(const Given& data) {
   return text;
 }
 
-// Draws a position for each of the defaults and applies them.
+// Draws a position for each default and applies the defaults.
 inline void apply(const std::shared_ptr<const DeclaredDefaults>& defaults, StoredOptions& options) {
   options.apply(defaults, IArgumentParser::drawInARow(defaults->count()).value());
 }
 
-// The same with the default of one option, as it stands, if it has one.
+// Draws positions for the default of one option, if it has one, and applies it.
 inline void applyDefault(const OptionDescription& option, ParseResult& result) {
   if (!option.hasDefault())
     return;

@@ -8,7 +8,7 @@
 
 namespace kivo_3_3::testing {
 
-// A folder for the files of one test, gone with it.
+// A folder for the files of one test, removed together with this object.
 class TemporaryFolder {
  public:
   TemporaryFolder() : m_path((std::filesystem::temp_directory_path() / "kivo-XXXXXX").string()) {

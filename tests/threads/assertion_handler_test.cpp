@@ -21,7 +21,7 @@ thread_local int calledOnThisThread = 0;
 void noteFirst(const char*, const char*, int) { ++calledOnThisThread; }
 void noteSecond(const char*, const char*, int) { ++calledOnThisThread; }
 
-// Brings back the handler of before.
+// Restores the previous handler.
 class AssertionHandlerOfAll : public ::testing::Test {
  protected:
   ~AssertionHandlerOfAll() override { set_assertion_handler(m_before); }
@@ -51,12 +51,12 @@ TEST_F(AssertionHandlerOfAll, IsCalledForAnUnsuitableDefaultOfEachParse) {
   });
 }
 
-// What one exchange brings in, another one returns, once: so none of them is lost. The other
-// threads are served by whichever is there.
+// Each handler that an exchange installs is returned by exactly one later exchange, so none is
+// lost. The threads that read call the handler that is installed at that moment.
 TEST_F(AssertionHandlerOfAll, MayBeExchangedWhileOthersCallIt) {
   constexpr int rounds = 500000;
   const variant_t text("text");
-  std::atomic<int> balance = 1;  // noteSecond as 1: installed and not returned
+  std::atomic<int> balance = 1;  // how often noteSecond is installed and not returned
   set_assertion_handler(noteSecond);
   together(4, [&](int number) {
     for (int round = 0; round < rounds; ++round) {

@@ -30,7 +30,7 @@ ParserHandle declared(int flags = 0) {
 const Names all = {"switch", "level", "count", "offset", "mask",
                    "ratio",  "name",  "mode",  "quiet",  "files"};
 
-// What each command line gives for these options, a line each; all with one parser.
+// The outcome of each command line for these options, one on each line. One parser parses them all.
 string outcomes(IParser& parser, const Names& options, const std::vector<Arguments>& commandLines) {
   string text;
   for (const Arguments& args : commandLines)
@@ -79,7 +79,8 @@ string askForHelp(const TemporaryFolder&) {
   return help + parser->getDescription("x", false);
 }
 
-// Messages name a file in the folder of the thread; that folder is left out here.
+// Messages name a file in the folder of the thread. The folder is removed from them, so that the
+// outcome is the same on all threads.
 string readOptionFiles(const TemporaryFolder& folder) {
   const ParserHandle parser = declared();
   parser->addOptionFileOption("Where to read more.", nullptr);

@@ -14,8 +14,8 @@ struct Episode {
   const char* outcome;  // what play() returns, on whatever thread
 };
 
-// One for each part of the interface. The folder is the thread's own; writeOptionFiles() has
-// prepared it.
+// One for each part of the interface. The folder belongs to the thread, and writeOptionFiles() must
+// have prepared it.
 const std::vector<Episode>& episodes();
 
 void writeOptionFiles(const TemporaryFolder& folder);

@@ -1,8 +1,10 @@
-// What the library makes at its first use, it makes once, whichever thread asks for it first. All
-// threads start with the same act, and then do the others, each in another order.
+// The library creates some objects at their first use, and only once, whichever thread uses them
+// first. All threads begin with the same act and then do the other acts, each thread in a different
+// order.
 //   first_use ACT
 //
-// No standard streams in here: they would make the first locale before the threads do.
+// This program does not use standard streams: they would create the first locale before the threads
+// do.
 
 #include <kivo/kivo.h>
 
@@ -27,7 +29,7 @@ thread_local int failedAssertions = 0;
 
 void countAssertion(const char*, const char*, int) { ++failedAssertions; }
 
-// The stream that swallows the trace is one for all threads.
+// All threads share one stream that discards the trace.
 std::atomic<std::ostream*> silentStream = nullptr;
 
 string traceNothing() {
@@ -43,7 +45,7 @@ string parseTypographicDashes() {
   return parsed(*parser, {"\u2012level=1", "\u2013level=2", "\u2014level=3"}, {"level"});
 }
 
-// Defaults become text, texts become numbers.
+// Converts defaults to text, and texts to numbers.
 string convertNumbers() {
   const ParserHandle parser = makeParser();
   parser->option("level", "", vtS32)->defaultValue(3);
@@ -53,7 +55,7 @@ string convertNumbers() {
          parsed(*parser, {"--mask=0x1F", "--ratio=0.5"}, {"level", "mask", "ratio"});
 }
 
-// With an exponent, a number is read by a stream, which needs a locale.
+// A number with an exponent is read by a stream, which needs a locale.
 string convertThroughAStream() {
   const ParserHandle parser = makeParser();
   parser->option("ratio", "", vtDouble);
@@ -94,7 +96,8 @@ string actAll(int first, int shift) {
   return all;
 }
 
-// Locales number their parts as they are made.
+// The first locale numbers the ids of its facets, so an id other than 0 means that there is a
+// locale.
 bool isThereALocale() {
 #ifdef __GLIBCXX__
   return *reinterpret_cast<const std::size_t*>(&std::ctype<char>::id) != 0;

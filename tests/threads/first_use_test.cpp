@@ -34,7 +34,7 @@ constexpr const char* outcomeOfAThread =
     "level=0:'text' after 1 assertion\n"
     "level=4:4 -level=<integer>              How hard to try.\n\n";
 
-// By its number, an act that all threads start with.
+// The parameter is the number of the act that all threads begin with.
 class FirstUse : public ::testing::TestWithParam<int> {};
 
 INSTANTIATE_TEST_SUITE_P(Acts, FirstUse, ::testing::Range(0, 6));

@@ -1,5 +1,5 @@
-// Parses inside of events, and parsers that are handlers of each other: both are watched for each
-// thread separately.
+// Nested parses, and rings of parsers that are handlers of each other. Each thread keeps track of
+// its own.
 
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ using std::string;
 
 constexpr int deepest = 100;  // see kivo/event_handler.h
 
-// Parses from inside of its own events.
+// A parser whose handler starts the next parse.
 class Nest {
  public:
   explicit Nest(int depth) : m_depth(depth) {
@@ -28,7 +28,7 @@ class Nest {
     m_handler.alsoDo = [this] { goOn(); };
   }
 
-  // Parses to the depth, and returns how many of the parses had which status: "100 x 0".
+  // Nests parses up to the depth. Returns the number of parses and their common status: "100 x 0".
   string parse() {
     m_reached = 0;
     m_statuses.clear();
@@ -54,7 +54,7 @@ class Nest {
   ParserHandle m_parser = makeParser();
   RecordingHandler m_handler;
   int m_depth;
-  int m_reached = 0;  // events that have begun
+  int m_reached = 0;  // the number of events so far
   std::vector<int> m_statuses;
 };
 
@@ -71,7 +71,7 @@ TEST(NestedParses, OfOneThreadDoNotCountForAnother) {
     EXPECT_EQ("100 x 0", outcome);
 }
 
-TEST(NestedParses, EndOnceTooDeepOnTheirThreadAlone) {
+TEST(NestedParses, FailWhenTooDeepOnTheirThreadAlone) {
   MeetingPoint otherIsDeepest(2);
   MeetingPoint thisHasEnded(2);
   string outcomes[2];
@@ -91,7 +91,7 @@ TEST(NestedParses, EndOnceTooDeepOnTheirThreadAlone) {
   EXPECT_EQ("100 x 0", outcomes[1]);
 }
 
-TEST(NestedParses, GoToTheirDepthsAgainAndAgain) {
+TEST(NestedParses, HaveTheSameLimitEachTime) {
   constexpr int rounds = 50;
   together(4, [&](int number) {
     Nest nest(number % 2 == 0 ? deepest : deepest + 1);
@@ -100,7 +100,7 @@ TEST(NestedParses, GoToTheirDepthsAgainAndAgain) {
   });
 }
 
-// Three parsers, each the handler of the one before, with a handler each.
+// Three parsers in a ring: each is a handler of the previous one, and has a handler of its own.
 class Ring {
  public:
   Ring() {
@@ -146,8 +146,9 @@ TEST(RingsOfParsers, OnSeveralThreadsPassEachEventOnOnce) {
   });
 }
 
-// Inside of an event of one thread, another destroys what it has parsed with: that is not in use.
-TEST(RingsOfParsers, InUseKeepNoOtherThreadFromDestroyingItsOwn) {
+// While one thread is inside an event, another thread destroys the parsers that it has used: they
+// are not in use.
+TEST(RingsOfParsers, InUseLetOtherThreadsDestroyTheirOwn) {
   constexpr int rounds = 200;
   for (int round = 0; round < rounds; ++round) {
     MeetingPoint isInside(2);

@@ -1,6 +1,6 @@
 #pragma once
 
-// Parses, and what they gave as one line. Unlike Command it never reads the counter of positions,
+// Parses, and shows the outcome as one line. Unlike Command, it never reads the position counter,
 // which other threads change at the same time.
 
 #include <kivo/kivo.h>
@@ -58,7 +58,7 @@ inline std::string contentsOf(IParseResult& result, const std::vector<const char
   return all;
 }
 
-// Parses into a result of its own and shows that; after a failure "2: message".
+// Parses into a new result and shows it; after a failure "2: message".
 inline std::string parsed(IParser& parser, const std::vector<std::string>& args,
                           const std::vector<const char*>& options) {
   const ResultHandle result = makeResult(parser);

@@ -33,8 +33,8 @@ std::ptrdiff_t countRepeated(const std::vector<Positions>& drawn) {
   return all.end() - std::unique(all.begin(), all.end());
 }
 
-// Everything that has a position: two defaults in a row, occurrences, values and leftover
-// arguments. In the order in which they were drawn.
+// Appends the positions of two defaults, of occurrences, of values and of leftover arguments, in
+// the order in which they were drawn.
 void appendAll(IParseResult& result, Positions& positions) {
   positions.push_back(result.get("first").position);
   positions.push_back(result.get("second").position);
@@ -92,7 +92,7 @@ TEST(Positions, DrawnOneByOneAndInARowNeverRepeat) {
   EXPECT_EQ(0, countRepeated(drawn));
 }
 
-// While other threads try for more, the counter is carried past its end and put back.
+// The threads try to draw twice as many positions as are left: the counter stops at its end.
 TEST(Positions, AreAllDrawnOnceWhereTheyRunOut) {
   constexpr int rest = 20000;
   constexpr int attempts = 2 * rest / threads;

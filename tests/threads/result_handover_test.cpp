@@ -105,7 +105,7 @@ TEST(ResultOfAnotherThread, MayBeDestroyedWhileItsParserFillsOthers) {
   }
 }
 
-// The cursor goes on where the other thread has left it.
+// The cursor continues where the other thread has left it.
 TEST(ResultOfAnotherThread, IsReadByBothInTurns) {
   constexpr int turns = 1000;
   const ParserHandle parser = declared();

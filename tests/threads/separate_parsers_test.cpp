@@ -14,8 +14,8 @@ namespace {
 
 using std::string;
 
-// Plays all episodes again and again, from this one on. Returns the first that had another
-// outcome than it should, with that outcome.
+// Plays all episodes again and again, beginning with the given one. Returns the first episode with
+// an unexpected outcome, and that outcome; empty if there is none.
 string playAll(std::size_t first, int rounds) {
   const TemporaryFolder folder;
   writeOptionFiles(folder);
@@ -53,7 +53,7 @@ TEST_P(SeparateParsers, OfThreadsDoNotNoticeEachOther) {
     EXPECT_EQ("", difference);
 }
 
-// Each round begins with all threads in the same episode.
+// All threads play the same episode, again and again.
 TEST_P(SeparateParsers, MayDoTheSameAtTheSameTime) {
   constexpr int rounds = 400;
   const int threads = GetParam();

@@ -1,4 +1,4 @@
-// The trace is switched on and off for one thread.
+// Each thread has a trace switch of its own.
 
 #include <gtest/gtest.h>
 
@@ -26,8 +26,8 @@ constexpr const char* traceOfAParse =
 constexpr const char* traceOfATakenName =
     "Tried to register an option with a name, which is alread registered: level\n";
 
-// Captures the console while it lives. Locked, so that a line from the wrong thread shows up in the
-// text and does not corrupt the heap.
+// Captures the console for its lifetime. Locked, so that a line from the wrong thread shows up in
+// the text and does not corrupt the heap.
 class ConsoleOfAllThreads : private std::streambuf {
  public:
   ConsoleOfAllThreads() : m_output(std::cout.rdbuf(this)), m_error(std::cerr.rdbuf(this)) {}
@@ -38,8 +38,8 @@ class ConsoleOfAllThreads : private std::streambuf {
     std::cerr.rdbuf(m_error);
   }
 
-  // Empty if the console has this text the given number of times and no other; otherwise what
-  // comes at the first difference.
+  // Empty if the console has this text the given number of times and nothing else; otherwise the
+  // text from the first difference on.
   string differenceFrom(const string& text, int times) {
     std::size_t place = 0;
     for (int i = 0; i < times; ++i, place += text.size())
@@ -74,7 +74,7 @@ ParserHandle declared() {
 
 void declareATakenName(IParser& parser) { parser.option("level", "", vtS32); }
 
-// Does everything that a trace would tell of, without the switch.
+// Does everything that would be traced, with the trace off.
 void workInSilence() {
   const ParserHandle parser = declared();
   for (int round = 0; round < rounds; ++round) {
@@ -96,7 +96,7 @@ TEST(TraceOfAThread, HasAllItsLinesAndNoneOfAnotherThread) {
 }
 
 // The trace of the thread is on while its parser declares.
-TEST(TraceOfAThread, NamesTheTakenNamesOfThatThread) {
+TEST(TraceOfAThread, ShowsTheDeclarationsRejectedOnThatThread) {
   ConsoleOfAllThreads console;
   together(2, [&](int number) {
     if (number == 1)
@@ -118,7 +118,7 @@ TEST(TraceOfAThread, IsSwitchedOffForThatThreadAlone) {
       parsed(*parser, {traceSwitch}, {"level"});
       turns[1].give(1);
       turns[0].take();
-      declareATakenName(*parser);  // the other parse has not switched this off
+      declareATakenName(*parser);  // traced: the other thread has only switched off its own
       return;
     }
     turns[1].take();
@@ -129,7 +129,7 @@ TEST(TraceOfAThread, IsSwitchedOffForThatThreadAlone) {
   EXPECT_EQ("", console.differenceFrom(traceOfATakenName, 1));
 }
 
-TEST(TraceOfAThread, IsNotPassedOnToTheThreadsThatItStarts) {
+TEST(TraceOfAThread, IsNotInheritedByNewThreads) {
   ConsoleOfAllThreads console;
   const ParserHandle parser = declared();
   std::thread([&] {

@@ -18,7 +18,8 @@ namespace {
 using std::string;
 using Variants = std::vector<variant_t>;
 
-// The threads have a variant each of every text, and release them at the same time.
+// Each thread has one variant of every text, and all threads release their variants at the same
+// time.
 TEST(TextOfAVariant, IsFreedWithItsLastOwnerOnWhateverThread) {
   constexpr int texts = 100000;
   constexpr int threads = 2;
@@ -38,7 +39,8 @@ TEST(TextOfAVariant, IsFreedWithItsLastOwnerOnWhateverThread) {
   });
 }
 
-// One thread makes the texts and ends the pool, while both release what they have of them.
+// The texts are from two pools. One is destroyed before the threads start, the other by one of the
+// threads, while both release texts.
 TEST(TextOfAVariant, MadeInAPoolIsFreedOnWhateverThread) {
   constexpr int texts = 50000;
   std::vector<variant_t> shared;
@@ -64,7 +66,7 @@ TEST(TextOfAVariant, MadeInAPoolIsFreedOnWhateverThread) {
   });
 }
 
-// Reading a variant that others read too, copying included, changes nothing but its count.
+// Reading or copying a shared variant changes nothing but its reference count.
 TEST(TextOfAVariant, IsCopiedFromOneVariantByAllThreads) {
   constexpr int copies = 200000;
   constexpr int threads = 4;
@@ -80,7 +82,7 @@ TEST(TextOfAVariant, IsCopiedFromOneVariantByAllThreads) {
   EXPECT_STREQ("text", shared.get<const char*>());
 }
 
-// Each thread declares it, stores it with every parse, and reads it.
+// Each thread declares the shared variant as a default, stores it with every parse, and reads it.
 TEST(TextOfAVariant, MayBeTheDefaultOfParsersOnSeveralThreads) {
   constexpr int rounds = 10000;
   const variant_t shared("text");

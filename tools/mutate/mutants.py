@@ -35,7 +35,7 @@ PREFIX = re.compile(r"\s*(?:(else|do)\b|(?:case\b(?:::|[^:;])*|default\s*):(?!:)
                     r"|(if constexpr|if|while|for|switch)\s*(?=\())")
 EXPRESSION = re.compile(r"(?!return\b|auto\b)(?:throw\b|(?:\+\+|--|\*|\()*[\w:]+(?:<[\w:* ]+>)?\s*"
                         r"(?:\(|\.|->|\[|\+\+|--|(?:[-+*/%|&^]|<<|>>)?=(?!=)|<<|>>))")
-# What `return {}` would not change, or could not compile to.
+# Values that `return {}` would not change, or could not replace.
 DEFAULT = re.compile(r"\d+|true|false|nullptr|std::nullopt|__|\*this|[\w:<>*]*(\{\}|\(\))"
                      r"|\{.*\}", re.DOTALL)
 
@@ -88,7 +88,7 @@ def normal(code):
 
 
 def _needed(space):
-    """A space stays between two words, and between two operators that would become another."""
+    """A space stays between two words, and between two operators that would merge into one."""
     left, right = space[1], space[2]
     isWord = re.match(r"\w\w", left + right)
     return left + (" " if isWord or left == right and left in "+-&|<>=:" else "")
@@ -145,8 +145,8 @@ class Source:
         return normal(found[1]) if found else ""
 
     def statement(self, start, end):
-        """The range of the statement that a change is in, with the conditions that it stands
-        under, up to its semicolon or the brace of its body."""
+        """The range of the statement that a change is in, with the conditions before it, up to its
+        semicolon or the brace of its body."""
         first = self.block[start] + 1
         while True:
             while access := ACCESS.match(self.text, first):
@@ -205,7 +205,7 @@ class Source:
             yield from self._negated(found.end() + 1, self.partner[found.end()])
 
     def _choices(self):
-        """A choice between two values, negated from what stands before its condition."""
+        """Negates the condition of each choice between two values (?:)."""
         for found in re.finditer(r"\s\?\s", self.text):
             start = found.start()
             while self.text[start - 1] not in "([{,;?":
@@ -216,7 +216,8 @@ class Source:
             yield from self._negated(start, found.start())
 
     def _negated(self, start, end):
-        """Nothing for a declaration, nor where the change of its one operator says the same."""
+        """Negates a condition. Not a declaration, nor a condition with a single operator, because
+        changing that operator gives the same mutant."""
         condition = self.text[start:end]
         compound = re.search(r"&&|\|\|", condition)
         single = len(re.findall(r"\s(<|>|<=|>=|==|!=)\s", condition)) == 1

@@ -47,7 +47,7 @@ TREE = WORK / "tree"
 OBJECTS = WORK / "objects"
 LISTED = HERE / "equivalent_mutants.txt"
 TARGET = 90.0
-MEMORY_LIMIT = 2 << 30  # bytes: a mutant that never stops growing must not take the machine along
+MEMORY_LIMIT = 2 << 30  # bytes: a mutant must not use up the memory of the machine
 
 
 def run(command, **options):
@@ -56,7 +56,7 @@ def run(command, **options):
 
 
 def copy_tree():
-    """Brings the copy up to date; files that did not change keep their time, and their objects."""
+    """Updates the copy. Unchanged files keep their time stamps, so they are not compiled again."""
     listing = subprocess.run(["git", "ls-files", "-z", "-co", "--exclude-standard"], cwd=ROOT,
                              check=True, stdout=subprocess.PIPE, text=True).stdout
     wanted = {TREE / name for name in listing.split("\0") if name and (ROOT / name).is_file()}
@@ -89,7 +89,7 @@ class Build:
                 self.link.insert(1, "-fuse-ld=" + name)
                 break
         self.compile = {command[command.index("-o") + 1]: command for command in commands}
-        self.readers = collections.defaultdict(list)  # by source or header, the objects
+        self.readers = collections.defaultdict(list)  # the objects made from each source or header
         for line in self._ninja("-t", "deps").splitlines():
             if line and not line.startswith(" "):
                 made = line.split(":")[0]
@@ -142,7 +142,7 @@ class Tests:
         return all(self._passes(binary, part) for part in self.parts(room))
 
     def _passes(self, binary, part):
-        """Time is that of the processor: a busy machine kills nobody."""
+        """The limit is on processor time, so that a busy machine does not count as a kill."""
         limit = max(2, math.ceil(10 * self.seconds[part]))
 
         def confine():
@@ -160,14 +160,14 @@ class Tests:
             return False
         finally:
             try:
-                os.killpg(process.pid, signal.SIGKILL)  # and what it may have started
+                os.killpg(process.pid, signal.SIGKILL)  # and the processes that it has started
             except ProcessLookupError:
                 pass
             process.wait()
 
 
 class Job:
-    """A folder in which one mutant at a time lives, laid out like the tree."""
+    """A folder for one mutant at a time, laid out like the tree."""
 
     def __init__(self, number, build, tests):
         self.folder = WORK / f"job{number}"
@@ -197,10 +197,10 @@ class Job:
         return "same code" if code == self._optimized(made[0]) else "survived"
 
     def _header(self, mutant):
-        """What an inline function compiles to is taken from the object that is linked first;
-        so two objects tell of most mutants in functions, and only the others need all that
-        include the header. So do those outside of functions: objects must not differ in what
-        a class is made of."""
+        """The linker takes an inline function from the first object that has it. So two objects
+        are enough to kill most mutants in functions; only for the others all objects that include
+        the header are compiled. A mutant outside of functions always needs all objects, because
+        they must agree on the layout of a class."""
         made = self.build.readers[mutant.file]
         near = self.build.nearest(mutant.file) if mutant.place == "code" else made
         if not self._compile(near):
@@ -236,7 +236,7 @@ class Job:
         return self._object(made).read_bytes()
 
     def _command(self, made):
-        """The recorded command, with the mutant standing before the file that it replaces."""
+        """The recorded command, in which the mutant is found before the file that it replaces."""
         command = []
         for word in self.build.compile[made]:
             if word.startswith(f"-I{TREE}"):
@@ -276,13 +276,13 @@ def listed_mutants():
 
 
 def stale_entries(build):
-    """What is listed and is no mutant any more."""
+    """The entries of the list that are no mutants any more."""
     return listed_mutants() - {mutant.key() for file in source_files(build)
                                for mutant in mutants.mutants_of(TREE, file)}
 
 
 def test_all(chosen, jobs, build, tests):
-    """Prints what no test notices as it is found, and returns how often each outcome came."""
+    """Prints each unexpected outcome when it is known, and returns the number of each outcome."""
     listed = listed_mutants()
     free = queue.Queue()
     for number in range(jobs):
@@ -326,15 +326,15 @@ def report(outcomes, stale, seconds):
 def main():
     parser = argparse.ArgumentParser(description=__doc__,
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--sample", type=int, metavar="N", help="so many mutants, drawn at random")
-    parser.add_argument("--seed", type=int, default=1, metavar="S", help="of the drawing")
+    parser.add_argument("--sample", type=int, metavar="N", help="number of random mutants")
+    parser.add_argument("--seed", type=int, default=1, metavar="S", help="seed of the choice")
     parser.add_argument("--jobs", type=int, default=os.cpu_count(), metavar="J")
     parser.add_argument("files", nargs="*", metavar="FILE[:LINE]")
     arguments = parser.parse_args()
 
     WORK.mkdir(parents=True, exist_ok=True)
     lock = open(WORK / "lock", "w")
-    fcntl.flock(lock, fcntl.LOCK_EX)  # one run at a time lives in the folder
+    fcntl.flock(lock, fcntl.LOCK_EX)  # the folder serves one run at a time
     copy_tree()
     build = Build(arguments.jobs)
     chosen = selected_mutants(arguments, build)

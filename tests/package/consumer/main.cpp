@@ -3,11 +3,11 @@
 #include <iostream>
 #include <string>
 
-// Uses every kind of thing that crosses the library's border.
+// Uses every kind of type and call of the interface.
 namespace {
 
-// g++ objects to the base class of a handler, too, which is without a virtual destructor on
-// purpose; every other warning is left on.
+// g++ also warns about the base class of a handler, which has no virtual destructor on purpose. All
+// other warnings stay on.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 class Announcer final : public kivo::EventHandler {

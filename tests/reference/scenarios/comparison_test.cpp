@@ -125,7 +125,7 @@ TEST(ATranscript, ShowsHelpLineByLine) {
             "help 0|topic|0|out\n"));
 }
 
-TEST(AScenario, KeepsToTheContract) {
+TEST(AScenario, SkipsStepsThatBreakTheContract) {
   EXPECT_EQ(
       "positional 0\n"
       "  skipped\n"
@@ -149,7 +149,7 @@ TEST(AScenario, KeepsToTheContract) {
             "answer 0\n"));
 }
 
-TEST(AScenario, BeginsAsAProcessDoes) {
+TEST(AScenario, StartsWithTheStateOfAFreshProcess) {
   const string scenario =
       "parser 0|0\noption 0|level||double\nresult 0|0\nlocale 1\ncounter 100\n"
       "parse 0|0|kivooption=kivologenable=1|--level=1,5\nread 0\nassertions 1\n";

@@ -1,4 +1,4 @@
-// What scenarios do not reach: a query for which there is no memory.
+// Memory that runs out during a query, which scenarios do not cover.
 
 #include <gtest/gtest.h>
 
@@ -13,8 +13,8 @@ using testing::Failing;
 
 constexpr const char* longText = "a text too long to be kept without memory";
 
-// How the first query and the one after it answer: once without memory, then with it, and again
-// without.
+// The status of a parse, then the answers of three equal queries: without memory, with memory, and
+// without memory again.
 std::string answersOf(const World& world) {
   IParser* parser = nullptr;
   world.createParser(&parser, 0);

@@ -16,7 +16,7 @@ using std::string;
 
 constexpr std::uint64_t scenarios = 4000;
 
-// Text in a transcript, and the least number of scenarios that must show it: about half of the
+// A text in transcripts, and the least number of scenarios that must show it: about half of the
 // number that do.
 struct Reached {
   const char* part;

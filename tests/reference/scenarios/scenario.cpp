@@ -10,7 +10,7 @@ using std::string;
 
 namespace {
 
-// The place after this number of unescaped bars, at most the end of the line.
+// The offset after the given number of unescaped bars; the end of the line if there are fewer.
 std::size_t afterBars(const string& line, std::size_t begin, int bars) {
   for (; begin < line.size() && bars != 0; ++begin) {
     if (line[begin] == '\\')

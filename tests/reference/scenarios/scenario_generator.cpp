@@ -1,4 +1,4 @@
-// The shape of a scenario: surroundings, parsers with declarations, results, handlers; then
+// The shape of a scenario: the environment, parsers with declarations, results, handlers; then
 // parses, queries and other steps in random order; at the end every result is read.
 
 #include "reference/scenarios/scenario_generator.h"

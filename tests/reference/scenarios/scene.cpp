@@ -39,7 +39,7 @@ class AssertionHandler {
   BEDROCK::assertion_handler_t m_previous;
 };
 
-// For the assertion handler, which is a plain function.
+// The scene that is running: the assertion handler, a plain function, has no other way to reach it.
 Scene* running = nullptr;
 
 }  // namespace

@@ -148,8 +148,9 @@ class Scene {
   static constexpr int none = -1;
   static constexpr int mostReactions = 120;
   static constexpr int usualReactions = 30;
-  // Each parse into a result reads all option files again that the result names, and these name
-  // more: a scenario ends before that takes a minute.
+  // The limit of positions that one parse may draw before the scenario ends. Each parse into a
+  // result reads all option files again that the result names, and these name more: without a limit
+  // that could take a minute.
   static constexpr long long mostDrawn = 5000;
   static constexpr int deepestEvents = 1000;
 
@@ -208,7 +209,7 @@ class Scene {
   static int wrapped(int index, int count);
   int parserIndex(const Command& command, std::size_t field) const;
   int resultIndex(const Command& command, std::size_t field) const;
-  // Null if there is none; then the transcript says that the step is skipped.
+  // Null if there is none; then the transcript says "skipped".
   ParserSlot* parserOf(const Command& command);
   ResultSlot* resultOf(const Command& command);
   IOption* builderOf(const Command& command);

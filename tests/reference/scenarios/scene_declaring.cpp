@@ -11,7 +11,7 @@ using std::string;
 
 namespace {
 
-// A text argument that ends with the call: the parser must have copied it.
+// A text argument that is freed after the call: the parser must have copied it.
 class Given {
  public:
   Given(const Command& command, std::size_t field) {
@@ -58,7 +58,7 @@ void Scene::modifier(const Command& command) {
                                             Given(command, 5).get()));
 }
 
-// This declares an option without giving its builder.
+// addOptionFileOption() declares an option, but does not return its builder.
 void Scene::files(const Command& command) {
   ParserSlot* const slot = parserOf(command);
   if (slot == nullptr)
@@ -85,7 +85,7 @@ void Scene::declared(const Command& command) {
                                                    Given(command, 3).get()));
 }
 
-// Null, and the step is skipped, unless the last declaration gave a builder.
+// Null if the last declaration gave no builder; then the step is skipped.
 IOption* Scene::builderOf(const Command& command) {
   ParserSlot* const slot = parserOf(command);
   if (slot == nullptr || slot->builder != nullptr)

@@ -72,7 +72,7 @@ void Scene::record(int handler, const Event& event) {
                     shownAt(value.position), value.isEmpty != 0 ? " empty" : "", sameness);
 }
 
-// By index, because a reaction may add reactions.
+// Walks the reactions by index, because a reaction may add reactions.
 void Scene::reactTo(int handler, EventKind kind) {
   std::array<int, 3>& heard = m_handlers.at(static_cast<std::size_t>(handler)).heard;
   const int ofKind = ++heard.at(static_cast<std::size_t>(kind));
@@ -125,8 +125,8 @@ Listener& Scene::listenerIn(const Command& command) {
       .at(static_cast<std::size_t>(parserIndex(command, 0)));
 }
 
-// Handlers are called in the order of their addresses, which for parsers differs between worlds:
-// so a parser is registered only where it is the only handler. Parsers ignore themselves.
+// Handlers are called in the order of their addresses, which for parsers differs between worlds. So
+// a parser is registered only if it is the only handler. A parser ignores itself as a handler.
 void Scene::direct(const Command& command) {
   ParserSlot* const slot = parserOf(command);
   if (slot == nullptr)

@@ -36,7 +36,7 @@ class Place {
   string m_path;
 };
 
-// The names of what the folder contains.
+// The names of the files and folders in the scratch folder.
 std::vector<string>& inside() {
   static std::vector<string> names;
   return names;

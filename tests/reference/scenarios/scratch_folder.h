@@ -7,7 +7,7 @@
 
 namespace kivo_3_3::scenarios::ScratchFolder {
 
-// Enters the folder; empties it and returns to the previous one at the end.
+// Enters the folder for its lifetime; then empties it and returns to the previous folder.
 class Visit {
  public:
   Visit();

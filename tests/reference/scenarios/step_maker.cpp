@@ -73,7 +73,7 @@ string StepMaker::declarationOrAmendment(int parser) {
   return m_random.chance(30) ? declaration(parser) : amendment(parser);
 }
 
-// In a reaction mostly "@", the parser or result that the event is about.
+// In a reaction, mostly "@": the parser or result that the event is about. Otherwise the index.
 string StepMaker::orAtHand(int index) {
   return m_isReaction && m_random.chance(60) ? "@" : std::to_string(index);
 }

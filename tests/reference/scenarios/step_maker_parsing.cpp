@@ -16,7 +16,7 @@ string StepMaker::typed(const string& name, bool isBoolean) {
   return text + (m_random.chance(25) ? beginningOf(name) : name);
 }
 
-// A part of the text that is not empty, unless the text is.
+// A beginning of the text, which is empty only if the text is.
 string StepMaker::beginningOf(const string& text) {
   const auto size = static_cast<int>(text.size());
   return size < 2 ? text : text.substr(0, static_cast<std::size_t>(m_random.below(size - 1)) + 1);
@@ -134,7 +134,7 @@ string StepMaker::stream(int parser) {
   return (step << (m_random.chance(3) ? "<null>" : lines(parser))).line();
 }
 
-// In a reaction often with the name and the text of the event.
+// In a reaction, the sent event often has the name and the text of the received one.
 string StepMaker::send(int parser) {
   const bool isAtHand = m_isReaction && m_random.chance(40);
   const string text = isAtHand ? "@" : declaredName(parser);
@@ -149,7 +149,7 @@ string StepMaker::send(int parser) {
       .line();
 }
 
-// The last name is never written: that file is missing.
+// Writes any file of vocabulary::fileNames but the last, so that one file is missing.
 string StepMaker::file(int parser) {
   if (!m_hasFiles)
     return readAny(parser);

@@ -16,7 +16,7 @@ std::string quoted(const char* text);
 
 class Transcript {
  public:
-  // The scene skips all further steps beyond this length.
+  // In bytes. Once the transcript is longer, the scene skips all further steps.
   static constexpr std::size_t fullLength = 200 * 1024;
 
   template <class... Parts>
