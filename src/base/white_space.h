@@ -18,6 +18,9 @@ class WhiteSpace {
  public:
   WhiteSpace();
 
+  // Whether white space is that of the classic locale.
+  bool isClassic() const { return m_classes == nullptr; }
+
   bool operator()(char character) const {
     if (m_classes != nullptr)
       return m_classes->is(std::ctype_base::space, character);

@@ -84,6 +84,23 @@ TEST(SplitOptionValue, SplitsAtTheFirstEqualSignOrWhiteSpace) {
   }
 }
 
+// Long names are read by eight characters.
+TEST(SplitOptionValue, EndsANameOfAnyLengthAtAnEqualSignOrWhiteSpaceAlone) {
+  const std::string separators = "= \t\n\v\f\r";
+  for (std::size_t size = 1; size < 26; ++size)
+    for (std::size_t place = 0; place < size; ++place)
+      for (int byte = 0; byte < 256; ++byte) {
+        std::string typed(size, 'n');
+        typed[place] = static_cast<char>(byte);
+        const bool isEnd = separators.find(typed[place]) != std::string::npos;
+        std::string name;
+        std::string value = "none";
+        ASSERT_EQ(isEnd, splitOptionValue("+" + typed, &name, &value)) << size << ", " << byte;
+        ASSERT_EQ("+" + (isEnd ? typed.substr(0, place) : typed), name) << byte;
+        ASSERT_EQ(isEnd ? typed.substr(place + 1) : "none", value) << byte;
+      }
+}
+
 TEST(SplitOptionValue, SkipsUpToTwoDashesOfAnyKind) {
   const struct {
     const char* argument;
@@ -135,6 +152,9 @@ TEST(SplitOptionValue, WhiteSpaceIsWhatTheGlobalLocaleSays) {
   EXPECT_TRUE(splitOptionValue("--level high__3", &name, &value));
   EXPECT_EQ("level high", name);
   EXPECT_EQ("3", value);
+  EXPECT_TRUE(splitOptionValue("--longest level_high 3", &name, &value));
+  EXPECT_EQ("longest level", name);
+  EXPECT_EQ("high 3", value);
 }
 
 }  // namespace
