@@ -1,5 +1,5 @@
-// The library behind heap_use.h: stands ahead of the C library's allocator. Blocks count
-// with all that is usable in them. One thread only.
+// The preloaded library of heap_use.h: replaces the allocation functions of the C library and
+// forwards to them. A block counts with its usable size. For one thread only.
 
 #include "heap_use.h"
 

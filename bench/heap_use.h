@@ -2,9 +2,9 @@
 
 #include <cstddef>
 
-// Counts what the process takes from the heap between start() and stop(). That is done by
-// a library that is loaded ahead of the others (LD_PRELOAD); without it everything is 0,
-// and nothing of it is in the way of a time that is taken.
+// Counts the heap allocations of the process between start() and stop(). The counting is done by a
+// library that is preloaded (LD_PRELOAD). Without it all counts are 0, and measured times are not
+// affected.
 
 namespace heapUse {
 

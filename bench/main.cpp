@@ -1,5 +1,5 @@
-// The benchmarks, for the one peer that is linked in. Each holds the peer's answers against
-// what is expected before it takes the time.
+// The benchmarks of the one peer that is linked. Each benchmark checks the peer's answers before it
+// measures the time.
 //   bench_PEER [--iterations=N] [OPTION OF GOOGLE BENCHMARK]...
 
 #include <benchmark/benchmark.h>
@@ -19,7 +19,8 @@ namespace bench {
 
 namespace {
 
-// One workload and the peer that does it, made once however often the benchmark is entered.
+// One workload and its peer. Both are made once, although Google Benchmark calls a benchmark
+// several times.
 struct Subject {
   explicit Subject(Workload made) : workload(std::move(made)), peer(makePeer(workload)) {}
 
@@ -30,8 +31,8 @@ struct Subject {
   heapUse::Counts heap;
 };
 
-// Does `task` once, the first time, and lets `isRight` judge the answer; then takes the
-// time. Where heap use is counted, it is that of the first time.
+// On the first call, does `task` once, counts its heap use, and checks the answer with `isRight`.
+// Then measures the time of `task`.
 template <class Task, class IsRight>
 void measure(benchmark::State& state, Subject& subject, Task task, IsRight isRight) {
   if (!subject.isChecked) {
@@ -67,7 +68,7 @@ void declare(benchmark::State& state, Subject& subject) {
   measure(state, subject, task, [](bool done) { return done; });
 }
 
-// From here on the parser is there.
+// This benchmark and those below use a parser that runOne() has declared.
 void parse(benchmark::State& state, Subject& subject) {
   measure(
       state, subject, [&] { return subject.peer->run(); },
@@ -91,7 +92,7 @@ void help(benchmark::State& state, Subject& subject) {
       state, subject, [&] { return subject.peer->help(); }, namesAll);
 }
 
-// The message quotes what is wrong: what stands last in the argument.
+// The message must quote the wrong part: the text after the last "-" or "=" of the argument.
 void error(benchmark::State& state, Subject& subject) {
   const std::string& argument = subject.workload.arguments.front();
   const std::string quoted = argument.substr(argument.find_last_of("-=") + 1);
@@ -139,7 +140,8 @@ const Family families[] = {
     {"W7/value", Work::badValue, one, [](int) { return wrongArgument("--jobs=many"); }, error},
 };
 
-// What is wrong, and what a peer refuses with its reason, stands in the report.
+// A failure, or the reason why the peer refuses the work, is reported as the error of the
+// benchmark.
 void runOne(benchmark::State& state, const Family& family, int size,
             std::unique_ptr<Subject>& subject) {
   if (const char* reason = refusal(family.work, size)) {
@@ -171,7 +173,8 @@ void registerFamily(const Family& family, long iterations) {
   }
 }
 
-// A number of times that is given, so that two runs differ in nothing else.
+// Removes "--iterations=N" from the arguments and returns N, or 0 if there is none. With a given
+// number, two runs can differ in the number alone.
 long takeIterations(int& argc, char** argv) {
   const std::string ahead = "--iterations=";
   for (int i = 1; i < argc; ++i) {
@@ -185,7 +188,7 @@ long takeIterations(int& argc, char** argv) {
   return 0;
 }
 
-// Ends with the process.
+// Removes the file when the process ends.
 struct OptionFile {
   std::string path = "/tmp/bench-" + std::to_string(getpid()) + ".txt";
   ~OptionFile() { unlink(path.c_str()); }

@@ -7,12 +7,12 @@
 
 #include "workload.h"
 
-// A library that parses command lines, made to do a workload as a tool would have it done.
-// Each peer is a file in peers/ and a program of its own.
+// A library that parses command lines, and that does a workload as in a tool. Each peer is a file
+// in peers/ and a program of its own.
 
 namespace bench {
 
-// What peers are asked for; not every one can do all of it.
+// The kinds of work. A peer may be unable to do some of them: see refusal().
 enum class Work {
   cycle,
   parse,
@@ -38,19 +38,19 @@ class Peer {
   Peer& operator=(const Peer&) = delete;
   virtual ~Peer() = default;
 
-  // Makes the parser with all its options, and ends it.
+  // Make the parser with all its options, and destroy it.
   virtual void declare() = 0;
   virtual void tearDown() = 0;
 
-  // Parses into a result that knows nothing of a former run, reads the values back with
-  // their types, and ends the result. Raises a standard exception where that fails.
+  // Parses into a new result, reads the values with their types, and destroys the result. Raises a
+  // standard exception on failure.
   virtual std::uint64_t run() = 0;
 
-  // The same with the arguments that stand in the option file.
+  // Like run(), with the arguments in the option file.
   virtual std::uint64_t runFile() { return 0; }
   virtual std::string help() { return {}; }
 
-  // The message about arguments that are wrong.
+  // Parses wrong arguments and returns the error message.
   virtual std::string error() { return {}; }
 
  protected:
@@ -66,10 +66,10 @@ class Peer {
 // Defined by each peer. The workload outlives the peer.
 std::unique_ptr<Peer> makePeer(const Workload& workload);
 
-// Why the peer does not do a work of this size; null when it does.
+// Why the peer does not do this work at this size; null if it does.
 const char* refusal(Work work, int size);
 
-// Writes the lines of the workload's option file, each behind `ahead`, and answers its path.
+// Writes the option file of the workload, with `ahead` before each line, and returns its path.
 std::string writeOptionFile(const Workload& workload, const std::string& ahead);
 
 }  // namespace bench

@@ -56,7 +56,7 @@ std::size_t indexOf(const Workload& workload, std::string_view name) {
   return static_cast<std::size_t>(place - options.begin());
 }
 
-// The names differ in their first three letters and are alike behind.
+// The names differ only in their first three letters.
 std::string generatedName(int number) {
   const auto letter = [&](int place) { return static_cast<char>('a' + number / place % 26); };
   return std::string{letter(676), letter(26), letter(1)} + "setting";
@@ -64,8 +64,8 @@ std::string generatedName(int number) {
 
 constexpr Kind generatedKinds[] = {Kind::flag, Kind::integer, Kind::text, Kind::real};
 
-// Every option is of the kind that comes next. As many of them as are asked for, or all,
-// are given, spread over the table, with the first letters of their names.
+// Declares `options` options, whose kinds take turns. Gives `count` of them, or all, spread over
+// the table, each with the first `letters` letters of its name.
 Workload generated(int options, int count, std::size_t letters) {
   Workload workload;
   for (int i = 0; i < options; ++i)
@@ -73,7 +73,7 @@ Workload generated(int options, int count, std::size_t letters) {
                                 "Sets the value of number " + std::to_string(i) + "."});
   workload.options = spelled(std::move(workload.options));
 
-  constexpr int stride = 7919;  // a prime, so that no option comes twice
+  constexpr int stride = 7919;  // a prime, so that no option is given twice
   for (int i = 0; i < std::min(count, options); ++i) {
     const auto index = static_cast<std::size_t>((i * stride + options / 2) % options);
     const Option& option = workload.options[index];
@@ -85,7 +85,7 @@ Workload generated(int options, int count, std::size_t letters) {
   return workload;
 }
 
-// The typical tool with lists: those of a long command line.
+// The typical tool, with options that take lists, for long command lines and option files.
 Workload listingTool() {
   Workload workload;
   workload.options = typicalOptions();
@@ -153,7 +153,8 @@ Workload manyOptions(int options, int arguments) {
 
 Workload abbreviatedNames(int options, int arguments) { return generated(options, arguments, 4); }
 
-// Mostly one string option with "=", every tenth an integer, every twentieth a positional.
+// The arguments are mostly one string option with "=", every tenth an integer option, and every
+// twentieth a positional argument.
 Workload longCommandLine(int arguments) {
   Workload workload = listingTool();
   Read texts{indexOf(workload, "name"), {}};
@@ -171,7 +172,7 @@ Workload longCommandLine(int arguments) {
   return workload;
 }
 
-// One option only: not every peer collects what is scattered over a file.
+// One option only: not every peer collects the values of an option that are scattered over a file.
 Workload longOptionFile(int lines) {
   Workload workload = listingTool();
   Read texts{indexOf(workload, "name"), {}};

@@ -9,12 +9,12 @@
 #include <variant>
 #include <vector>
 
-// What is measured, without a word on how: the options a tool declares, the arguments it
-// is given, and the values it reads back. Every peer walks the same tables.
+// What is measured, whatever the peer: the options that a tool declares, the arguments that it is
+// given, and the values that it reads. All peers use the same tables.
 
 namespace bench {
 
-// In the order of the alternatives of Variables::Variable.
+// The kinds of options, in the order of the alternatives of Variables::Variable.
 enum class Kind { flag, integer, unsigned64, real, text, integers, texts };
 
 struct Option {
@@ -26,8 +26,8 @@ struct Option {
   std::vector<std::string> allowed = {};
   bool positional = false;
 
-  // The names as the peers want them, so that none of them has to put a text together that
-  // is a literal in a tool.
+  // The names in the spelling of each peer. They are literals in a tool, so no peer should spend
+  // time on composing them.
   std::string nameAndLetter = {};  // "jobs,j"
   std::string letterAndName = {};  // "j,jobs"
   std::string dashed = {};         // "-j,--jobs"
@@ -35,7 +35,7 @@ struct Option {
   bool isAllowed(std::string_view value) const;
 };
 
-// One option to be read back, and the texts of the values it must answer with.
+// One option to read, and the texts of the values that it must have.
 struct Read {
   std::size_t option;
   std::vector<std::string> expected;
@@ -54,7 +54,7 @@ Workload abbreviatedNames(int options, int arguments);
 Workload longCommandLine(int arguments);
 Workload longOptionFile(int lines);
 
-// Condenses what was read back into one number, at next to no cost.
+// Hashes all values that were read into one number, at almost no cost.
 class Answers {
  public:
   void add(bool value) { mix(value ? 1 : 2); }
@@ -94,8 +94,8 @@ class Answers {
 
 std::uint64_t expectedDigest(const Workload& workload);
 
-// The variables of a tool, one for each option, for peers that store into such or leave
-// the storing to the tool.
+// The variables of a tool, one for each option. For peers that store values into variables, or that
+// leave storing to the tool.
 template <class Text>
 class Variables {
  public:
@@ -108,7 +108,7 @@ class Variables {
       m_variables.push_back(fresh(option));
   }
 
-  // Puts the defaults back where a run is going to look.
+  // Resets the variables that a run reads to their defaults.
   void reset() {
     for (const Read& read : m_workload.reads)
       m_variables[read.option] = fresh(m_workload.options[read.option]);

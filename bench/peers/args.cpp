@@ -10,7 +10,8 @@ namespace {
 
 using Names = std::unordered_map<std::string, std::string>;
 
-// One allocation for all of them, as good as the local variables of a tool.
+// An array of variants takes one allocation for the flags of all options. In a tool they would be
+// local variables.
 using Slot =
     std::variant<std::monostate, args::Flag, args::ValueFlag<int>, args::ValueFlag<std::uint64_t>,
                  args::ValueFlag<double>, args::ValueFlag<std::string>,

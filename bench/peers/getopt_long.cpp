@@ -1,5 +1,5 @@
-// The floor: it finds the option and its text, and everything else is done by hand, as in
-// a tool that uses it. Texts stay where the system has put them.
+// The lower bound: getopt_long() finds the option and its text, and everything else is done by
+// hand, as in a tool that uses it. Texts are not copied.
 
 #include <fcntl.h>
 #include <getopt.h>
@@ -21,7 +21,8 @@ constexpr int firstLongOnly = 256;
 class GetoptLong final : public Peer {
  public:
   explicit GetoptLong(const Workload& workload) : Peer(workload) {
-    // As they come: to move what is no option to the end takes quadratic time.
+    // "-" returns all arguments in their order: to move positional ones to the end takes quadratic
+    // time.
     m_letters = "-";
     for (std::size_t i = 0; i < workload.options.size(); ++i)
       add(workload.options[i], i);

@@ -1,6 +1,6 @@
-// Flags are global and last as long as the process, which is why a process does one workload
-// only; they are registered by what its macros expand to. A letter is a flag of its own with
-// the same variable.
+// Flags are global and last as long as the process, so a process does one workload only. They are
+// registered with the class that the library's macros use. A letter is a second flag with the same
+// variable.
 
 #include <gflags/gflags.h>
 

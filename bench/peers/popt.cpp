@@ -1,5 +1,5 @@
-// Numbers are converted by the library, straight into the variables; texts, lists and
-// flags are handed over one by one.
+// The library stores numbers into the variables itself; it returns texts, lists and flags one by
+// one.
 
 #include <popt.h>
 
@@ -32,7 +32,7 @@ class Popt final : public Peer {
       m_file = writeOptionFile(workload, "");
   }
 
-  // The table refers to the variables, so it is filled with them.
+  // The table points to the variables, so both are made here.
   void declare() override {
     m_variables.emplace(m_workload);
     m_table.reserve(m_workload.options.size() + 1);
@@ -124,7 +124,7 @@ class Popt final : public Peer {
     return m_variables->digest();
   }
 
-  // -1 at the end, another negative number for an error.
+  // Returns -1 at the end of the arguments, or another negative number for an error.
   int walk(poptContext context) {
     int value = 0;
     while ((value = poptGetNextOpt(context)) > 0)

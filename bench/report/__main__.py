@@ -2,7 +2,7 @@
 
     report SOURCE-DIRECTORY BUILD-DIRECTORY [--quick | --instructions]
 
-Ends with 1 where a peer gives wrong answers. A target that is not met is no failure.
+Exits with 1 if a peer gives wrong answers. A target that is not met is no failure.
 """
 
 import argparse

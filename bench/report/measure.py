@@ -1,8 +1,8 @@
 """Runs the benchmark programs and the ten-option tools, and collects what they show.
 
-Every benchmark of every peer is a process of its own. The peers take turns at each of them,
-in an order drawn anew, and that several times over, so that whatever else the machine does
-meets all of them alike. What counts is the median of the CPU times.
+Every benchmark of every peer runs in its own process. In each of several rounds, the peers run
+each benchmark in a new random order, so that other load of the machine affects all peers alike.
+The reported time is the median of the CPU times of all rounds.
 """
 
 import json
@@ -43,7 +43,7 @@ class Bench:
         self.rounds, self.seconds = (1, 0.005) if quick else (5, 0.05)
         self.largest = 10000 if quick else 1000000
         self.peers = [peer for peer in PEERS if self.program(peer).exists()]
-        self.left_out = {}  # (peer, benchmark) -> why
+        self.left_out = {}  # (peer, benchmark) -> the reason
 
     def program(self, peer):
         return self.build / "bench" / f"bench_{peer}"
@@ -53,7 +53,7 @@ class Bench:
         return [name for name in text.split() if int(name.split("/")[-1]) <= self.largest]
 
     def once(self, peer, name, *options, preload=None):
-        """What Google Benchmark tells of one benchmark, or None when the peer refuses it."""
+        """The figures of Google Benchmark for one benchmark, or None if the peer refuses it."""
         environment = dict(os.environ, LD_PRELOAD=str(preload)) if preload else None
         output = run([self.program(peer), f"--benchmark_filter=^{name}(/iterations:1)?$",
                       "--benchmark_format=json", *options], env=environment).stdout
@@ -81,7 +81,7 @@ class Bench:
         return {key: statistics.median(values) for key, values in samples.items()}
 
     def heap(self, name):
-        """peer -> what one run takes from the heap."""
+        """peer -> the figures of one run, with its heap allocations and their peak in bytes."""
         preload = self.build / "bench" / "libheap_use.so"
         results = {peer: self.once(peer, name, "--iterations=1", preload=preload)
                    for peer in self.peers if (peer, name) not in self.left_out}
@@ -100,14 +100,14 @@ class Bench:
                 for tool in tools}
 
     def instructions_above_empty(self):
-        """Those of the ten-option tool."""
+        """The instructions of the ten-option tool minus those of an empty program."""
         self.install()
         for tool in ("kivo", "empty"):
             self.compile(tool)
         return self.link("kivo")["instructions"] - self.link("empty")["instructions"]
 
     def install(self):
-        """Puts the library where pkg-config finds it, as a user would."""
+        """Installs the library where pkg-config finds it, as a user would."""
         prefix = self.build / "bench" / "prefix"
         run(["cmake", "--install", self.build, "--prefix", prefix])
         package = next(prefix.rglob("kivo.pc")).parent
@@ -131,8 +131,11 @@ class Bench:
         return after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
 
     def link(self, tool):
-        """All look for libraries in the same places, and the empty programs load those of the
-        language as well: what is above them comes of the peer alone."""
+        """Links a tool, checks its answers, and returns its bytes and instructions.
+
+        All tools look for libraries in the same places, and the empty programs load those of the
+        language too, so what a tool has above an empty program comes from the peer alone.
+        """
         path = self.tool_path(tool)
         libraries = self.link_flags if tool == "kivo" else TOOL_LIBRARIES.get(tool, [])
         run(["g++", f"{path}.o", "-s", "-o", path, f"-Wl,-rpath,{self.library.parent}",
@@ -144,7 +147,7 @@ class Bench:
                 "instructions": executed([path, *TOOL_ARGUMENTS])}
 
     def instructions(self, name):
-        """The instructions of one time, from two runs that differ in how often."""
+        """The instructions of one iteration, from two runs with different numbers of them."""
         few, many = 2, 12
         command = [self.program("kivo"), f"--benchmark_filter=^{name}/iterations:"]
         return (executed([*command, f"--iterations={many}"]) -
@@ -165,7 +168,7 @@ def run(command, **options):
 
 
 def executed(command):
-    """The instructions of a whole process, whatever it ends with."""
+    """The instructions of a whole process, whatever its exit status."""
     output = subprocess.run(["valgrind", "--tool=callgrind", "--callgrind-out-file=/dev/null",
                              *command], capture_output=True, text=True, check=False).stderr
     return int(re.search(r"Collected : (\d+)", output).group(1))

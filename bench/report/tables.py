@@ -1,15 +1,15 @@
-"""Makes tables of what was measured, and holds it against the targets."""
+"""Makes tables of the measurements, and compares them with the targets."""
 
 from measure import CPP_PEERS, PEERS
 
 MORE = 50   # arguments of the longer command line of W2 and W6
-FEW = 3     # and of the shorter one
+FEW = 3     # arguments of the shorter command line
 LOST = "lost in noise"
-NOISE = 0.25  # the share of a time below which a difference to another one says nothing
+NOISE = 0.25  # the share of the shorter time below which a difference is noise
 
 
 class Figures:
-    """Each line of work as nanoseconds for each peer."""
+    """The nanoseconds of each peer for each work and size."""
 
     def __init__(self, times):
         self.times = times
@@ -46,8 +46,8 @@ class Figures:
         return self.lines[work, size].get(peer)
 
     def best(self, work, size):
-        """The best C++ peer and its time, None where there is none. One that is lost in the
-        noise counts with its time at the largest size below, which is no more."""
+        """The best C++ peer and its time; None for both if there is none. For a time that is lost
+        in the noise, the peer's time at the largest smaller size counts, which is not longer."""
         times = {}
         for smaller in self.sizes(work):
             for peer in CPP_PEERS:
@@ -65,7 +65,7 @@ def table(header, rows):
 
 
 def ratio(time, other):
-    """None where the other has no time, or one that is lost in the noise."""
+    """None if there is no other time or if it is lost in the noise."""
     return time / other if other and other > 0 else None
 
 
@@ -78,7 +78,7 @@ def number(value):
 
 
 def number_above_zero(value):
-    """Of times that are differences: these may come out as less than nothing."""
+    """For times that are differences of two times: these can be zero or negative."""
     return LOST if value is not None and value <= 0 else number(value)
 
 
@@ -125,7 +125,7 @@ def left_out_table(left_out):
 
 
 def targets(figures, heap, tools, library_bytes):
-    """Rows of target, most, measured."""
+    """Rows of the target, its upper limit, and the measured value."""
     rows = []
 
     def against_best(work, size, most):

@@ -10,12 +10,12 @@
 
 // The command line of textkit: what is declared, and how the result becomes Settings.
 //
-// Values are not split at commas unless an option says so, because most values here are
-// one thing: a number, a file name. Arguments that look like options are never files, so
-// that a misspelt option is an error; a file whose name begins with "-" goes behind "--".
+// Values are not split at commas unless an option says so, because most values here are one thing:
+// a number, a file name. Arguments that look like options are never files, so that a misspelt
+// option is an error; a file whose name begins with "-" is given after "--".
 //
-// Only what is hidden has a group: help writes the headings of all groups, and for a
-// single action most of them would stand above nothing.
+// Only hidden options have a group: help writes the headings of all groups, and in the help on a
+// single action most groups would be empty.
 
 namespace textkit {
 namespace {
@@ -27,7 +27,7 @@ constexpr int parserFlags = kivo::parserFlags::unknownArgumentIsError |
 constexpr unsigned int largestLimit = 100000;
 constexpr kivo::u64_t fnvOffsetBasis = 0xcbf29ce484222325;
 
-// Refuses numbers that are well-formed and yet senseless.
+// Refuses numbers that are well-formed but out of range.
 class Bounds final : public kivo::EventHandler {
  public:
   bool onValueParse(const char* name, const kivo::Value& given) override {
@@ -49,7 +49,7 @@ void declareActions(kivo::IParser& parser) {
 }
 
 void declareCounting(kivo::IParser& parser) {
-  // Allowed values come with splitting at commas, and here that is wanted.
+  // Allowing values turns on splitting at commas, which is wanted here.
   parser
       .modifier("what,w", "count",
                 "What to count, separated by commas; lines,words,bytes if absent.", kivo::vtString)
@@ -87,8 +87,8 @@ void declareSearching(kivo::IParser& parser) {
 }
 
 void declareHashing(kivo::IParser& parser) {
-  // Where count and hash are given together, modifiers are held against count, the first
-  // of the two by name; so what goes with hash has to go with count.
+  // If count and hash are given together, modifiers are checked against count alone, the first of
+  // the two by name. So a modifier of hash must be a modifier of count too.
   parser
       .modifier("basis,b", "hash,count", "Start value of the hash, as in 0xcbf29ce484222325.",
                 kivo::vtU64)
@@ -102,7 +102,7 @@ void declareGeneral(kivo::IParser& parser) {
           "Bytes to pass over in each file; with a negative number all but so many at its end.",
           kivo::vtS64)
       ->defaultValue(0LL);
-  // One format at a time: the splitting that came with the allowed values is taken back.
+  // One format at a time: turns off the splitting that the allowed values have turned on.
   parser.option("format,f", "How to write the result.", kivo::vtString)
       ->allowValue("plain")
       ->allowValue("csv")
@@ -158,7 +158,7 @@ std::vector<Measure> readMeasures(kivo::IParseResult& result) {
   std::vector<Measure> measures;
   for (const kivo::Value& value : kivo::values(result, "what")) {
     const std::string text = value.text;
-    // Abbreviations have been completed; a deprecated value arrives as it is.
+    // Abbreviations have been completed. A deprecated value, here "octets", is delivered unchanged.
     if (text == "lines")
       measures.push_back(Measure::lines);
     else if (text == "words")
@@ -180,8 +180,8 @@ Format readFormat(kivo::IParseResult& result) {
   return format == "csv" ? Format::csv : Format::plain;
 }
 
-// The one given later decides alone, "-no-quiet" and "-no-verbose" included. Both have
-// defaults, and a default stands ahead of everything that was given.
+// The option given later decides alone, "-no-quiet" and "-no-verbose" included. Both options have
+// defaults, and the position of a default is before those of all arguments.
 Verbosity readVerbosity(kivo::IParseResult& result) {
   const kivo::Value quiet = kivo::getLastValue(&result, "quiet");
   const kivo::Value verbose = kivo::getLastValue(&result, "verbose");
@@ -208,8 +208,8 @@ SearchSettings readSearch(kivo::IParseResult& result) {
   return search;
 }
 
-// An empty argument is an occurrence of `file` without a value. It must not be passed
-// over, or a script's unset variable would make the tool wait for standard input.
+// An empty argument is an occurrence of `file` without a value. If the tool ignored it, a script's
+// unset variable would make the tool wait for standard input.
 bool hasEmptyFileName(kivo::IParseResult& result, std::size_t names) {
   if (!result.present("file"))
     return false;
@@ -219,7 +219,7 @@ bool hasEmptyFileName(kivo::IParseResult& result, std::size_t names) {
   return occurrences != names;
 }
 
-// Behind "--" everything is a file, whatever it begins with.
+// After "--" every argument is a file, whatever it begins with.
 void appendLeftovers(kivo::IParseResult& result, std::vector<std::string>& texts) {
   for (const char* text : kivo::leftovers(result))
     texts.emplace_back(text);
@@ -257,7 +257,7 @@ bool asksForHelp(kivo::IParseResult& result) {
   return result.present("help") || result.present("help-hidden");
 }
 
-// What would be files names topics here.
+// With help, the arguments that would be files are topics.
 int readHelp(kivo::IParser& parser, kivo::IParseResult& result, Settings& settings,
              std::string& error) {
   std::vector<std::string> topics;
@@ -270,7 +270,7 @@ int readHelp(kivo::IParser& parser, kivo::IParseResult& result, Settings& settin
   return kivo::status::success;
 }
 
-// The one failure for which the parser has no text of its own.
+// The only failure for which the parser has no error text.
 int internalFailure(std::string& error) {
   error = "The command line cannot be read.";
   return kivo::status::exceptionCaught;

@@ -9,11 +9,11 @@ namespace textkit {
 
 struct Counts {
   std::uint64_t lines = 0;  // line feeds
-  std::uint64_t words = 0;  // runs of what is not white space
+  std::uint64_t words = 0;  // runs of characters that are not white space
   std::uint64_t bytes = 0;
-  std::uint64_t chars = 0;        // of UTF-8, told by their first bytes
-  std::uint64_t textLines = 0;    // lines, a last one without a line feed included
-  std::uint64_t filledLines = 0;  // those of them with a word
+  std::uint64_t chars = 0;        // of UTF-8, counted by their first bytes
+  std::uint64_t textLines = 0;    // lines, including a last one without a line feed
+  std::uint64_t filledLines = 0;  // lines with a word
 };
 
 Counts countText(std::string_view text);

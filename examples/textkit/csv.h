@@ -5,7 +5,7 @@
 
 namespace textkit {
 
-/// A text as one field of a CSV line: as it is, or in double quotes where it must be.
+/// A text as one field of a CSV line, in double quotes if it needs them.
 std::string csvField(std::string_view text);
 
 }  // namespace textkit

@@ -8,8 +8,8 @@
 
 #include "messages.h"
 
-// The C streams are used here because they keep the reason of a failure: a directory can
-// be opened, and only reading it fails.
+// This file uses C streams because they keep the reason of a failure: a directory can be opened,
+// and only reading it fails.
 
 namespace textkit {
 namespace {
@@ -21,7 +21,7 @@ struct CloseFile {
   }
 };
 
-// Returns 0, or the number of the error that ended the reading.
+// Returns 0, or the error number (errno) of the failure.
 int readAll(const std::string& name, std::string& text) {
   const std::unique_ptr<std::FILE, CloseFile> file(name == "-" ? stdin
                                                                : std::fopen(name.c_str(), "rb"));

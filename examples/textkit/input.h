@@ -7,8 +7,8 @@
 
 namespace textkit {
 
-/// The part of `text` that is left when `skip` bytes are passed over; a negative number
-/// leaves the last `-skip` bytes. More than there is means all of it.
+/// `text` without its first `skip` bytes, or the last `-skip` bytes of `text` if `skip` is
+/// negative. A number beyond the size of `text` counts as that size.
 std::string_view afterSkip(std::string_view text, long long skip);
 
 /// Reads files one after the other, and remembers whether one of them failed.
@@ -16,8 +16,8 @@ class InputReader {
  public:
   explicit InputReader(const Settings& settings) : m_settings(settings) {}
 
-  /// Reads the whole of a file into `text`, less what is to be skipped; "-" is standard
-  /// input. False, after a message, when it cannot be read to its end.
+  /// Reads a file into `text`, without the bytes to skip; "-" is standard input. Returns false,
+  /// after a message unless the tool is quiet, if the file cannot be read to its end.
   bool read(const std::string& name, std::string& text);
 
   bool hasFailed() const { return m_hasFailed; }

@@ -10,9 +10,9 @@
 
 // textkit counts, searches and hashes text files.
 //
-// It exits with 0 when all went well, whether or not a search found anything, with the
-// status of the parse when the command line cannot be used, and otherwise with one of
-// these, which no parse returns.
+// It exits with 0 if all went well, whether or not a search found anything; with the status of the
+// parse if the command line cannot be used; and otherwise with one of the codes below, which no
+// parse returns.
 
 namespace textkit {
 namespace {

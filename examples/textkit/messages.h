@@ -5,7 +5,7 @@
 
 namespace textkit {
 
-/// Tells the user something beside the result: one line on standard error.
+/// Writes a message to the user, apart from the result: one line on standard error.
 inline void say(const std::string& text) { std::cerr << "textkit: " << text << '\n'; }
 
 }  // namespace textkit

@@ -53,7 +53,7 @@ class Matcher {
   bool m_ignoreCase;
 };
 
-// Writes single lines in the format asked for; knows nothing of matching.
+// Writes single lines in the chosen format.
 class LineWriter {
  public:
   LineWriter(const Settings& settings, std::ostream& out)
@@ -75,7 +75,7 @@ class LineWriter {
     m_hasWritten = true;
   }
 
-  // Marks that lines were left out between those written and those to come.
+  // Marks that lines are left out between the last line written and the next one.
   void writeGap() {
     if (m_format == Format::plain && m_showGaps && m_hasWritten)
       m_out << "--\n";
@@ -98,8 +98,8 @@ class LineWriter {
   bool m_hasWritten = false;
 };
 
-// Walks the lines of one file. Every line is written at most once: `m_next` is the first
-// line that has not been written, or passed over for good.
+// Searches the lines of one file. Every line is written at most once: `m_next` is the first line
+// that is neither written nor left out.
 class FileSearch {
  public:
   FileSearch(const std::string& name, const Lines& lines, const SearchSettings& settings,
@@ -125,8 +125,8 @@ class FileSearch {
   }
 
  private:
-  // What stands between the last match and line `match`: what the last match is owed,
-  // and what goes ahead of this one.
+  // Writes the context between the last match and line `match`: the lines after the last match that
+  // are still owed, then the lines before this match.
   void writeContext(std::size_t match) {
     writeUpTo(m_next + std::min(m_owed, match - m_next), false);
     const std::size_t first = match - std::min(m_before, match - m_next);

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-// What the user wants, in the tool's own terms: the rest of the tool reads this and
-// never sees a parser. The defaults are declared in command_line.cpp, with the options.
+// What the user wants, in the tool's own terms: the rest of the tool uses these settings and no
+// parser. The defaults are declared in command_line.cpp, with the options.
 namespace textkit {
 
 enum class Action { count, search, hash };
@@ -16,15 +16,15 @@ enum class Measure { lines, words, bytes, chars, blank };
 
 struct CountSettings {
   std::vector<Measure> measures;  // one column each, in this order
-  double minRatio;                // of lines that are not blank; files below it are left out
+  double minRatio;                // the share of lines that are not blank; files below are left out
 };
 
 struct SearchSettings {
-  std::vector<std::string> patterns;  // fixed texts; a line that holds one of them matches
+  std::vector<std::string> patterns;  // fixed texts; a line that contains one of them matches
   bool ignoreCase;                    // for the letters of ASCII
   bool lineNumbers;
-  std::optional<unsigned int> limit;  // matching lines to a file, none for all of them
-  int context;                        // lines around a match; negative: only ahead of it
+  std::optional<unsigned int> limit;  // matching lines per file; no value: all
+  int context;                        // lines around a match; negative: only before it
 };
 
 struct HashSettings {
@@ -32,13 +32,13 @@ struct HashSettings {
 };
 
 struct Settings {
-  std::optional<std::string> help;  // to be shown; nothing else is asked for then
-  bool dryRun;                      // do nothing
-  std::vector<Action> actions;      // in the order given; search is never with another one
+  std::optional<std::string> help;  // to be shown; if set, all other settings are unused
+  bool dryRun;                      // only read the command line
+  std::vector<Action> actions;      // in the order given; search is always alone
   std::vector<std::string> files;   // at least one, "-" for standard input
   Format format;
   Verbosity verbosity;
-  long long skip;  // bytes at the start of each file; negative: all but so many at its end
+  long long skip;  // bytes to skip at the start of each file; negative: all but the last -skip
   CountSettings count;
   SearchSettings search;
   HashSettings hash;

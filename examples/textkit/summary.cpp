@@ -11,7 +11,7 @@ namespace {
 
 using Cells = std::vector<std::string>;
 
-// What the columns are and what stands in them, for one file and for the sums.
+// The headings of the columns, and their cells for one file and for the sums.
 class Summary {
  public:
   explicit Summary(const Settings& settings) : m_settings(settings) {}
@@ -25,7 +25,7 @@ class Summary {
     return cells([](Measure measure) { return std::string(measureName(measure)); }, "hash");
   }
 
-  // The cells for a text; none at all when the text is to be left out.
+  // The cells for a text; none if the text is left out.
   Cells describe(const std::string& text) {
     const Counts counted = counts() ? countText(text) : Counts();
     if (counts() && filledRatio(counted) < m_settings.count.minRatio)

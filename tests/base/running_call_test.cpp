@@ -1,4 +1,5 @@
-// Which calls a parse or an event was made from, and what that means for it.
+// The calls that a parse or an event was made from: which parse it is part of, whether the event
+// has come back, what is in use, and how deep parses are nested.
 
 #include "base/running_call.h"
 
@@ -43,7 +44,7 @@ TEST_F(Running, EventHasComeBackOnlyWithTheSameParserKindAndText) {
   EXPECT_TRUE(RunningEvent(parser, RunningEvent::option, "level").hasComeBack());
 }
 
-TEST_F(Running, EventsOfANestedParseAreItsOwn) {
+TEST_F(Running, EventOutsideANestedParseDoesNotComeBackInsideIt) {
   const RunningEvent event(parser, RunningEvent::option, "level");
   const RunningParse nested(parser, &result);
   EXPECT_FALSE(RunningEvent(parser, RunningEvent::option, "level").hasComeBack());
@@ -70,7 +71,7 @@ TEST_F(Running, CallKeepsItsParserAndResultInUseUntilItReturns) {
   EXPECT_FALSE(RunningCall::isInUse(result));
 }
 
-TEST_F(Running, EveryCallThatATooDeepParseWasMadeFromRaisesAndNoOther) {
+TEST_F(Running, OnlyCallsThatATooDeepParseWasMadeFromRaise) {
   const RunningEvent outside(parser, RunningEvent::option, "level");
   const RunningParse outermost(parser, &result);
   const RunningEvent event(parser, RunningEvent::option, "level");

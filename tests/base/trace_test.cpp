@@ -17,7 +17,7 @@ constexpr const char* traceSwitch = "kivooption=kivologenable=1";
 
 const bool enabledAtLoad = kivoLogEnabled;
 
-// Every test begins and ends in silence.
+// The trace is off before and after every test.
 class Trace : public ::testing::Test {
  protected:
   Trace() { kivoLogEnabled = false; }
@@ -129,7 +129,7 @@ TEST_F(Trace, WithoutTheSwitchNoParseWritesAnything) {
   }
 }
 
-TEST_F(Trace, TheSwitchAsFirstArgumentBringsTheLinesToStandardOutput) {
+TEST_F(Trace, TheSwitchAsFirstArgumentWritesTheLinesToStandardOutput) {
   Command command;
   const ConsoleCapture console;
   EXPECT_EQ(0, command.parse({traceSwitch, "plain", "--", "rest"}));
@@ -151,7 +151,7 @@ TEST_F(Trace, NoRecognizerSeesTheSwitchAndNoResultStoresIt) {
   EXPECT_TRUE(contains(console.out(), "PositionalOptionsParser: parsing argument 'a'\n"));
 }
 
-TEST_F(Trace, IsDecidedAnewByEveryParse) {
+TEST_F(Trace, IsSwitchedOnOrOffByEveryParse) {
   Command command;
   command.option("level", vtS32);
   {
@@ -164,7 +164,7 @@ TEST_F(Trace, IsDecidedAnewByEveryParse) {
   EXPECT_EQ("", console.out());
 }
 
-TEST_F(Trace, IsDecidedAnewByEveryOptionFile) {
+TEST_F(Trace, IsSwitchedOnOrOffByEveryOptionFile) {
   const TemporaryFolder folder;
   const std::string silent = folder.write("silent", "--level=3\n");
   const std::string traced = folder.write("traced", std::string(traceSwitch) + "\n--level=4\n");

@@ -16,17 +16,19 @@ using std::string;
 
 constexpr const char* unknownError = "Unknown error handled.";
 
-// An entry whose head leaves the first column some room.
+// The help entry of a head of at most 29 characters: the description follows on the same line, from
+// column 30 on.
 string entry(const string& head, const string& description) {
   return head + string(30 - head.size(), ' ') + description + "\n";
 }
 
-// An entry whose head has a line of its own.
+// The help entry of a head of at least 30 characters: the description follows on the next line.
 string entryBelow(const string& head, const string& description) {
   return head + "\n" + string(30, ' ') + description + "\n";
 }
 
-// A parser that is asked for its help; "ordinary" is what every user sees.
+// Asks a parser for its help. Hidden help shows only the group "kivo_hidden", and ordinary help
+// shows all other groups.
 class Help : public ::testing::Test {
  protected:
   IOption* option(const char* names, variant_type_t type = vtNull, const char* group = nullptr) {
@@ -66,7 +68,7 @@ TEST_F(Help, IsEmptyWithoutDeclarations) {
   EXPECT_EQ("", global());
 }
 
-TEST_F(Help, IsOneTextForOneQuestionAndLivesAsLongAsTheParser) {
+TEST_F(Help, EqualHelpHasOneAddressAndLivesAsLongAsTheParser) {
   option("first");
   const char* const before = parser->getDescription(false);
   EXPECT_EQ(before, parser->getDescription(false));
@@ -76,7 +78,7 @@ TEST_F(Help, IsOneTextForOneQuestionAndLivesAsLongAsTheParser) {
   EXPECT_EQ(entry("-first", "Text."), before);
 }
 
-TEST_F(HelpSections, StandInTheOrderOfTheirFirstDeclaration) {
+TEST_F(HelpSections, AreInTheOrderOfTheirFirstDeclaration) {
   option("b", vtNull, "Second:");
   option("c", vtNull, "First");
   option("a", vtNull, "Second");
@@ -116,7 +118,7 @@ TEST_F(HelpSections, WithAnEmptyKeyMayHaveAnIntroduction) {
   EXPECT_EQ(" All there is.\n\n" + entry("-a", "Text."), ordinary());
 }
 
-TEST_F(HelpSections, WithoutOptionsHaveTheirHeadingStill) {
+TEST_F(HelpSections, WithoutOptionsStillHaveTheirHeading) {
   option("file", vtString, "Arguments:What to read.")->positional();
   parser->option("one,two,three,four", "Rejected.", vtNull, "Nothing");
   EXPECT_EQ("Arguments\n What to read.\n\nNothing\n", ordinary());
@@ -209,7 +211,7 @@ TEST_F(HelpEntry, OfATypeThatOptionsDoNotHaveShowsNoTexts) {
   EXPECT_EQ(entry("-a=<>", "Text.") + entry("-b= | ", "Text."), ordinary());
 }
 
-TEST_F(HelpEntry, ShowsTheDefaultBehindTheType) {
+TEST_F(HelpEntry, ShowsTheDefaultAfterTheType) {
   const struct {
     variant_type_t type;
     variant_t value;
@@ -254,7 +256,7 @@ TEST_F(HelpEntry, ShowsNoDeprecatedValues) {
   EXPECT_EQ(entry("-a=new", "Text.") + entry("-b=<string>", "Text."), ordinary());
 }
 
-TEST_F(HelpEntry, WithAHeadOfThirtyCharactersBeginsBelowIt) {
+TEST_F(HelpEntry, WithAHeadOfThirtyCharactersHasItsDescriptionBelow) {
   const string shorter = "-" + string(28, 'a');
   const string equal = "-" + string(29, 'b');
   const string longer = "-" + string(30, 'c');
@@ -265,7 +267,7 @@ TEST_F(HelpEntry, WithAHeadOfThirtyCharactersBeginsBelowIt) {
             ordinary());
 }
 
-TEST_F(HelpEntry, WithAnEmptyDescriptionIsItsHeadIfThatIsLongAndNothingElse) {
+TEST_F(HelpEntry, WithAnEmptyDescriptionIsALongHeadAloneOrNothing) {
   const string longHead = "-" + string(29, 'b');
   parser->option("a", "", vtString);
   parser->option(longHead.substr(1).c_str(), "", vtNull);
@@ -323,7 +325,7 @@ TEST_F(HelpTopics, AreTheHiddenActionsInHiddenHelp) {
       hidden());
 }
 
-TEST_F(HelpTopics, GiveWayToAllOptionsWhereNoActionIsMeant) {
+TEST_F(HelpTopics, AreReplacedByAllOptionsWhereNoActionIsShown) {
   action("run", "Do it.", "Actions");
   option("secret", vtNull, "kivo_hidden");
   EXPECT_EQ("    run   Do it.\n", ordinary());
@@ -486,7 +488,7 @@ TEST_F(HelpOfModifiers, ThatAreGlobalListsTheOptionForFiles) {
   EXPECT_EQ("Files\n" + entry("-option-file=<string>", "More arguments."), global());
 }
 
-TEST_F(HelpFailure, IsToldInPlaceOfTheHelpAndAsTheLastError) {
+TEST_F(HelpFailure, IsReturnedInsteadOfTheHelpAndAsTheLastError) {
   option("");
   EXPECT_EQ(unknownError, ordinary());
   EXPECT_STREQ(unknownError, parser->getErrorDesc());
@@ -494,7 +496,7 @@ TEST_F(HelpFailure, IsToldInPlaceOfTheHelpAndAsTheLastError) {
   EXPECT_EQ(unknownError, global());
 }
 
-TEST_F(HelpFailure, IsMetOnlyWhereANamelessOptionIsListed) {
+TEST_F(HelpFailure, OccursOnlyWhereANamelessOptionIsListed) {
   option("good");
   option("", vtNull, "kivo_hidden");
   option("")->positional();
@@ -505,7 +507,7 @@ TEST_F(HelpFailure, IsMetOnlyWhereANamelessOptionIsListed) {
   EXPECT_EQ(unknownError, hidden());
 }
 
-TEST_F(HelpFailure, IsNotMetWhereManyNamelessOptionsAreNotListed) {
+TEST_F(HelpFailure, DoesNotOccurWhereManyNamelessOptionsAreNotListed) {
   option("good");
   for (int i = 0; i < 2'000; ++i)
     option("", vtNull, "kivo_hidden");
@@ -513,7 +515,7 @@ TEST_F(HelpFailure, IsNotMetWhereManyNamelessOptionsAreNotListed) {
   EXPECT_EQ(unknownError, hidden());
 }
 
-TEST_F(HelpFailure, OfANamelessActionIsMetInTheTopics) {
+TEST_F(HelpFailure, OccursInTheTopicsForANamelessAction) {
   action("run", "Do it.");
   action("", "Nameless.", "kivo_hidden");
   EXPECT_EQ("    run   Do it.\n", ordinary());
@@ -522,7 +524,7 @@ TEST_F(HelpFailure, OfANamelessActionIsMetInTheTopics) {
   EXPECT_EQ(unknownError, ordinary());
 }
 
-TEST_F(HelpFailure, StandsBehindTheRemarkOnAnUnknownTopic) {
+TEST_F(HelpFailure, FollowsTheRemarkOnAnUnknownTopic) {
   option("");
   const string expected =
       string("Help for x not available.Please use one of the following topics:\n") + unknownError;
@@ -538,7 +540,7 @@ TEST_F(HelpFailure, LeavesTheParserUsable) {
   EXPECT_STREQ(unknownError, parser->getErrorDesc());
 }
 
-// The generator by itself, on declarations that no registry would take.
+// The generator without a parser, also on declarations that a registry refuses.
 class Generator : public ::testing::Test {
  protected:
   OptionDescription& add(const char* name, bool isAction, const char* description = "Text.") {
@@ -575,7 +577,7 @@ TEST_F(Generator, SelectsInTheOrderOfDeclaration) {
   EXPECT_EQ("[walk][run][level][depth]", namesOf(found));
 }
 
-TEST_F(Generator, FindsNoModifiersOfAnActionThatIsNotThere) {
+TEST_F(Generator, RaisesOutOfRangeForAnActionThatDoesNotExist) {
   add("run", true);
   HelpGenerator::Selection found;
   EXPECT_THROW(help.findActionModifiers(1, found), std::out_of_range);
@@ -590,7 +592,7 @@ TEST_F(Generator, GivesATopicTheDescriptionOfItsLastDeclaration) {
   EXPECT_EQ("    run    Last.\n    walk   Between.\n", help.describeTool(false));
 }
 
-TEST_F(Generator, ListsOptionsOfTheSameNameAll) {
+TEST_F(Generator, ListsAllOptionsOfTheSameName) {
   add("level", false);
   add("level", false);
   EXPECT_EQ(entry("-level", "Text.") + entry("-level", "Text."), help.describeTool(false));

@@ -1,5 +1,6 @@
-// The help of random tools beside that of a writer who goes through all declarations for
-// every section, and puts every line together from small texts. Wrapping is tested by itself.
+// Compares the help of random tools with a naive reference, the functions ...ByTheLetter(). The
+// reference walks all declarations for each section and concatenates every line. It wraps lines
+// with the paragraphString() of the library, which text_layout_test.cpp tests.
 
 #include <gtest/gtest.h>
 #include <kivo/kivo.h>
@@ -97,7 +98,7 @@ class RandomTools {
     return text;
   }
 
-  // The number at its end makes a name the only one of its kind.
+  // The number at the end makes every name different from all others.
   string name() { return letters(upTo(3) == 0 ? 20 : 4, "aAb-\xe4") + std::to_string(++m_names); }
 
   std::vector<string> actionNames(const Tool& tool) {
@@ -108,7 +109,8 @@ class RandomTools {
     return names;
   }
 
-  // The group of one more declaration; a new one becomes a section of the tool.
+  // Draws the group of the next declaration. A group that is new to the tool becomes one of its
+  // sections.
   string key(Tool& tool) {
     const string found = oneOf<string>({"", "", "Main", "Other", "kivo_hidden", "Kivo_hidden"});
     const auto isFound = [&](const auto& section) { return section.first == found; };
@@ -234,8 +236,8 @@ bool shareATag(const Declared& one, const Declared& other) {
   });
 }
 
-// Runs `check` for random tools with a parser that has their declarations, for ordinary
-// help and for hidden help.
+// Runs `check` for 500 random tools, each with a parser that has its declarations: once for
+// ordinary help and once for hidden help.
 template <class Check>
 void checkRandomTools(Check check) {
   RandomTools tools;
@@ -249,13 +251,13 @@ void checkRandomTools(Check check) {
   }
 }
 
-TEST(RandomHelp, OfTheToolIsWrittenByTheLetter) {
+TEST(RandomHelp, OfTheToolMatchesTheNaiveReference) {
   checkRandomTools([](const Tool& tool, IParser& parser, bool hidden) {
     ASSERT_EQ(wholeHelpByTheLetter(tool, hidden), parser.getDescription(hidden));
   });
 }
 
-TEST(RandomHelp, OfEveryOptionIsWrittenByTheLetter) {
+TEST(RandomHelp, OfEveryOptionMatchesTheNaiveReference) {
   checkRandomTools([](const Tool& tool, IParser& parser, bool hidden) {
     for (const Declared& declared : tool.declared)
       ASSERT_EQ(helpByTheLetter(tool, {declared}, hidden),
@@ -263,7 +265,7 @@ TEST(RandomHelp, OfEveryOptionIsWrittenByTheLetter) {
   });
 }
 
-TEST(RandomHelp, OfModifiersIsWrittenByTheLetter) {
+TEST(RandomHelp, OfModifiersMatchesTheNaiveReference) {
   checkRandomTools([](const Tool& tool, IParser& parser, bool hidden) {
     const auto isGlobal = [](const Declared& modifier) { return modifier.tags.empty(); };
     ASSERT_EQ(helpByTheLetter(tool, modifiersOf(tool, isGlobal), hidden),

@@ -25,7 +25,7 @@ TEST(Paragraph, PadsAHeadThatIsShorterThanTheIndent) {
   EXPECT_EQ("      body\n", paragraphString("body", "", 6, 20));
 }
 
-TEST(Paragraph, FollowsAHeadThatReachesTheIndentBehindOneSpace) {
+TEST(Paragraph, FollowsAHeadThatReachesTheIndentAfterOneSpace) {
   EXPECT_EQ("-level body\n", paragraphString("body", "-level", 6, 20));
   EXPECT_EQ("-level, -l body\n", paragraphString("body", "-level, -l", 6, 20));
 }
@@ -54,15 +54,15 @@ TEST(Paragraph, BreaksAtANewlineAndKeepsNoBlankLines) {
   EXPECT_EQ("-x  one\n    two\n", paragraphString("one\ntwo", "-x", 4, 20));
 }
 
-TEST(Paragraph, BreaksAtANewlineThatStandsRightBehindAFullLine) {
+TEST(Paragraph, BreaksOnceAtANewlineRightAfterAFullLine) {
   EXPECT_EQ("  abcd\n  ef\n", paragraphString("abcd\nef", "", 2, 5));
 }
 
-TEST(Paragraph, DropsSpacesAndNewlinesAheadOfTheBody) {
+TEST(Paragraph, DropsSpacesAndNewlinesBeforeTheBody) {
   EXPECT_EQ("-x  body\n", paragraphString(" \n\n  body", "-x", 4, 20));
 }
 
-TEST(Paragraph, KeepsASpaceAtTheEndOfALineThatIsFullBehindIt) {
+TEST(Paragraph, KeepsASpaceThatFitsAtTheEndOfALine) {
   EXPECT_EQ("  abc \n  def\n", paragraphString("abc def", "", 2, 5));
   EXPECT_EQ("  one \n  two\n", paragraphString("one \ntwo", "", 2, 20));
   EXPECT_EQ("  one \n", paragraphString("one ", "", 2, 20));
@@ -75,7 +75,7 @@ TEST(Paragraph, DropsTheSpacesAtWhichALineWasBroken) {
 
 TEST(Paragraph, KeepsSpacesInsideALine) {
   EXPECT_EQ("  a  b\n", paragraphString("a  b", "", 2, 20));
-  // Cut back ahead of the last of the spaces: the first of them ends the line.
+  // The line is cut before the last of the two spaces, so it ends with the first one.
   EXPECT_EQ("  a \n  bcd\n", paragraphString("a  bcd", "", 2, 5));
 }
 
@@ -94,13 +94,14 @@ TEST(Paragraph, BreaksAtNoOtherWhiteSpace) {
   EXPECT_EQ("  \t\r\n", paragraphString("\t\r", "", 2, 4));
 }
 
-TEST(Paragraph, WithoutAnIndentBeginsEveryLineBehindTheHeadWithASpace) {
+TEST(Paragraph, WithoutAnIndentBeginsEveryLineAfterTheHeadWithASpace) {
   EXPECT_EQ("h aa \n bb\n cc\n", paragraphString("aa bb cc", "h", 0, 6));
   EXPECT_EQ(" aaaa\n bb\n", paragraphString("aaaa bb", "", 0, 6));
   EXPECT_EQ(" a\n b\n", paragraphString("ab", "", 0, 3));
 }
 
-// What is left behind the last word is walked like everything else, and comes to nothing.
+// Blanks after the last word are wrapped like any text. They are dropped, so their line has only
+// its padding.
 TEST(Paragraph, EndsWithALineOfPaddingWhereBlanksAreLeftOver) {
   EXPECT_EQ("  one\n  \n", paragraphString("one\n", "", 2, 20));
   EXPECT_EQ("  abcd\n  \n", paragraphString("abcd ", "", 2, 5));
@@ -114,15 +115,15 @@ TEST(Paragraph, InAColumnOfWidthTwoHasOneCharacterALine) {
   EXPECT_EQ("head\n a\n b\n", paragraphString("ab", "head", 1, 2));
 }
 
-// Less than no room is the room of the largest number.
-TEST(Paragraph, InAColumnOfWidthZeroHasRoomWithoutEnd) {
+// The room of a line is the width minus one in unsigned arithmetic: for width 0 the largest number.
+TEST(Paragraph, InAColumnOfWidthZeroHasUnlimitedRoom) {
   const string body(5000, 'x');
   EXPECT_EQ("-h  " + body + " y\n", paragraphString(body + " y", "-h", 4, 0));
   EXPECT_EQ("-head " + body + "\n", paragraphString(body, "-head", 4, 0));
   EXPECT_EQ("    one\n    two\n", paragraphString("one\ntwo", "", 4, 0));
 }
 
-TEST(Paragraph, InAColumnOfWidthZeroHasRoomWithoutEndWithoutAnIndentToo) {
+TEST(Paragraph, InAColumnOfWidthZeroHasUnlimitedRoomWithoutAnIndentToo) {
   const string body(5000, 'x');
   EXPECT_EQ(" " + body + " y\n", paragraphString(body + " y", "", 0, 0));
   EXPECT_EQ("-head " + body + "\n", paragraphString(body, "-head", 0, 0));
@@ -130,7 +131,7 @@ TEST(Paragraph, InAColumnOfWidthZeroHasRoomWithoutEndWithoutAnIndentToo) {
   EXPECT_EQ("-h one\n two\n", paragraphString("one\n \ntwo", "-h", 0, 0));
 }
 
-// The text of the error that wrapping raises; empty where it raises none.
+// The text of the error that wrapping raises; empty if wrapping raises none.
 string raised(const string& text, const string& head, unsigned int indent, unsigned int width) {
   try {
     paragraphString(text, head, indent, width);
@@ -153,7 +154,8 @@ TEST(Paragraph, InAColumnOfWidthOneIsOutOfRange) {
   EXPECT_EQ("", raised("", "-head", 5, 1));
 }
 
-// Otherwise the space that its lines begin with would fill them for ever.
+// Without an indent every line begins with a space, which leaves such a column no room for text.
+// Without the error, wrapping would never end.
 TEST(Paragraph, WithoutAnIndentInAColumnOfWidthOneOrTwoIsOutOfRangeToo) {
   for (const unsigned int width : {1u, 2u})
     for (const char* head : {"", "h", "head"})
@@ -202,7 +204,8 @@ TEST(WrappedText, HoldsItsOwnTextAndNothingElse) {
   EXPECT_EQ(sizeof(string), sizeof(WordWrappedText));
 }
 
-// The rules of wrapping one after the other, with texts that shrink from the front.
+// A naive reference: the rules of wrapping, applied one by one to a text whose front is erased as
+// it is wrapped.
 string chunkByTheLetter(const string& text, unsigned int room) {
   string chunk;
   while (chunk.size() < room && chunk.size() < text.size() && text[chunk.size()] != '\n')
@@ -273,7 +276,7 @@ std::ostream& operator<<(std::ostream& out, const Layout& layout) {
              << ::testing::PrintToString(layout.text);
 }
 
-TEST(ShortParagraphs, AreWrappedByTheLetter) {
+TEST(ShortParagraphs, MatchTheNaiveReference) {
   std::vector<string> texts = {""};
   for (std::size_t i = 0; i < texts.size() && texts[i].size() < 6; ++i)
     for (const char c : {'a', ' ', '\n'})
@@ -344,7 +347,7 @@ string withoutBlanks(const string& text) {
   return letters;
 }
 
-TEST(RandomParagraphs, AreWrappedByTheLetter) {
+TEST(RandomParagraphs, MatchTheNaiveReference) {
   RandomLayouts layouts;
   for (int i = 0; i != randomRuns; ++i) {
     const Layout layout = layouts.next();

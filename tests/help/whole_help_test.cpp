@@ -54,7 +54,8 @@ void declareAllowedValues(IParser& parser) {
       ->defaultValue("plain");
 }
 
-// Heads of 29, 30 and 31 characters, with a description and without.
+// Heads of 29, 30 and 31 characters, with and without a description: descriptions begin in column
+// 30.
 void declareLongHeads(IParser& parser) {
   const char* const group = "Heads that reach the descriptions:";
   parser.option("head-of-29-characters-------", "Beside its head.", vtNull, group);

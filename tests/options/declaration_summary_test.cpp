@@ -19,7 +19,7 @@ TEST(DeclarationSummary, WithoutOptionsThereIsNothing) {
   EXPECT_EQ(nullptr, summary.timelessDefaults());
 }
 
-TEST(DeclarationSummary, SeesAnActionLastAndBeforeOthers) {
+TEST(DeclarationSummary, SeesAnActionThatIsLastOrBeforeOthers) {
   Options options = {makeOption({"a"}, vtS32)};
   DeclarationSummary summary(options, nullptr);
   EXPECT_FALSE(summary.hasActions());
@@ -50,7 +50,7 @@ TEST(DeclarationSummary, SeesThatTheLastOptionHasBecomePositional) {
   EXPECT_EQ("0", shown(summary.findPositional()));
 }
 
-// "b@0 a@1": names and places of the defaults, in their order.
+// Renders the name and the place of each default, in order: "b@0 a@1 ".
 string defaultsOf(DeclarationSummary& summary) {
   const auto defaults = summary.timelessDefaults();
   if (defaults == nullptr)
@@ -92,8 +92,9 @@ TEST(DeclarationSummary, GivesTheSameDefaultsUntilTheyChange) {
   EXPECT_EQ(nullptr, first->find("l"));
 }
 
-// Two amendments must not look like none.
-TEST(DeclarationSummary, GivesOtherDefaultsWhateverElseWasAmendedWithAName) {
+// The summary compares a count of amendments: a second amendment must not undo the change of the
+// count.
+TEST(DeclarationSummary, GivesNewDefaultsWhenANameIsAddedWithAnyOtherAmendment) {
   using Amendment = IOption* (*)(IOption&);
   const Amendment amendments[] = {[](IOption& option) { return option.allowValue(1); },
                                   [](IOption& option) { return option.allowDeprecatedValue(1, 2); },

@@ -22,7 +22,8 @@ OptionDescription optionWith(const std::vector<string>& names, variant_type_t ty
   return option;
 }
 
-// "level=2@0 l=2@1", each as it is found by its name.
+// Renders name, text and place of each default, "level=2@0 l=2@1", and checks that each is found by
+// its name.
 string listed(const DeclaredDefaults& defaults) {
   string all;
   for (const DeclaredDefaults::Default& one : defaults.all()) {
@@ -57,7 +58,7 @@ TEST(DeclaredDefaults, HaveValueAndTextInTheDeclaredType) {
   EXPECT_STREQ("", defaults.find("name")->text);
 }
 
-TEST(DeclaredDefaults, ATypeWithoutATextLeavesItEmpty) {
+TEST(DeclaredDefaults, HaveAnEmptyTextWhereTheTypeHasNone) {
   DeclaredDefaults defaults;
   defaults.add(optionWith({"flag"}, vtNull, 1));
   EXPECT_STREQ("", defaults.find("flag")->text);
@@ -75,7 +76,7 @@ TEST(DeclaredDefaults, MayBeSetOneByOne) {
   EXPECT_EQ("level=4@9 depth=3@8", listed(defaults));
 }
 
-TEST(DeclaredDefaults, AreTimelessWhereNobodyCanTellWhenTheyBecomeText) {
+TEST(DeclaredDefaults, AreTimelessIfTheTimeOfTheirConversionMakesNoDifference) {
   EXPECT_TRUE(DeclaredDefaults::isTimeless(optionWith({"a"}, vtS32, 1)));
   EXPECT_TRUE(DeclaredDefaults::isTimeless(optionWith({"a"}, vtDouble, 1)));
   EXPECT_TRUE(DeclaredDefaults::isTimeless(optionWith({"a"}, vtString, "text")));
@@ -86,7 +87,7 @@ TEST(DeclaredDefaults, AreTimelessWhereNobodyCanTellWhenTheyBecomeText) {
   EXPECT_FALSE(DeclaredDefaults::isTimeless(optionWith({}, vtS32, 1)));
 }
 
-TEST(DeclaredDefaults, OfANameThatIsSharedTheLastOneCountsAndAllHaveTheirPlace) {
+TEST(DeclaredDefaults, OfASharedNameTheLastCountsAndEachTakesAPlace) {
   DeclaredDefaults defaults;
   defaults.add(optionWith({"a", "x"}, vtS32, 1));
   defaults.add(optionWith({"b", "x"}, vtS32, 2));

@@ -8,7 +8,7 @@
 
 namespace kivo_3_3::testing {
 
-// Keeps the texts of options for which a test has no Garbage of its own.
+// Owns the texts of options in tests that have no Garbage of their own.
 inline Garbage& commonGarbage() {
   static Garbage garbage;
   return garbage;
@@ -25,7 +25,7 @@ inline OptionDescription makeOption(const std::vector<std::string>& names, varia
   return option;
 }
 
-// "[a][b]"
+// Renders texts as "[a][b]".
 template <class Texts>
 std::string listed(const Texts& texts) {
   std::string all;

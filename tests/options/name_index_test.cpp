@@ -60,7 +60,7 @@ TEST(NameIndex, FindsByEveryNameAndNegation) {
   EXPECT_EQ("none", options.find("lev"));
 }
 
-TEST(NameIndex, TheFirstDeclaredOptionCounts) {
+TEST(NameIndex, OfSeveralOptionsTheFirstDeclaredIsFound) {
   Indexed options = {makeOption({"x"}, vtBool), makeOption({"no-x", "y"}, vtS32),
                      makeOption({"y"}, vtBool)};
   EXPECT_EQ("0", options.find("no-x"));
@@ -119,8 +119,8 @@ TEST(NameIndex, TakesNoMemoryForFurtherAbbreviations) {
   EXPECT_FALSE(limit.reached());
 }
 
-// Room is made for a declaration, which may fail before its names are added.
-TEST(NameIndex, CompletesAnAbbreviationAfterRoomWasMadeInVain) {
+// The registry makes room for a declaration, which may fail before its names are added.
+TEST(NameIndex, CompletesAnAbbreviationAfterRoomWasMadeButNotUsed) {
   Indexed options = {makeOption({"level"}, vtS32), makeOption({"color", "color"}, vtBool)};
   EXPECT_EQ("level@0", options.findBest("l"));
   options.makeRoomFor(1'000);
@@ -177,7 +177,7 @@ std::vector<string> allTexts(std::size_t length) {
   return texts;
 }
 
-TEST(NameIndex, AnswersAsAWalkOverTheDeclarationsWhateverIsDeclaredBetween) {
+TEST(NameIndex, AnswersAsAWalkOverTheDeclarationsWhileOptionsAreDeclared) {
   Random random(20240608);
   for (int round = 0; round < 300; ++round) {
     SCOPED_TRACE(round);

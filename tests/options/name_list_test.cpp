@@ -71,7 +71,7 @@ TEST(ValidateName, AnEmptyThirdNamePasses) { EXPECT_EQ(0, validateName({"a", "b"
 
 TEST(IsIntersected, SaysWhetherTwoSetsHaveATagInCommon) {
   const struct {
-    Texts first;  // in order
+    Texts first;  // sorted, like `second`
     Texts second;
     bool intersected;
   } cases[] = {

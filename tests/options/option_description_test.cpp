@@ -11,7 +11,7 @@
 namespace kivo_3_3::testing {
 namespace {
 
-// "a>b c>d", in the map's order.
+// Each deprecated value and its replacement, in the map's order: "a>b c>d".
 std::string deprecations(const OptionDescription& option) {
   std::string all;
   for (const auto& pair : option.m_deprecatedValues)
@@ -47,7 +47,7 @@ TEST(OptionDescription, EveryBuilderOperationReturnsTheDescription) {
   EXPECT_EQ(&option, option.synonym(nullptr));
 }
 
-TEST(OptionDescription, SynonymsAreAddedAsTheyStand) {
+TEST(OptionDescription, SynonymsAreNeitherSplitNorTrimmed) {
   OptionDescription option = makeOption({"level"}, vtS32);
   option.synonym("l")->synonym("a,b")->synonym(" x ")->synonym("l")->synonym("");
   EXPECT_EQ("[level][l][a,b][ x ][l][]", listed(option.m_names));
@@ -82,7 +82,7 @@ TEST(OptionDescription, AllowingAValueKeepsATokenizerThatIsSet) {
   EXPECT_EQ(';', option.m_tokenizer);
 }
 
-TEST(OptionDescription, TokenizingCanBeTurnedOffBehindAllowedValues) {
+TEST(OptionDescription, TokenizingCanBeTurnedOffAfterAllowedValues) {
   OptionDescription option;
   option.allowValue(1)->tokenize('\0');
   EXPECT_EQ('\0', option.m_tokenizer);
@@ -94,7 +94,7 @@ TEST(OptionDescription, TheFirstReplacementOfADeprecatedValueStays) {
   EXPECT_EQ("old>new", deprecations(option));
 }
 
-TEST(OptionDescription, DeprecatedValuesStandInTheOrderOfValues) {
+TEST(OptionDescription, DeprecatedValuesAreSortedByValue) {
   OptionDescription option;
   option.allowDeprecatedValue("b", "x")->allowDeprecatedValue("a", "y");
   option.allowDeprecatedValue("B", "z");
@@ -150,7 +150,7 @@ TEST(OptionDescription, SortsByFirstName) {
           << left << " " << right;
 }
 
-TEST(OptionDescription, SortedDescriptionsStandByFirstName) {
+TEST(OptionDescription, SortedDescriptionsAreInTheOrderOfFirstNames) {
   Garbage garbage;
   std::vector<OptionDescription> options;
   for (const char* name : {"b", "ab", "a", "level"})
@@ -174,7 +174,7 @@ TEST(OptionDescription, WithoutNamesItHasNoFirstName) {
   EXPECT_THROW(makeOption({}, vtS32).firstName(), std::out_of_range);
 }
 
-// Nothing in it is as in a new description.
+// An option of which every member differs from that of a new description.
 OptionDescription makeFullOption(Garbage* garbage) {
   OptionDescription option = makeOption({"level", "l"}, vtString, garbage);
   option.m_status = OptionDescription::rejected;
@@ -248,7 +248,7 @@ TEST(OptionDescription, ADefaultThatWasNeverSetHasNoTextUnderANumericType) {
   EXPECT_EQ("can_get<T>()", assertions.expressions());
 }
 
-TEST(OptionDescription, TextsOfValuesAreKeptInTheGarbageThatIsNamed) {
+TEST(OptionDescription, TextsOfValuesAreKeptInTheGarbageThatIsPassed) {
   Garbage own;
   Garbage other;
   const OptionDescription option = makeOption({"o"}, vtS32, &own);

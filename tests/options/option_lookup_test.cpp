@@ -11,7 +11,7 @@ using Options = std::vector<OptionDescription>;
 
 constexpr unsigned int untouched = 4711;
 
-// The index that is found, or "untouched".
+// The index that findOption() stores, or `untouched` if it stores none.
 template <class Wanted>
 unsigned int lookedUp(const Wanted& wanted, const Options& options) {
   unsigned int index = untouched;
@@ -53,7 +53,7 @@ TEST(FindOption, OnlyABooleanHasTheNegationsOfItsNames) {
   EXPECT_EQ(untouched, lookedUp("no-color", {makeOption({"color"}, vtS32)}));
 }
 
-TEST(FindOption, TheFirstDeclaredOptionCounts) {
+TEST(FindOption, OfSeveralOptionsTheFirstDeclaredIsFound) {
   const Options options = {makeOption({"a"}, vtS32), makeOption({"color"}, vtBool),
                            makeOption({"no-color", "a"}, vtS32)};
   EXPECT_EQ(0u, lookedUp("a", options));

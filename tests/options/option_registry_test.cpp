@@ -16,7 +16,7 @@ class Registry : public ::testing::Test {
   Registry() { internal::kivoLogEnabled = false; }
   ~Registry() override { internal::kivoLogEnabled = false; }
 
-  // Declares and says whether it was accepted; holds the answer against the statuses.
+  // Declares an option and returns whether it was accepted. Checks the answer against the statuses.
   bool declared(const char* names, variant_type_t type = vtS32, const char* group = nullptr) {
     const std::size_t before = storage.options().size();
     const IOption* answer = storage.option(names, nullptr, "", false, type, group);
@@ -40,7 +40,7 @@ class Registry : public ::testing::Test {
     return console.out();
   }
 
-  // "key=title key=title"
+  // All groups in order: "key=title key=title".
   std::string groups() {
     std::string all;
     for (const auto& group : storage.groups())
@@ -156,7 +156,7 @@ TEST_F(Registry, ABooleanMayBeDeclaredAfterItsNegation) {
   EXPECT_TRUE(declared("color", vtBool));
 }
 
-TEST_F(Registry, OneDeclarationMayNameItselfTwice) {
+TEST_F(Registry, OneDeclarationMayRepeatAName) {
   EXPECT_TRUE(declared("a,a"));
   EXPECT_EQ("[a][a]", listed(last().m_names));
 }
@@ -215,7 +215,7 @@ TEST_F(Registry, BuilderCallsOnARejectedDeclarationReachOnlyTheFallback) {
   EXPECT_TRUE(declared("x"));
 }
 
-TEST_F(Registry, EveryDeclarationMarksTheFallbackAnew) {
+TEST_F(Registry, EveryDeclarationSetsTheStatusOfTheFallback) {
   declared("a");
   EXPECT_EQ(3u, storage.fallback().m_status);
   declared("a");
@@ -260,7 +260,7 @@ TEST_F(Registry, AGroupFirstUsedWithoutTitleStaysWithout) {
   EXPECT_EQ("", last().m_groupTitle);
 }
 
-TEST_F(Registry, GroupsStandInOrderOfFirstUse) {
+TEST_F(Registry, GroupsAreInTheOrderOfFirstUse) {
   declared("a", vtS32, "z:Last");
   declared("b", vtS32, "Main");
   declared("c", vtS32, "a:First");

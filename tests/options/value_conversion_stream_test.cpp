@@ -1,5 +1,5 @@
-// The conversions against the standard streams, which say what numbers look like: one
-// reference each way, and many texts and values under several global locales.
+// Compares the conversions with the standard streams, which define how numbers are written: many
+// texts are read and many values written, under several global locales.
 
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ namespace {
 
 using std::string;
 
-// The kind and the value to the last bit.
+// The type tag and the exact value, a double to its last bit.
 string exactly(const variant_t& value) {
   std::ostringstream out;
   out.imbue(std::locale::classic());
@@ -56,7 +56,7 @@ void expectBoundsWrittenAsByStream() {
   expectWrittenAsByStream(std::numeric_limits<T>::max());
 }
 
-// Runs a check under the classic locale and under others.
+// Runs `check` under the classic locale and under two others.
 template <class Check>
 void underEveryLocale(Check check) {
   const struct {
@@ -78,7 +78,7 @@ std::size_t below(std::size_t end, Random& random) {
   return std::uniform_int_distribution<std::size_t>(0, end - 1)(random);
 }
 
-// A few pieces in a row, of which numbers and what is nearly a number are made.
+// One to five random pieces in a row: sometimes a number, often nearly one.
 string randomText(Random& random) {
   static const char* const pieces[] = {
       "0", "00",   "1",   "7",  "9",   "12",  "42",         "123",        "255",
@@ -99,7 +99,8 @@ string randomDigits(std::size_t count, Random& random) {
   return digits;
 }
 
-// A number in order, of any length.
+// A random decimal number of up to 22 digits, sometimes with a sign, a fraction, an exponent or a
+// blank after it.
 string randomNumber(Random& random) {
   string text = below(4, random) == 0 ? "-" : "";
   text += randomDigits(1 + below(22, random), random);
@@ -122,7 +123,7 @@ double randomDouble(Random& random) {
   return value;
 }
 
-// The pieces of a text that bars separate.
+// Splits a text at its bars (|).
 std::vector<string> piecesOf(const char* joined) {
   std::vector<string> pieces;
   std::istringstream stream(joined);

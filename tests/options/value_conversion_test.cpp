@@ -87,20 +87,20 @@ TEST(TextToValue, ABoolIsTheNumeralZeroOrOne) {
   expectValues(vtBool, cases);
 }
 
-TEST(TextToValue, AnIntegerMayHaveASignAndStandBetweenWhiteSpace) {
+TEST(TextToValue, AnIntegerMayHaveASignAndWhiteSpaceAroundIt) {
   const Conversion cases[] = {
       {"42", 42},
       {" 42 ", 42},
       {"12 ", 12},
       {"-7", -7},
       {"+7", 7},
-      {"010", 10},  // decimal all the same
+      {"010", 10},  // decimal, not octal
       {"\v\f\r\n\t5\t\n", 5},
   };
   expectValues(vtS32, cases);
 }
 
-TEST(TextToValue, WhatIsNotAllOneIntegerDoesNotConvert) {
+TEST(TextToValue, ATextThatIsNotWhollyOneIntegerDoesNotConvert) {
   const char* const texts[] = {"12x", "3.5", "5.", "0x10", "1e3", "1,000", "1 2", "",
                                " ",   "-",   "+",  "+-1",  "- 1", "x",     "x1"};
   for (const char* text : texts)
@@ -157,7 +157,7 @@ TEST(TextToValue, ADoubleIsTheWholeText) {
   EXPECT_TRUE(std::signbit(textToValue(vtDouble, "-0").get<double>()));
 }
 
-TEST(TextToValue, AStringIsTheTextAsItStands) {
+TEST(TextToValue, AStringIsTheUnchangedText) {
   for (const char* text : {"", "abc", " abc ", "a,b", "0x10", "\xE2\x80\x93"}) {
     const variant_t value = textToValue(vtString, text);
     EXPECT_EQ(vtString, value.type());
@@ -184,7 +184,7 @@ TEST(TextToValue, AnUnsigned64BitNumberIsDecimalWhereOneCharacterIsNoHexadecimal
   expectValues(vtU64, cases);
 }
 
-TEST(TextToValue, BehindAnUnsigned64BitNumberNothingIsLookedAt) {
+TEST(TextToValue, TextAfterAnUnsigned64BitNumberIsIgnored) {
   const Conversion cases[] = {
       {"12abc", 12ull}, {"12 x", 12ull}, {"3.5", 3ull}, {"7,8", 7ull}, {"abc", fails}, {" 5", 5ull},
   };
@@ -252,7 +252,7 @@ TEST(ValueToText, ADoubleShowsSixSignificantDigits) {
     EXPECT_EQ(c.text, textOf(vtDouble, c.value));
 }
 
-TEST(ValueToText, AStringIsKeptAsItStands) {
+TEST(ValueToText, AStringIsKeptUnchanged) {
   Garbage garbage;
   EXPECT_EQ(garbage.init(" a b "), valueToText(vtString, " a b ", garbage));
   EXPECT_EQ(garbage.init("r"), valueToText(vtString, variant_t("r", true), garbage));

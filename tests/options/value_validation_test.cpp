@@ -6,7 +6,7 @@
 namespace kivo_3_3::testing {
 namespace {
 
-// One option, and what came out of its last check.
+// One option and the outcome of its last check.
 class Validation : public ::testing::Test {
  protected:
   OptionDescription& option(variant_type_t type) {
@@ -38,7 +38,8 @@ class Validation : public ::testing::Test {
     return passed;
   }
 
-  // The text an accepted value has in the end, or "!" and the reason for a refusal.
+  // The text of an accepted value, with abbreviations completed, or "!" and the reason for a
+  // refusal.
   std::string outcome(const std::string& given) {
     if (check(given)) {
       EXPECT_EQ("untouched", error);
@@ -55,7 +56,7 @@ class Validation : public ::testing::Test {
   std::string warning;
 
  private:
-  std::string m_given;  // accepted texts refer to it
+  std::string m_given;  // accepted values may refer to this text
   Garbage m_garbage;
   OptionDescription m_option;
 };
@@ -148,7 +149,7 @@ TEST_F(Validation, CaseMatters) {
       outcome("Fast"));
 }
 
-TEST_F(Validation, NoPartOfAnAllowedValueButItsBeginningIsAnAbbreviation) {
+TEST_F(Validation, OnlyTheBeginningOfAnAllowedValueIsAnAbbreviation) {
   speed();
   for (const char* given : {"low", "slower", " slow", "slow ", "s low"})
     EXPECT_EQ("!Option 'level' does not allow value '" + std::string(given) +
@@ -266,7 +267,7 @@ TEST_F(Validation, DeprecatedValuesAreNotListed) {
   EXPECT_EQ("!Ambiguous value for option 'level'. Possible values follows: 'new'", outcome(""));
 }
 
-TEST_F(Validation, DeprecatedValuesMakeAnAbbreviationAmbiguousBehindTheAllowedOnes) {
+TEST_F(Validation, DeprecatedValuesAreComparedAfterTheAllowedOnesAndMakeAnAbbreviationAmbiguous) {
   option(vtString).allowValue("slow")->allowDeprecatedValue("sleepy", "slow");
   EXPECT_EQ("!Ambiguous value for option 'level'. Possible values follows: 'slow'", outcome("sl"));
   EXPECT_STREQ("sleepy", value.get<const char*>());
@@ -306,7 +307,7 @@ TEST_F(Validation, ACandidateThatIsNoTextReadsAsTheEmptyOne) {
   EXPECT_EQ("!Option 'level' does not allow value '7'. Possible values follows: 'a'", outcome("7"));
 }
 
-TEST_F(Validation, TheFirstNameStandsInEveryMessage) {
+TEST_F(Validation, EveryMessageNamesTheOptionByItsFirstName) {
   option(vtS32).synonym("zz");
   EXPECT_EQ("!Option 'level' can not parse '' value, requires a type 'integer' here.", outcome(""));
 }

@@ -65,7 +65,7 @@ TEST_F(Actions, OfTwoOverlappingGroupsDoNot) {
             command.parsed({"--a", "--c"}));
 }
 
-TEST_F(Actions, AnyGroupWillDo) {
+TEST_F(Actions, OfAnyGroupGoTogether) {
   allow({});
   allow({"b", "x"});
   allow({"a", "b", "c", "unknown"});
@@ -93,7 +93,8 @@ TEST_F(Actions, GroupsAreCaseSensitive) {
   EXPECT_EQ(2, command.parse({"--a", "--b"}));
 }
 
-// The entries of a result are visited under all names: "l" of the list comes before "run".
+// The options of a result are visited by all their names, sorted: "l", a name of "status", comes
+// before "run".
 TEST_F(Actions, FirstActionIsTheOneWithTheFirstOfAllNames) {
   Command other;
   other.action("run,x");
@@ -132,7 +133,7 @@ TEST(NoAction, DefaultCountsAsAnOption) {
   Command command;
   command.action("run");
   command.option("level", vtS32)->defaultValue(3);
-  EXPECT_EQ("level(3)@+1", command.parsed({}));  // no arguments: the rules are not looked at
+  EXPECT_EQ("level(3)@+1", command.parsed({}));  // no arguments: the rules are not applied
   EXPECT_EQ("2: No action defined.", command.parsed({"--"}));
 }
 
@@ -167,7 +168,7 @@ TEST_F(Modifiers, PlainOptionGoesWithEveryAction) {
   EXPECT_EQ("list@+1 level=3@+2", command.parsed({"--list", "--level=3"}));
 }
 
-TEST_F(Modifiers, TaggedOptionIsOneToo) {
+TEST_F(Modifiers, TaggedOptionIsAModifierToo) {
   command.option("depth", vtS32)->tag("run");
   EXPECT_EQ("2: Action '-list' doesn't accept option '-depth'",
             command.parsed({"--list", "--depth=1"}));
@@ -192,7 +193,7 @@ TEST_F(Modifiers, PresentOnlyThroughTheirDefaultAreExcused) {
             command.parsed({"--list", "--depth=3"}));
 }
 
-TEST_F(Modifiers, AreHeldAgainstTheFirstActionAlone) {
+TEST_F(Modifiers, AreCheckedAgainstTheFirstActionAlone) {
   command.parser().allowSimultaneousActions({"run", "list"});
   EXPECT_EQ("run@+1 list@+2 long@+3", command.parsed({"--run", "--list", "--long"}));
   EXPECT_EQ("2: Action '-list' doesn't accept option '-fast'",
@@ -205,7 +206,7 @@ TEST_F(Modifiers, FirstUnsuitableOneByNameIsReported) {
             command.parsed({"--list", "--fast", "--also"}));
 }
 
-// Without a parser.
+// ActionRules without a parser.
 class Groups : public ::testing::Test {
  protected:
   bool allowed(const Names& used) {
@@ -222,7 +223,7 @@ TEST_F(Groups, NoneAllowsNothing) {
   EXPECT_FALSE(allowed({}));
 }
 
-TEST_F(Groups, OneMustHoldAllThatIsUsed) {
+TEST_F(Groups, OneMustContainAllActionsThatAreUsed) {
   groups = {{"b", "d", "f"}, {"c"}};
   const struct {
     Names used;
@@ -239,7 +240,7 @@ TEST_F(Groups, OneMustHoldAllThatIsUsed) {
   }
 }
 
-TEST_F(Groups, EmptyOneHoldsOnlyNothing) {
+TEST_F(Groups, EmptyOneAllowsOnlyNoAction) {
   groups = {{}};
   EXPECT_TRUE(allowed({}));
   EXPECT_FALSE(allowed({"a"}));

@@ -34,7 +34,7 @@ TEST(CreateParser, StoresAParserAndReturnsZero) {
   parser->destroy();
 }
 
-TEST(CreateParser, HasNowhereToStoreIt) { EXPECT_EQ(3, createParser(nullptr, 0)); }
+TEST(CreateParser, FailsWithoutAPlaceToStoreIt) { EXPECT_EQ(3, createParser(nullptr, 0)); }
 
 TEST(CreateResult, StoresAnEmptyResultAndReturnsZero) {
   Command command;
@@ -45,7 +45,7 @@ TEST(CreateResult, StoresAnEmptyResultAndReturnsZero) {
   result->destroy();
 }
 
-TEST(CreateResult, HasNowhereToStoreIt) {
+TEST(CreateResult, FailsWithoutAPlaceToStoreIt) {
   Command command;
   EXPECT_EQ(3, command.parser().createResult(nullptr));
 }
@@ -56,7 +56,7 @@ template <class Argument>
 constexpr bool describes<Argument, std::void_t<decltype(std::declval<IParser&>().getDescription(
                                        std::declval<Argument>()))>> = true;
 
-// A topic would turn into `hidden`.
+// The pointer to a topic would convert to the bool `hidden`, so such a call must not compile.
 TEST(GetDescription, OfALoneTopicDoesNotCompile) {
   EXPECT_FALSE(describes<const char*>);
   EXPECT_FALSE(describes<char*>);
@@ -82,7 +82,7 @@ TEST(Status, HasItsNumbers) {
   EXPECT_EQ(6, status::optionFileUnreadable);
 }
 
-TEST(ParserFlags, OptionsSplitTheirValuesUnlessToldOtherwise) {
+TEST(ParserFlags, OptionsSplitTheirValuesByDefault) {
   Command splitting;
   splitting.option("level", vtString);
   splitting.parse({"--level=a,b"});
@@ -112,7 +112,7 @@ TEST(IsOptionDeclared, FindsByAnyNameExactly) {
       {"level", true},        {"depth", true}, {"l", true},
       {"added", true},        {"lev", false},  {"Level", false},
       {"level,depth", false}, {"", false},     {"verbose", true},
-      {"no-verbose", false},  // a form of a name, not a name
+      {"no-verbose", false},  // a negation, not a name
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
@@ -121,7 +121,7 @@ TEST(IsOptionDeclared, FindsByAnyNameExactly) {
   }
 }
 
-TEST(IsOptionDeclared, NullNameIsNot) {
+TEST(IsOptionDeclared, NullNameIsNotDeclared) {
   Command command;
   command.option("level", vtS32);
   EXPECT_FALSE(command.parser().isOptionDeclared(nullptr, false, nullptr));
@@ -189,7 +189,7 @@ TEST(Declaring, NullTextsCountAsEmptyOrNone) {
   EXPECT_EQ("", command.parsed({"x"}));
 }
 
-// Neither the rules for actions nor those for deprecated values apply.
+// The options declare no action and no deprecated value, so the rules for these do not apply.
 TEST(Parsing, OfAFewAllowedValuesTakesNoMemoryFromTheHeap) {
   Command command;
   command.option("tone", vtString)->allowValue("soft")->allowValue("loud");
@@ -216,7 +216,7 @@ TEST(ErrorText, IsEmptyAtTheStartAndNotClearedBySuccess) {
   EXPECT_STREQ("Unknown option: x", command.error());
 }
 
-TEST(ErrorText, StaysValidBesideLaterOnes) {
+TEST(ErrorText, StaysValidAfterLaterOnes) {
   Command command(parserFlags::unknownArgumentIsError);
   command.parse({"x"});
   const char* first = command.error();
@@ -239,7 +239,7 @@ TEST(EventHandlerDefaults, AcceptEverything) {
   EXPECT_TRUE(handler.onUknownArgument("x"));
 }
 
-// Three handlers, told apart in a common account of the events.
+// Three handlers that append their events to one text, each with its number.
 class Handlers : public ::testing::Test {
  protected:
   Handlers() {
@@ -250,7 +250,7 @@ class Handlers : public ::testing::Test {
         handler.events.clear();
       };
     }
-    for (int i : {2, 0, 1})  // whatever the order in which they are added
+    for (int i : {2, 0, 1})  // not in the order of their addresses
       parser.addHandler(&handlers[i]);
   }
 
@@ -259,18 +259,18 @@ class Handlers : public ::testing::Test {
   string told;
 };
 
-TEST_F(Handlers, AreToldInTheOrderOfTheirAddresses) {
+TEST_F(Handlers, AreNotifiedInTheOrderOfTheirAddresses) {
   EXPECT_TRUE(parser.onOptionParse("level"));
   EXPECT_EQ("0 option level; 1 option level; 2 option level; ", told);
 }
 
-TEST_F(Handlers, AddedTwiceAreToldOnce) {
+TEST_F(Handlers, AddedTwiceAreNotifiedOnce) {
   parser.addHandler(&handlers[1]);
   parser.onOptionParse("a");
   EXPECT_EQ("0 option a; 1 option a; 2 option a; ", told);
 }
 
-TEST_F(Handlers, RemovedAreToldNothingAndUnknownOnesAreIgnored) {
+TEST_F(Handlers, RemovedAreNotNotifiedAndUnknownOnesAreIgnored) {
   RecordingHandler stranger;
   parser.removeHandler(&handlers[1]);
   parser.removeHandler(&handlers[1]);
@@ -294,7 +294,7 @@ TEST_F(Handlers, AnswersToOptionsMakeNoDifference) {
   EXPECT_EQ("0 option a; 1 option a; 2 option a; ", told);
 }
 
-TEST_F(Handlers, FirstRefusalOfAValueEndsTheAsking) {
+TEST_F(Handlers, FirstRefusalOfAValueEndsTheNotification) {
   handlers[1].refusedValues = {"3"};
   EXPECT_FALSE(parser.onValueParse("level", Value("3", 3, 1)));
   EXPECT_EQ("0 value level=3; 1 value level=3; ", told);
@@ -305,13 +305,13 @@ TEST_F(Handlers, ValueIsAcceptedByAll) {
   EXPECT_EQ("0 value level=3; 1 value level=3; 2 value level=3; ", told);
 }
 
-TEST_F(Handlers, EverybodyIsAskedAboutAnUnknownArgument) {
+TEST_F(Handlers, AllAreNotifiedOfAnUnknownArgument) {
   handlers[0].acceptsUnknown = false;
   EXPECT_FALSE(parser.onUknownArgument("x"));
   EXPECT_EQ("0 unknown x; 1 unknown x; 2 unknown x; ", told);
 }
 
-TEST_F(Handlers, UnknownArgumentIsAcceptedByAllOrNot) {
+TEST_F(Handlers, UnknownArgumentIsAcceptedOnlyIfAllAcceptIt) {
   EXPECT_TRUE(parser.onUknownArgument("x"));
   handlers[2].acceptsUnknown = false;
   EXPECT_FALSE(parser.onUknownArgument("x"));
@@ -344,7 +344,7 @@ TEST_F(Handlers, MayRemoveThemselvesAndEachOther) {
   EXPECT_EQ("0; 2 option a; 2 option b; ", told);
 }
 
-TEST_F(Handlers, MayEndEachOther) {
+TEST_F(Handlers, MayDestroyEachOther) {
   auto first = std::make_unique<RecordingHandler>();
   auto second = std::make_unique<RecordingHandler>();
   if (std::less<>()(second.get(), first.get()))
@@ -382,7 +382,7 @@ TEST_F(Handlers, LastOneMayRemoveItself) {
   EXPECT_EQ("0 value a=3; 1 value a=3; 0 unknown x; 1 unknown x; ", told);
 }
 
-// Keeps what it was handed, to look at it when the parse is over.
+// Stores the texts and the value that it is notified of, for checks after the parse.
 class Keeper final : public TestHandler {
  public:
   bool onOptionParse(const char* name) override {
@@ -403,7 +403,7 @@ class Keeper final : public TestHandler {
   const char* option = nullptr;
   const char* valueName = nullptr;
   Value value;
-  string valueText;  // of a value, which has its text for the time of the event
+  string valueText;  // a copy: the text of a value is valid only during the event
   const char* unknown = nullptr;
 };
 
@@ -433,13 +433,13 @@ TEST(HandlerTexts, TypedValuesOutliveTheParserAndTheResult) {
   EXPECT_STREQ("high and much longer than a short string", keeper.value.value.get<const char*>());
 }
 
-TEST(HandlerTexts, AreTheKeptOnes) {
+TEST(HandlerTexts, HaveOneAddressWhereEqual) {
   BasicParser parser(0);
   Keeper first;
   parser.addHandler(&first);
   parser.onOptionParse(string("level").c_str());
   parser.onUknownArgument(string("level").c_str());
-  EXPECT_EQ(first.option, first.unknown);  // equal texts are kept once
+  EXPECT_EQ(first.option, first.unknown);  // equal texts have one address
 }
 
 }  // namespace

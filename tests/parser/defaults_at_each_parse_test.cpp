@@ -1,4 +1,4 @@
-// A default becomes text at every parse, in the locale of that moment.
+// Every parse converts a default to text in the global locale of that time.
 
 #include <gtest/gtest.h>
 
@@ -39,7 +39,7 @@ TEST(DefaultText, FollowsTheLocaleOfTheParse) {
   EXPECT_EQ("1234567", text());
 }
 
-TEST(DefaultText, IsThatOfItsOwnParseInAResultOfTwo) {
+TEST(DefaultText, IsThatOfTheLatestParseIntoTheResult) {
   Command command;
   command.option("n", vtDouble)->defaultValue(1.5);
   command.option("m", vtS32);
@@ -51,7 +51,7 @@ TEST(DefaultText, IsThatOfItsOwnParseInAResultOfTwo) {
   EXPECT_STREQ("1,5", resultOf(command).get("n").text);
 }
 
-TEST(DefaultText, OfAReferenceIsWhatTheToolHasWrittenThere) {
+TEST(DefaultText, OfAReferenceIsTheTextThatItRefersToAtTheParse) {
   char buffer[] = "old";
   Command command;
   command.option("n", vtString)->defaultValue(variant_t(buffer, true));
@@ -74,7 +74,7 @@ TEST(DefaultText, ThatAnOptionCannotReadIsReportedAtEachParseForEachName) {
 
 void throwError(const char*, const char*, int) { throw std::runtime_error("from a handler"); }
 
-// Has assertions thrown while it lives.
+// Makes failed assertions throw until this object is destroyed.
 class ThrowingAssertions {
  public:
   ThrowingAssertions() : m_previous(BEDROCK::set_assertion_handler(throwError)) {}
@@ -86,7 +86,7 @@ class ThrowingAssertions {
   BEDROCK::assertion_handler_t m_previous;
 };
 
-TEST(DefaultText, ThatRaisesEndsTheParseBehindTheDefaultsBeforeIt) {
+TEST(DefaultText, ThatRaisesEndsTheParseAfterTheDefaultsBeforeIt) {
   Command command;
   command.option("a,b", vtS32)->defaultValue(1);
   command.option("bad", vtS32)->defaultValue("no number");
@@ -98,11 +98,12 @@ TEST(DefaultText, ThatRaisesEndsTheParseBehindTheDefaultsBeforeIt) {
   EXPECT_STREQ("1", resultOf(command).get("b").text);
   EXPECT_FALSE(resultOf(command).present("bad"));
   EXPECT_FALSE(resultOf(command).present("c"));
-  // The name is known from before its conversion on, though it has nothing to show.
+  // The name is stored before its default is converted, so the name is known although the
+  // conversion failed.
   EXPECT_EQ(0, command.result().options().findDefault("bad")->position);
 }
 
-TEST(DefaultText, OfAnOptionWithoutNamesEndsTheParseBehindTheDefaultsBeforeIt) {
+TEST(DefaultText, OfAnOptionWithoutNamesEndsTheParseAfterTheDefaultsBeforeIt) {
   Command command;
   command.option("a", vtS32)->defaultValue(1);
   command.option("", vtS32)->defaultValue(1);

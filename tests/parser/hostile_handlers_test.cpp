@@ -1,5 +1,5 @@
-// Handlers that throw, declare, change who is told, and read what is being filled, at
-// every event of a parse.
+// Handlers that throw, declare options, add and remove handlers, or read the result being filled,
+// at every event of a parse.
 
 #include <memory>
 #include <new>
@@ -62,7 +62,7 @@ TEST_P(HostileHandler, OtherExceptionLeavesTheParseOperation) {
   });
 }
 
-TEST_P(HostileHandler, ThatThrowsIsTheLastToBeTold) {
+TEST_P(HostileHandler, ThatThrowsIsTheLastToBeNotified) {
   atEveryEvent([](HostileScene& scene, int event) {
     scene.parser().addHandler(&scene.handlers[0]);
     scene.parser().addHandler(&scene.handlers[2]);
@@ -89,7 +89,7 @@ TEST_P(HostileHandler, MayDeclareHundredsOfOptions) {
     scene.at(event, [&] { declareHundreds(scene.parser()); });
     EXPECT_EQ(HostileScene::undisturbed(), scene.parse());
     const char* name = "one-of-many-declared-in-a-handler-299";
-    EXPECT_FALSE(scene.result().present(name));  // no default in this parse
+    EXPECT_FALSE(scene.result().present(name));  // its default is not applied in this parse
     EXPECT_EQ(0, scene.command.parse({"--level=3", "--no-mone-of-many-declared-in-a-handler-7"}));
     EXPECT_STREQ("fast", scene.result().get(name).text);
     EXPECT_STREQ("0", scene.result().get("sone-of-many-declared-in-a-handler-7").text);
@@ -135,7 +135,7 @@ TEST_P(HostileHandler, DeclaredActionCountsAtOnce) {
   });
 }
 
-TEST(DeclaringHandler, NameBeingMatchedStandsForTheOldOptionOnceMore) {
+TEST(DeclaringHandler, NameBeingMatchedMeansTheOldOptionOnceMore) {
   Command command;
   RecordingHandler handler;
   handler.alsoDo = [&] { command.option("lev", vtString); };
@@ -145,7 +145,7 @@ TEST(DeclaringHandler, NameBeingMatchedStandsForTheOldOptionOnceMore) {
   EXPECT_EQ("option level; value level=1; value level=2; option lev; value lev=x", handler.events);
 }
 
-TEST(DeclaringHandler, TakenNameIsRejectedAsEver) {
+TEST(DeclaringHandler, TakenNameIsStillRejected) {
   Command command;
   RecordingHandler handler;
   handler.alsoDo = [&] {
@@ -157,7 +157,7 @@ TEST(DeclaringHandler, TakenNameIsRejectedAsEver) {
   EXPECT_EQ("option level; value level=1; value level=2; unknown --depth", handler.events);
 }
 
-TEST(DeclaringHandler, OptionBeingBoundIsTheOneAheadOfItsFirstEvent) {
+TEST(DeclaringHandler, OptionBeingBoundStaysAsItWasBeforeItsFirstEvent) {
   Command command;
   RecordingHandler handler;
   IOption* const level = command.option("level", vtString);
@@ -175,7 +175,7 @@ TEST(DeclaringHandler, OptionBeingBoundIsTheOneAheadOfItsFirstEvent) {
   EXPECT_EQ("level=fine@+1", command.parsed({"-l=fi"}));
 }
 
-TEST(DeclaringHandler, PositionalOptionBeingBoundIsTheOneAheadOfItsFirstEvent) {
+TEST(DeclaringHandler, PositionalOptionBeingBoundStaysAsItWasBeforeItsFirstEvent) {
   Command command;
   RecordingHandler handler;
   IOption* const files = command.option("files", vtString)->positional();
@@ -186,7 +186,7 @@ TEST(DeclaringHandler, PositionalOptionBeingBoundIsTheOneAheadOfItsFirstEvent) {
   EXPECT_STREQ("c,d", result.get("f").text);
 }
 
-TEST(DeclaringHandler, ValueBeingSplitIsSplitToTheEndAsItWasBegun) {
+TEST(DeclaringHandler, ValueBeingSplitKeepsItsSeparator) {
   Command command;
   RecordingHandler handler;
   IOption* level = command.option("level", vtString);
@@ -263,7 +263,7 @@ TEST_P(HostileHandler, MayRemoveAndAddAgain) {
   });
 }
 
-TEST_P(HostileHandler, AddedOneIsToldOfThisEventWhereItComesLater) {
+TEST_P(HostileHandler, AddedHandlerIsNotifiedOfTheCurrentEventIfItsAddressIsHigher) {
   atEveryEvent([](HostileScene& scene, int event) {
     scene.at(event, [&] {
       scene.parser().addHandler(&scene.handlers[0]);
@@ -275,7 +275,7 @@ TEST_P(HostileHandler, AddedOneIsToldOfThisEventWhereItComesLater) {
   });
 }
 
-TEST_P(HostileHandler, MayAddACrowd) {
+TEST_P(HostileHandler, MayAddHundredsOfHandlers) {
   atEveryEvent([](HostileScene& scene, int event) {
     std::vector<RecordingHandler> crowd(300);
     scene.at(event, [&] {
@@ -290,7 +290,7 @@ TEST_P(HostileHandler, MayAddACrowd) {
   });
 }
 
-// Takes itself out at its first event, and ends.
+// Removes and destroys itself at its first event.
 class Mayfly final : public TestHandler {
  public:
   explicit Mayfly(IParser& parser) : m_parser(parser) {}
@@ -308,7 +308,7 @@ class Mayfly final : public TestHandler {
   IParser& m_parser;
 };
 
-TEST_P(HostileHandler, MayEndItself) {
+TEST_P(HostileHandler, MayDestroyItself) {
   atEveryEvent([](HostileScene& scene, int event) {
     scene.at(event, [&] {
       for (int i = 0; i < 10; ++i)
@@ -319,7 +319,7 @@ TEST_P(HostileHandler, MayEndItself) {
   });
 }
 
-TEST_P(HostileHandler, MayEndAnotherItHasRemoved) {
+TEST_P(HostileHandler, MayDestroyAnotherThatItHasRemoved) {
   atEveryEvent([](HostileScene& scene, int event) {
     std::vector<std::unique_ptr<RecordingHandler>> others;
     for (int i = 0; i < 20; ++i) {
@@ -336,7 +336,7 @@ TEST_P(HostileHandler, MayEndAnotherItHasRemoved) {
   });
 }
 
-TEST_P(HostileHandler, ReadsWhatIsStoredUntilThen) {
+TEST_P(HostileHandler, ReadsWhatIsStoredSoFar) {
   atEveryEvent([](HostileScene& scene, int event) {
     string seen = "not asked";
     scene.at(event, [&] { seen = scene.stored(); });

@@ -1,5 +1,5 @@
-// Handlers that start other parses, that are parsers themselves, or that upset what lies
-// around a parse: results, parsers, the locale, the console.
+// Handlers that start other parses, or that change the surroundings of a parse: results, parsers,
+// help, the locale, the console, the caller's arguments.
 
 #include <iostream>
 #include <locale>
@@ -29,8 +29,7 @@ INSTANTIATE_TEST_SUITE_P(Roads, HostileParse,
                          ::testing::Values(Road::commandLine, Road::stream, Road::optionFile),
                          testing::roadName);
 
-// Puts `more` among the events that parse() is to answer with, ahead of the one after
-// `event`.
+// Inserts `more` into the events that parse() must return, right after `event`.
 string withMore(string expected, int event, const string& more) {
   std::size_t place = expected.find('[');
   for (int i = 0; i < event && place != string::npos; ++i)
@@ -87,7 +86,7 @@ TEST_P(HostileParse, MayAddToTheResultBeingFilled) {
   });
 }
 
-TEST_P(HostileParse, MayFailWithoutTheOuterOne) {
+TEST_P(HostileParse, MayFailWhileTheOuterOneSucceeds) {
   const string reason =
       "Value validation problem in argument '--level=z': Option 'level' can not parse 'z' value, "
       "requires a type 'integer' here.";
@@ -97,7 +96,7 @@ TEST_P(HostileParse, MayFailWithoutTheOuterOne) {
       EXPECT_EQ(reason, scene.command.error());
     });
     EXPECT_EQ(withMore(HostileScene::undisturbed(), event, "option level"), scene.parse());
-    EXPECT_EQ(reason, scene.command.error());  // as success does not clear it
+    EXPECT_EQ(reason, scene.command.error());  // success does not clear the error text
     EXPECT_EQ(HostileScene::undisturbed(), scene.parseUndisturbed());
   });
 }
@@ -118,7 +117,7 @@ TEST(HostileParses, OuterFailureTellsItsOwnReason) {
   EXPECT_EQ(2, inner);
 }
 
-// A handler that takes "@x" for a reference to further arguments.
+// A handler that treats the argument "@x" as a reference: it parses the arguments in `referred`.
 class References : public ::testing::Test {
  protected:
   References() : command(parserFlags::unknownArgumentIsError) {
@@ -189,7 +188,7 @@ TEST_F(References, LeaveTheRulesForActionsToTheOuterParse) {
   EXPECT_EQ("00", statuses);
 }
 
-TEST_F(References, ArePartOfTheParseHoweverDeepInside) {
+TEST_F(References, ArePartOfTheParseThroughAnotherParserToo) {
   Command other;
   RecordingHandler inner;
   string outcome = "not parsed";
@@ -217,7 +216,7 @@ TEST_F(References, InAnotherResultAreAParseOfTheirOwn) {
   EXPECT_STREQ("1", mine->get("level").text);
   command.action("run");
   handler.events.clear();
-  EXPECT_EQ("run@+9", command.parsed({"@x", "--run"}));  // the file is named twice by now
+  EXPECT_EQ("run@+9", command.parsed({"@x", "--run"}));  // `mine` now names the option file twice
   EXPECT_EQ("2", statuses);
   EXPECT_STREQ("No action defined.", command.error());
 }
@@ -229,7 +228,7 @@ TEST_F(References, OfAnotherParserAreAParseOfTheirOwn) {
     if (handler.events == "option level; value level=1; unknown @x")
       statuses = std::to_string(other.parser().parseStream("--width=2", &command.result()));
   };
-  EXPECT_EQ(1, command.parse({"--level=1", "@x"}));  // neither knows the other's options
+  EXPECT_EQ(1, command.parse({"--level=1", "@x"}));  // neither parser knows the other's options
   EXPECT_EQ("1", statuses);
   EXPECT_STREQ("2", command.result().get("width", 0, lastPosition).text);
 }
@@ -240,7 +239,7 @@ TEST_F(References, MayUseDefaults) {
   EXPECT_EQ("level=1@+3 height(4)@+5", command.parsed({"--level=1"}));
 }
 
-TEST(HostileParses, DecideOnTheTraceOfWhatFollows) {
+TEST(HostileParses, SwitchTheTraceForTheRestOfTheOuterParse) {
   const testing::ConsoleCapture console;
   Command command;
   RecordingHandler handler;
@@ -253,7 +252,7 @@ TEST(HostileParses, DecideOnTheTraceOfWhatFollows) {
       console.out());
 }
 
-// The files are found by the very cursor that handlers read with.
+// The parse finds the option files with the same cursor that handlers read with.
 TEST(HostileParses, ReadingOptionFilesMovesTheCursor) {
   const testing::TemporaryFolder folder;
   const string file = "--option-file=" + folder.write("a", "-x\n-y\n--level=3\n-z");
@@ -277,7 +276,7 @@ TEST(HostileParses, ReadingOptionFilesMovesTheCursor) {
 TEST_P(HostileParse, MayBeAskedForHelp) {
   makesNoDifference([](HostileScene& scene) {
     IParser& parser = scene.parser();
-    parser.option("quiet,q", "Say nothing.", vtNull);  // rejected when it is there
+    parser.option("quiet,q", "Say nothing.", vtNull);  // rejected if already declared
     const string quiet = paragraphString("Say nothing.", "-quiet, -q", 30, 50);
     EXPECT_EQ(quiet, parser.getDescription("quiet", false));
     EXPECT_STREQ("", parser.getDescription(true));
@@ -288,8 +287,8 @@ TEST_P(HostileParse, MayBeAskedForHelp) {
   });
 }
 
-// The assertion handler of the test goes on, and so does everything else.
-TEST_P(HostileParse, MustNotEndWhatTakesPartInIt) {
+// The assertion handler of this test returns, so destroy() has no effect and the parse goes on.
+TEST_P(HostileParse, MustNotDestroyWhatTakesPartInIt) {
   const string inUse = "!RunningCall::isInUse(*this)";
   atEveryEvent([&](HostileScene& scene, int event) {
     const testing::AssertionRecorder assertions;
@@ -308,7 +307,7 @@ TEST_P(HostileParse, MustNotEndWhatTakesPartInIt) {
   });
 }
 
-TEST(HostileParses, EndAllOfThemOnceNestedTooDeep) {
+TEST(HostileParses, AllEndOnceNestedTooDeep) {
   Command command;
   command.option("level", vtS32);
   RecordingHandler handler;
@@ -326,7 +325,8 @@ TEST(HostileParses, EndAllOfThemOnceNestedTooDeep) {
   EXPECT_EQ("level=3@+1", command.parsed({"--level=3"}));
 }
 
-// The event from outside of all parses is none of them: sending it raises nothing.
+// The event that the tool sends encloses all parses but is none itself, so sending it raises
+// nothing.
 TEST(HostileParses, EndOnceNestedTooDeepInsideAnEventThatTheToolSends) {
   Command command;
   command.option("level", vtS32);
@@ -343,7 +343,7 @@ TEST(HostileParses, EndOnceNestedTooDeepInsideAnEventThatTheToolSends) {
   EXPECT_EQ(101, failed);
 }
 
-// An event that the tool itself passes on is no parse.
+// The event that the tool itself sends is no parse, so it does not add to the depth.
 TEST(HostileParses, MayNestToADepthOfAHundred) {
   Command command;
   command.option("level", vtS32);
@@ -360,7 +360,7 @@ TEST(HostileParses, MayNestToADepthOfAHundred) {
   EXPECT_EQ(100, depth);
 }
 
-TEST_P(HostileParse, MayEndWhatTakesNoPartInIt) {
+TEST_P(HostileParse, MayDestroyWhatTakesNoPartInIt) {
   atEveryEvent([](HostileScene& scene, int event) {
     ResultHandle idle = makeResult(scene.parser());
     EXPECT_EQ(0, scene.parser().parseStream("--level=5", idle.get()));
@@ -419,7 +419,7 @@ TEST(HostileConsole, WarningsToAClosedErrorStreamAreLost) {
       console.err());
 }
 
-// What the caller handed over may be overwritten as soon as a handler is told of it.
+// All the caller's arguments may be overwritten at the first event: the parse has its own copies.
 TEST(HostileHandlerOfArguments, MayOverwriteThem) {
   Command command;
   RecordingHandler handler;
@@ -438,7 +438,7 @@ TEST(HostileHandlerOfArguments, MayOverwriteThem) {
   EXPECT_EQ("password=secret@+1 user=me@+3", command.render());
 }
 
-TEST(HostileHandlerOfArguments, MayEndTheText) {
+TEST(HostileHandlerOfArguments, MayDestroyTheText) {
   Command command;
   RecordingHandler handler;
   command.option("level", vtS32);
@@ -469,7 +469,7 @@ TEST(HostileHandlerOfArguments, MayChangeWhatIsWhiteSpaceInThemButNotBetweenThem
   EXPECT_EQ("option a; value a=1; unknown _--b=5", handler.events);
 }
 
-// The message quotes what was split when the value was.
+// The message quotes the whole value, because the value was split before splitting was turned off.
 TEST(HostileHandlerOfArguments, MayTurnOffSplittingWhileItRefuses) {
   Command command;
   RecordingHandler handler;

@@ -16,7 +16,7 @@ const char* const allEvents[HostileScene::events] = {
     "option level", "value level=1", "value level=2", "unknown -x",
     "option files", "value files=a", "option files",  "value files=b"};
 
-// "level=1,2 x2", with the number of occurrences where there are several.
+// Renders one option: "level=1,2 x2", with the number of occurrences if there are several.
 string optionIn(IParseResult& result, const char* name) {
   if (!result.present(name))
     return "";

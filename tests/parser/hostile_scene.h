@@ -1,8 +1,8 @@
 #pragma once
 
-// One parse in which every kind of event comes up: options by name and by position,
-// values one by one out of a list, an unknown argument, an argument behind "--". A
-// handler hears of it all, and can be made to do something at any one of the events.
+// One parse with every kind of event: options by name and by position, the values of a list, an
+// unknown argument, and an argument after "--". A handler is notified of all events, and a test can
+// make it do something at one of them.
 
 #include <gtest/gtest.h>
 
@@ -24,27 +24,28 @@ class HostileScene {
 
   explicit HostileScene(Road road);
 
-  // Has `deed` done at one of the events, counted from 1, and only once.
+  // Makes the handler do `deed` once, at this event. Events are counted from 1.
   void at(int event, std::function<void()> deed);
 
-  // Parses into a fresh result, with the handler's deed and without it:
+  // Parses into a new result, with and without the handler's deed. Returns status, contents and
+  // events:
   //   "0: level=1,2 files=a,b x2 | b [option level; value level=1; ...]"
   std::string parse();
   std::string parseUndisturbed();
 
-  // What parse() is to answer when everything up to an event was told.
+  // What parse() must return if the handler was notified of the events up to `lastEvent`.
   static std::string expected(int status, const std::string& stored, int lastEvent);
   static std::string undisturbed() { return expected(0, everything, events); }
 
-  // What is stored when all is through, and when an event comes up.
+  // What is stored at the end of the parse, and at the time of an event.
   static constexpr const char* everything = "level=1,2 files=a,b x2 | b";
   static std::string storedAt(int event);
 
-  // Everything in the result, by every query that there is.
+  // Everything in the result, read with every query.
   std::string stored() { return contentsOf(result()); }
   static std::string contentsOf(IParseResult& result);
 
-  // The events that a handler was told of, those that only name the option file aside.
+  // The events that a handler was notified of, without those that only name the option file.
   std::string told(const RecordingHandler& listener) const;
   int countTold(const RecordingHandler& listener) const;
 
@@ -52,8 +53,8 @@ class HostileScene {
   IParseResult& result() { return command.result(); }
 
   Command command;
-  // In the order of their addresses. Only the middle one is registered from the start,
-  // and it is the one that does something.
+  // In the order of their addresses. Only the middle one is registered from the start; it does the
+  // deed.
   RecordingHandler handlers[3];
   RecordingHandler& handler = handlers[1];
   IOption* lastDeclared;
@@ -67,7 +68,7 @@ class HostileScene {
   std::function<void()> m_deed;
 };
 
-// A scene of its own for each event, on one of the roads.
+// Tests with a new scene for each event. The parameter says how the arguments reach the parser.
 class HostileHandler : public ::testing::TestWithParam<Road> {
  protected:
   void atEveryEvent(const std::function<void(HostileScene& scene, int event)>& test) {
@@ -78,7 +79,7 @@ class HostileHandler : public ::testing::TestWithParam<Road> {
     }
   }
 
-  // The same where what the handler does makes no difference to the parse.
+  // Does `deed` at every event, and expects that it makes no difference to the parse.
   void makesNoDifference(const std::function<void(HostileScene& scene)>& deed) {
     atEveryEvent([&](HostileScene& scene, int event) {
       scene.at(event, [&] { deed(scene); });

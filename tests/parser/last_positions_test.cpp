@@ -1,4 +1,4 @@
-// Parses for which the counter of positions has no room left.
+// Parses at the end of the range of positions.
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@ namespace {
 
 using testing::Command;
 
-// Sets the counter while it lives.
+// Sets the counter of positions, and restores it when this object is destroyed.
 class CounterAt {
  public:
   explicit CounterAt(int position) : m_before(IArgumentParser::m_idx) {
@@ -42,7 +42,7 @@ TEST_F(LastPositions, AreDrawnLikeOthers) {
   EXPECT_EQ(lastPosition, IArgumentParser::m_idx);
 }
 
-TEST_F(LastPositions, DrawnTheParseFailsBeforeAnythingIsLost) {
+TEST_F(LastPositions, OnceDrawnMakeAParseFailBeforeAnythingIsLost) {
   const CounterAt counter(lastPosition - 3);
   EXPECT_EQ("4: Unidentified problem detected.", command.parsed({"--name=a", "--name=b"}));
   EXPECT_EQ("name=a@+1", command.render());
@@ -51,7 +51,7 @@ TEST_F(LastPositions, DrawnTheParseFailsBeforeAnythingIsLost) {
   EXPECT_EQ(lastPosition, IArgumentParser::m_idx);
 }
 
-TEST_F(LastPositions, DrawnLeftoversAndPositionalArgumentsFailToo) {
+TEST_F(LastPositions, OnceDrawnMakeLeftoversAndPositionalArgumentsFail) {
   const CounterAt counter(lastPosition);
   EXPECT_EQ("4: Unidentified problem detected.", command.parsed({"--", "a"}));
   EXPECT_EQ("4: Unidentified problem detected.", command.parsed({"a"}));
@@ -59,7 +59,7 @@ TEST_F(LastPositions, DrawnLeftoversAndPositionalArgumentsFailToo) {
   EXPECT_EQ("", command.render());
 }
 
-TEST_F(LastPositions, DrawnDefaultsFailToo) {
+TEST_F(LastPositions, OnceDrawnMakeDefaultsFail) {
   command.parser().option("a,b,c", "", vtS32, nullptr)->defaultValue(1);
   const CounterAt counter(lastPosition - 2);
   EXPECT_EQ("4: Unidentified problem detected.", command.parsed({}));
@@ -70,13 +70,13 @@ TEST_F(LastPositions, DrawnDefaultsFailToo) {
   EXPECT_EQ(lastPosition, IArgumentParser::m_idx);
 }
 
-TEST_F(LastPositions, DrawnOptionFilesAreNotPassedOver) {
+TEST_F(LastPositions, OnceDrawnMakeOptionFilesFail) {
   command.optionFiles();
   const CounterAt counter(lastPosition - 1);
   EXPECT_EQ("4: Unidentified problem detected.", command.parsed({"--option-file=/dev/null"}));
 }
 
-TEST_F(LastPositions, DrawnWhileMemoryRunsOutEndInAStatus) {
+TEST_F(LastPositions, OnceDrawnGiveAStatusEvenIfMemoryRunsOut) {
   command.parser().option("a", "", vtS32, nullptr)->defaultValue(1);
   const char* const argv[] = {"tool"};
   for (long allowed = 0;; ++allowed) {
@@ -107,8 +107,8 @@ TEST(Positions, InARowAreDrawnTogetherOrNotAtAll) {
   EXPECT_EQ(lastPosition, IArgumentParser::m_idx);
 }
 
-// The counter may have been carried past its end by several threads at once.
-TEST(Positions, PastTheEndAreNone) {
+// Several threads at once may move the counter past the end of its range.
+TEST(Positions, CannotBeDrawnPastTheEnd) {
   const CounterAt counter(-lastPosition - 1);
   EXPECT_FALSE(IArgumentParser::drawInARow(1));
   EXPECT_THROW(IArgumentParser::getNewPositionIndex(), PositionsExhausted);

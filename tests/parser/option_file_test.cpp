@@ -46,9 +46,9 @@ TEST(Splitting, CutsAtLineFeedsAndStripsOnlyTheFront) {
       {"-a", {"-a"}},          // the last line needs no line feed
       {"-a -b", {"-a -b"}},
       {"-a\n-b", {"-a", "-b"}},
-      {"-a\r\n-b\r\r\n", {"-a", "-b"}},  // carriage returns at the end go
-      {"-a\rb\n", {"-a\rb"}},            // not those inside
-      {"-a\r \n", {"-a\r "}},            // nor those before a blank
+      {"-a\r\n-b\r\r\n", {"-a", "-b"}},  // carriage returns at the end are dropped
+      {"-a\rb\n", {"-a\rb"}},            // those inside stay
+      {"-a\r \n", {"-a\r "}},            // those before a blank stay
       {" \t\v\f\r-a\n", {"-a"}},
       {"-a \t\n", {"-a \t"}},
       {"--name=two words\n", {"--name=two words"}},
@@ -160,7 +160,7 @@ TEST(OptionFileOption, IsAStringOptionInItsGroup) {
   EXPECT_TRUE(command.parser().isOptionDeclared("option-file", false, "files"));
 }
 
-// A parser with an option file option, and files for it.
+// A parser with the option for option files, and a folder for such files.
 class OptionFiles : public ::testing::Test {
  protected:
   OptionFiles() {
@@ -176,7 +176,7 @@ class OptionFiles : public ::testing::Test {
     return command.parse(args);
   }
 
-  // What was stored for the level, in order.
+  // The stored values of `level`, in order.
   string levels() {
     string text;
     for (Value v = command.result().get("level", 0, lastPosition); v.isEmpty == 0;
@@ -201,7 +201,7 @@ TEST_F(OptionFiles, AreParsedIntoTheSameResultAfterTheCommandLine) {
   EXPECT_EQ("912", levels());
 }
 
-TEST_F(OptionFiles, AreNotReadWhereNothingIsKept) {
+TEST_F(OptionFiles, AreNotReadWithoutAResult) {
   const string file = "--option-file=" + folder.path("none");
   const char* const argv[] = {"tool", file.c_str()};
   EXPECT_EQ(0, command.parser().parseArgsVector(2, argv, nullptr));
@@ -239,7 +239,7 @@ TEST_F(OptionFiles, NameFurtherFilesThatAreReadInTurn) {
   write("b", "--level=3");
   write("c", "--level=4");
   EXPECT_EQ(0, read({"a", "b"}));
-  EXPECT_EQ("1234", levels());  // what a file names comes behind what was named before
+  EXPECT_EQ("1234", levels());  // a file is read after those named before it
   EXPECT_EQ(3u, givenTo(command.result(), "option-file").values.size());
 }
 
@@ -278,8 +278,8 @@ TEST_F(OptionFiles, DirectoryCannotBeRead) {
   EXPECT_EQ(unreadable("."), command.error());
 }
 
-// Opens like any other, and refuses the first byte.
-TEST_F(OptionFiles, OneThatBreaksOffCannotBeRead) {
+// /proc/self/mem can be opened, but its first byte cannot be read.
+TEST_F(OptionFiles, OneThatOpensButCannotBeReadIsUnreadable) {
   ASSERT_TRUE(std::filesystem::exists("/proc/self/mem"));
   EXPECT_EQ("6: Error reading option file '/proc/self/mem'",
             command.parsed({"--option-file=/proc/self/mem"}));
@@ -337,7 +337,7 @@ TEST_F(OptionFiles, DefaultFileIsRead) {
   withDefault.parser().addOptionFileOption("", nullptr);  // rejected, but files are read now
   EXPECT_EQ(0, withDefault.parse({"x"}));
   EXPECT_EQ(2u, givenTo(withDefault.result(), "level").values.size());
-  EXPECT_EQ(0, withDefault.parse({}));  // no arguments: nothing but the defaults
+  EXPECT_EQ(0, withDefault.parse({}));  // no arguments: only the defaults are stored
   EXPECT_FALSE(withDefault.result().options().find("level"));
 }
 

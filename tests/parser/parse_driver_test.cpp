@@ -1,5 +1,5 @@
-// The road of one parse: defaults, arguments, leftover arguments, and what is left where
-// it ends early.
+// The steps of one parse: defaults, arguments, leftover arguments, and the arguments that are left
+// when the parse fails.
 
 #include <gtest/gtest.h>
 
@@ -39,7 +39,7 @@ TEST(ParseArgsVector, WithoutArgumentsStoresTheDefaultsAlone) {
     SCOPED_TRACE(argc);
     Command command;
     command.option("level", vtS32)->defaultValue(2);
-    command.action("run");  // the rules for actions are not looked at
+    command.action("run");  // the rules for actions are not applied
     const char* argv[] = {"tool", "--run"};
     EXPECT_EQ(0, parseWith(command, argc, argv));
     EXPECT_EQ(1u, command.result().options().names().size());
@@ -47,7 +47,7 @@ TEST(ParseArgsVector, WithoutArgumentsStoresTheDefaultsAlone) {
   }
 }
 
-TEST(ParseArgsVector, PassesOverTheNameOfTheTool) {
+TEST(ParseArgsVector, SkipsTheNameOfTheTool) {
   Command command(unknownIsError);
   command.option("level", vtS32);
   const char* named[] = {"--level=1", "--level=2"};
@@ -95,7 +95,7 @@ TEST(ParseArgsVector, DefaultThatCannotBeStoredLeavesTheErrorTextAlone) {
   EXPECT_STREQ("Unknown option: x", command.error());
 }
 
-TEST(Separator, ArgumentsBehindItAreKept) {
+TEST(Separator, ArgumentsAfterItAreKept) {
   Command command;
   command.option("files", vtString)->positional();
   EXPECT_EQ("files=a@+1 | b@+3 c@+4", command.parsed({"a", "--", "b", "c"}));
@@ -107,7 +107,7 @@ TEST(Separator, IsDroppedOnlyOnce) {
   EXPECT_EQ("", command.parsed({"--"}));
 }
 
-TEST(Separator, NothingBehindItIsRecognized) {
+TEST(Separator, NothingAfterItIsRecognized) {
   Command command(unknownIsError);
   RecordingHandler handler;
   command.parser().addHandler(&handler);
@@ -151,7 +151,7 @@ TEST(UnknownArgument, IsAnErrorOnDemand) {
   }
 }
 
-TEST(UnknownArgument, IsLetPassByAHandlerThatReturnsFalse) {
+TEST(UnknownArgument, IsIgnoredIfAHandlerReturnsFalse) {
   Command command(unknownIsError);
   RecordingHandler handlers[2];
   handlers[1].acceptsUnknown = false;
@@ -243,7 +243,7 @@ TEST(ArgumentsLeft, BeginWithTheOneThatFailed) {
       {2, {"--level=1", "--le", "y"}, "level=1@+1", 2, 1},           // ambiguous
       {2, {"--level=1", "--=", "y"}, "level=1@+1", 2, 1},            // no name
       {2, {"--level=1", "--level"}, "level=1@+1", 2, 1},             // no value
-      {2, {"--level", "-5", "y"}, "", 0, 0},                         // seems an option
+      {2, {"--level", "-5", "y"}, "", 0, 0},                         // seems to be an option
       {2, {"--verbose=1"}, "", 0, 0},                                // boolean with a value
       {2, {"--flag=1"}, "", 0, 0},                                   // takes no value
       {2, {"--level=1", "--level", "x", "y"}, "level=1@+1", 3, 1},   // does not convert
@@ -287,7 +287,7 @@ TEST(PhaseOne, LeavesTheSeparatorAndWhatFollows) {
   EXPECT_EQ("untouched", error);
 }
 
-TEST(PhaseOne, WritesItsMessageWhereItIsTold) {
+TEST(PhaseOne, WritesItsMessageToTheGivenString) {
   Command command(unknownIsError);
   WindowOn args({"x"});
   string error;
@@ -296,7 +296,7 @@ TEST(PhaseOne, WritesItsMessageWhereItIsTold) {
   EXPECT_STREQ("", command.error());
 }
 
-TEST(PhaseOne, TakesNothingFromNothing) {
+TEST(PhaseOne, TakesNothingFromAnEmptyWindow) {
   Command command;
   WindowOn args({});
   string error;
@@ -304,7 +304,7 @@ TEST(PhaseOne, TakesNothingFromNothing) {
   EXPECT_TRUE(args.empty());
 }
 
-TEST(Collecting, TakesTheSeparatorAndAllThatStandsBehindIt) {
+TEST(Collecting, TakesTheSeparatorAndAllArgumentsAfterIt) {
   Command command;
   WindowOn args({"++", "c", "++"});
   string error;
@@ -331,7 +331,7 @@ TEST(WithoutAResult, EverythingIsCheckedAndAnnouncedAndNothingStored) {
   const char* argv[] = {"tool", "--level=3", "4", "--", "5"};
   const int before = IArgumentParser::m_idx;
   EXPECT_EQ(0, command.parser().parseArgsVector(5, argv, nullptr));
-  EXPECT_EQ(before + 7, IArgumentParser::m_idx);  // an option and a value thrice, and one more
+  EXPECT_EQ(before + 7, IArgumentParser::m_idx);  // three options and values, one leftover
   EXPECT_EQ("option level; value level=3; option level; value level=4; option level; value level=5",
             handler.events);
 }
@@ -400,7 +400,7 @@ TEST(ThrowingHandler, EndsTheParseWithStatusFour) {
   }
 }
 
-TEST(ThrowingHandler, LeavesTheArgumentsFromThereOn) {
+TEST(ThrowingHandler, LeavesTheCurrentArgumentAndThoseAfterIt) {
   Command command;
   RecordingHandler handler;
   handler.alsoDo = [&] {
@@ -416,7 +416,7 @@ TEST(ThrowingHandler, LeavesTheArgumentsFromThereOn) {
   EXPECT_EQ(4, command.positionsDrawn());
 }
 
-TEST(ThrowingHandler, MayThrowBehindTheSeparatorToo) {
+TEST(ThrowingHandler, MayThrowAfterTheSeparatorToo) {
   Command command(leftoversToo);
   RecordingHandler handler;
   handler.alsoDo = [] { throw std::runtime_error("from a handler"); };
@@ -487,7 +487,7 @@ TEST(HandlerInAParse, MayParseWithAnotherParser) {
   handler.alsoDo = [&] { seen += inner.parsed({"--depth=9", "--", "x"}) + "; "; };
   command.parser().addHandler(&handler);
   command.option("level", vtS32);
-  // The option has drawn no position when it is announced, its value has.
+  // An option is announced before its position is drawn, and a value after.
   EXPECT_EQ("level=1@+4 | rest@+9", command.parsed({"--level=1", "--", "rest"}));
   EXPECT_EQ("depth=9@+1 | x@+3; depth=9@+1 | x@+3; ", seen);
 }

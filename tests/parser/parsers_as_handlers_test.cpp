@@ -1,4 +1,4 @@
-// Parsers registered with other parsers: chains, diamonds and rings of them.
+// Parsers as handlers of other parsers: in chains, diamonds and rings.
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ using std::string;
 using testing::Command;
 using testing::RecordingHandler;
 
-// Parsers with a handler each.
+// Four parsers, each with a recording handler.
 class ParsersAsHandlers : public ::testing::Test {
  protected:
   ParsersAsHandlers() {
@@ -26,13 +26,13 @@ class ParsersAsHandlers : public ::testing::Test {
     }
   }
 
-  // Has the handlers of `listener` told what `teller` meets.
+  // Registers the parser `listener` as a handler of the parser `teller`.
   void link(int teller, int listener) {
     commands[teller].parser().addHandler(&commands[listener].parser());
   }
 
-  // How a parse of everything that is announced goes, then how often each handler was
-  // told all of it.
+  // Parses arguments with every kind of event. Returns what was stored, then how often each handler
+  // was notified of all events.
   string parse(int parser) {
     for (RecordingHandler& handler : handlers)
       handler.events.clear();
@@ -67,7 +67,7 @@ TEST_F(ParsersAsHandlers, PassEventsOnAlongAChain) {
   EXPECT_EQ("level=1,2@+1: 0 0 1 0", parse(2));
 }
 
-TEST_F(ParsersAsHandlers, AreToldAsOftenAsThereAreWays) {
+TEST_F(ParsersAsHandlers, AreNotifiedOncePerPath) {
   link(0, 1);
   link(0, 2);
   link(1, 3);
@@ -75,14 +75,14 @@ TEST_F(ParsersAsHandlers, AreToldAsOftenAsThereAreWays) {
   EXPECT_EQ("level=1,2@+1: 1 1 1 2", parse(0));
 }
 
-TEST_F(ParsersAsHandlers, OfEachOtherAreToldOnce) {
+TEST_F(ParsersAsHandlers, OfEachOtherAreNotifiedOnce) {
   link(0, 1);
   link(1, 0);
   EXPECT_EQ("level=1,2@+1: 1 1 0 0", parse(0));
   EXPECT_EQ("level=1,2@+1: 1 1 0 0", parse(1));
 }
 
-TEST_F(ParsersAsHandlers, InARingAreToldOnce) {
+TEST_F(ParsersAsHandlers, InARingAreNotifiedOnce) {
   for (int i = 0; i < 4; ++i) {
     link(i, i);
     link(i, (i + 1) % 4);
@@ -91,14 +91,14 @@ TEST_F(ParsersAsHandlers, InARingAreToldOnce) {
     EXPECT_EQ("level=1,2@+1: 1 1 1 1", parse(i));
 }
 
-TEST_F(ParsersAsHandlers, AllOfOneAnotherComeToAnEnd) {
+TEST_F(ParsersAsHandlers, AllOfOneAnotherAreNotifiedOncePerPathWithoutALoop) {
   for (int i = 0; i < 3; ++i)
     for (int j = 0; j < 3; ++j)
       link(i, j);
-  EXPECT_EQ("level=1,2@+1: 1 2 2 0", parse(0));  // straight, and by way of the third
+  EXPECT_EQ("level=1,2@+1: 1 2 2 0", parse(0));  // directly, and through the third parser
 }
 
-TEST_F(ParsersAsHandlers, RingMayBeClosedAndOpenedFromInside) {
+TEST_F(ParsersAsHandlers, RingMayBeClosedAndOpenedDuringAnEvent) {
   handlers[1].alsoDo = [this] { link(1, 0); };
   link(0, 1);
   EXPECT_EQ("level=1,2@+1: 1 1 0 0", parse(0));
@@ -122,7 +122,7 @@ TEST_F(ParsersAsHandlers, InARingRefuseAsOthersDo) {
   EXPECT_EQ("", strict.parsed({"-x", "-y"}));
 }
 
-TEST_F(ParsersAsHandlers, InARingAreToldAllAgainAfterAnException) {
+TEST_F(ParsersAsHandlers, InARingAreNotifiedOfAllAgainAfterAnException) {
   link(0, 1);
   link(1, 0);
   handlers[1].alsoDo = [] { throw std::runtime_error("from a handler"); };
@@ -133,7 +133,7 @@ TEST_F(ParsersAsHandlers, InARingAreToldAllAgainAfterAnException) {
   EXPECT_EQ("level=1,2@+1: 1 1 0 0", parse(0));
 }
 
-// Sends each of these events once, from inside of the first event that it is notified of.
+// During the first event that it is notified of, sends one event of each kind through the parser.
 class Sender final : public testing::TestHandler {
  public:
   explicit Sender(IParser& parser) : m_parser(parser) {}
@@ -188,7 +188,7 @@ TEST_F(ParsersAsHandlers, TellEventsApartByKindAndText) {
     if (handlers[0].events == "option x")
       commands[0].parser().onUknownArgument("x");
     if (handlers[0].events == "option x; unknown x") {
-      commands[0].parser().onOptionParse("x");  // is being passed on
+      commands[0].parser().onOptionParse("x");  // dropped: is being passed on already
       commands[0].parser().onUknownArgument("y");
     }
   };
@@ -196,7 +196,7 @@ TEST_F(ParsersAsHandlers, TellEventsApartByKindAndText) {
   EXPECT_EQ("option x; unknown x; unknown y", handlers[0].events);
 }
 
-TEST_F(ParsersAsHandlers, InARingAreToldOnceOfANullText) {
+TEST_F(ParsersAsHandlers, InARingAreNotifiedOnceOfANullText) {
   link(0, 1);
   link(1, 0);
   for (const char* name : {static_cast<const char*>(nullptr), ""}) {
@@ -206,7 +206,7 @@ TEST_F(ParsersAsHandlers, InARingAreToldOnceOfANullText) {
   }
 }
 
-// Notes what it is handed.
+// Stores the value that it is notified of.
 class ValueKeeper final : public testing::TestHandler {
  public:
   bool onValueParse(const char*, const Value& value) override {
@@ -217,7 +217,7 @@ class ValueKeeper final : public testing::TestHandler {
   Value kept;
 };
 
-TEST_F(ParsersAsHandlers, HandAValueOnAsItIs) {
+TEST_F(ParsersAsHandlers, PassAValueOnUnchanged) {
   ValueKeeper keeper;
   commands[1].parser().addHandler(&keeper);
   link(0, 1);
@@ -233,7 +233,7 @@ TEST_F(ParsersAsHandlers, HandAValueOnAsItIs) {
   EXPECT_EQ(1, keeper.kept.isEmpty);
 }
 
-TEST_F(ParsersAsHandlers, InARingMayBeToldOutsideAParse) {
+TEST_F(ParsersAsHandlers, InARingMayBeNotifiedOutsideAParse) {
   link(0, 1);
   link(1, 0);
   EXPECT_TRUE(commands[0].parser().onOptionParse("level"));
@@ -243,10 +243,10 @@ TEST_F(ParsersAsHandlers, InARingMayBeToldOutsideAParse) {
   EXPECT_EQ("option level; unknown x", handlers[1].events);
 }
 
-TEST_F(ParsersAsHandlers, AreToldOfAParseThatTheirHandlerStarts) {
+TEST_F(ParsersAsHandlers, AreNotifiedOfAParseThatTheirHandlerStarts) {
   link(0, 1);
   link(1, 0);
-  link(2, 1);  // shares a handler with the first
+  link(2, 1);  // parsers 0 and 2 both notify parser 1
   for (const int inner : {0, 1, 2}) {
     SCOPED_TRACE(inner);
     int status = -1;

@@ -1,7 +1,6 @@
-// The whole account that parses write of themselves, compared with files.
-//
-// The expected traces are in the folder "traces". With KIVO_RENEW=1 in the environment
-// the files are written anew instead; read the difference before you keep it.
+// The whole trace of parses, compared with files.
+// The expected traces are in the folder "traces". With KIVO_RENEW=1 in the environment the tests
+// rewrite these files instead; read the difference before you keep it.
 
 #include <gtest/gtest.h>
 
@@ -84,7 +83,7 @@ TEST_F(TraceOfAParse, BoundLeftovers) {
   });
 }
 
-// The message is whatever the last failure has left.
+// The message in the trace is the error text of the last failure, although this parse succeeds.
 TEST_F(TraceOfAParse, LeftoversWithAnOldMessage) {
   Command command(parserFlags::leftoverArgumentsArePositional |
                   parserFlags::unknownArgumentIsError);
@@ -148,10 +147,10 @@ TEST_F(TraceOfAParse, RejectedDeclaration) {
   command.parser().addHandler(&handler);
   declare(command);
   compare("rejected_declaration.txt", [&] {
-    command.parser().option("level", "", vtS32, nullptr);  // nobody listens yet
+    command.parser().option("level", "", vtS32, nullptr);  // the trace is still off
     EXPECT_EQ(0, command.parse(traced({"--flag", "unknown"})));
     command.parser().option("new,no-verbose", "", vtS32, nullptr);  // the trace is still on
-    command.parser().option("a,b,long", "", vtS32, nullptr);        // rejected without a word
+    command.parser().option("a,b,long", "", vtS32, nullptr);        // rejected without a trace
     command.parser().option("new", "", vtS32, nullptr);             // not rejected
   });
 }
@@ -223,7 +222,7 @@ TEST_F(TraceOfAParse, SecondSwitchIsAnUnknownArgument) {
       }));
 }
 
-TEST_F(TraceOfAParse, ParseOfAHandlerDecidesItAnew) {
+TEST_F(TraceOfAParse, ParseThatAHandlerStartsSwitchesItOff) {
   Command inner;
   Command command;
   RecordingHandler handler;

@@ -18,7 +18,7 @@ void ignore(const char*, const char*, int) {}
 
 void raise(const char* expression, const char*, int) { throw std::logic_error(expression); }
 
-// Puts back whatever handler was installed before.
+// Begins with the default handler, and restores the former one at the end.
 class Assertion : public ::testing::Test {
  protected:
   Assertion() : m_before(set_assertion_handler(nullptr)) {}
@@ -30,7 +30,7 @@ class Assertion : public ::testing::Test {
 
 using AssertionDeathTest = Assertion;
 
-TEST_F(Assertion, TheHandlerIsToldExpressionFileAndLine) {
+TEST_F(Assertion, TheHandlerReceivesExpressionFileAndLine) {
   const AssertionRecorder recorder;
   assertion_failed("1 == 2", "sums.cpp", 17);
   ASSERT_EQ(1u, recorder.records().size());

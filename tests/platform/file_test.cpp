@@ -9,7 +9,7 @@
 namespace kivo_3_3::testing {
 namespace {
 
-TEST(FileIdentity, IsThatOfTheFileHoweverItIsNamed) {
+TEST(FileIdentity, IsTheSameForEveryNameOfAFile) {
   const TemporaryFolder folder;
   const std::string name = folder.write("file", "text");
   std::filesystem::create_symlink(name, folder.path("link"));
@@ -19,7 +19,7 @@ TEST(FileIdentity, IsThatOfTheFileHoweverItIsNamed) {
   EXPECT_NE(identity, BEDROCK::file_identity(folder.write("other", "text").c_str()));
 }
 
-TEST(FileIdentity, OfNoFileIsItsName) {
+TEST(FileIdentity, OfAMissingFileIsItsName) {
   EXPECT_EQ("no-such-file", BEDROCK::file_identity("no-such-file"));
 }
 
@@ -47,7 +47,7 @@ TEST(LoadFile, AnEmptyFileGivesAnEmptyText) {
   EXPECT_EQ("", text);
 }
 
-TEST(LoadFile, BytesComeAsTheyStand) {
+TEST(LoadFile, BytesAreNotConverted) {
   std::string bytes;
   for (int byte = 1; byte < 256; ++byte)
     bytes += static_cast<char>(byte);
@@ -76,14 +76,14 @@ TEST(LoadFile, StopsAtAZeroByteFarIntoTheFile) {
   EXPECT_TRUE(lines == text);
 }
 
-TEST(LoadFile, OfZerosWithoutEndIsEmpty) {
+TEST(LoadFile, OfEndlessZerosGivesAnEmptyText) {
   std::string text = "old";
   EXPECT_EQ(0, BEDROCK::load_file("/dev/zero", text));
   EXPECT_EQ("", text);
 }
 
-// Neither read to its end nor given room for its size.
-TEST(LoadFile, OfASparseFileTakesWhatIsAheadOfTheHole) {
+// The file, of 5 GB, is not read to its end, and no memory is allocated for its whole size.
+TEST(LoadFile, OfASparseFileGivesTheBytesBeforeTheHole) {
   const TemporaryFolder folder;
   const std::string name = folder.write("file", "--level=3\n");
   std::filesystem::resize_file(name, std::uintmax_t{5} << 30);
@@ -93,8 +93,8 @@ TEST(LoadFile, OfASparseFileTakesWhatIsAheadOfTheHole) {
   EXPECT_GT(std::size_t{1} << 20, text.capacity());
 }
 
-// Its size is not known before its end.
-TEST(LoadFile, OfAPipeComesWhole) {
+// The size of a pipe is unknown until its end is reached.
+TEST(LoadFile, ReadsAPipeToItsEnd) {
   int ends[2] = {};
   ASSERT_EQ(0, pipe(ends));
   const std::string lines(40'000, 'x');
@@ -106,7 +106,7 @@ TEST(LoadFile, OfAPipeComesWhole) {
   EXPECT_TRUE(lines == text);
 }
 
-TEST(LoadFile, AFileLargerThanAnyBufferComesWhole) {
+TEST(LoadFile, ReadsAFileLargerThanAnyBufferToItsEnd) {
   std::string lines;
   for (int line = 0; line < 50'000; ++line)
     lines += "--value=" + std::to_string(line) + "\n";
@@ -117,7 +117,7 @@ TEST(LoadFile, AFileLargerThanAnyBufferComesWhole) {
   EXPECT_TRUE(lines == text);
 }
 
-// The size of a regular file is known.
+// The size of a regular file is known before reading, so one allocation is enough.
 TEST(LoadFile, OfALongFileAllocatesTheTextOnce) {
   const TemporaryFolder folder;
   const std::string expected(1'000'000, 'x');

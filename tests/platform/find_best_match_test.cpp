@@ -32,7 +32,7 @@ TEST(FindBestMatch, APrefixThatFitsOneCandidateMatchesIt) {
   EXPECT_EQ("1: level", matches({"level", "length"}, "lev"));
 }
 
-TEST(FindBestMatch, EveryCandidateAPrefixFitsComesInCandidateOrder) {
+TEST(FindBestMatch, AllCandidatesWithThePrefixMatchInTheirOrder) {
   EXPECT_EQ("2: level length", matches({"level", "verbose", "length"}, "le"));
   EXPECT_EQ("3: z2 z1 z3", matches({"z2", "a", "z1", "z3"}, "z"));
 }
@@ -52,7 +52,7 @@ TEST(FindBestMatch, TheEmptyTextIsTheExactNameOfAnEmptyCandidate) {
   EXPECT_EQ("1: ", matches({"level", "", "length"}, ""));
 }
 
-TEST(FindBestMatch, ACandidateThatStandsTwiceCountsTwiceAsPrefixAndOnceExactly) {
+TEST(FindBestMatch, ACandidateListedTwiceMatchesTwiceByPrefixAndOnceExactly) {
   EXPECT_EQ("2: level level", matches({"level", "level"}, "lev"));
   EXPECT_EQ("1: level", matches({"level", "level"}, "level"));
 }

@@ -24,7 +24,8 @@ std::unique_ptr<char, Freed> allocated(std::size_t bytes) {
   return std::unique_ptr<char, Freed>(static_cast<char*>(BEDROCK::allocateInLargePages(bytes)));
 }
 
-// What the system says of the mapping that this address lies in: "rd wr mr mw me ac hg".
+// The flags of the mapping that contains this address, as the system lists them: "rd wr mr mw me ac
+// hg". "hg" means that large pages were requested.
 string flagsOf(const char* address) {
   std::ifstream mappings("/proc/self/smaps");
   const auto wanted = reinterpret_cast<std::uintptr_t>(address);
@@ -50,14 +51,14 @@ bool areAdvised(std::size_t bytes) {
 
 constexpr std::size_t megabyte = std::size_t{1} << 20;
 
-TEST(LargePages, AreAskedForWhereThereIsMuchToFill) {
+TEST(LargePages, AreRequestedFromFourMegabytesOn) {
   if (!std::filesystem::exists("/sys/kernel/mm/transparent_hugepage/enabled"))
     GTEST_SKIP() << "The system has no large pages.";
   EXPECT_TRUE(areAdvised(4 * megabyte));
   EXPECT_TRUE(areAdvised(31 * megabyte));
 }
 
-TEST(LargePages, AreNotAskedForWhereLittleWouldBeFilled) {
+TEST(LargePages, AreNotRequestedBelowFourMegabytes) {
   EXPECT_FALSE(areAdvised(4 * megabyte - 1));
   EXPECT_FALSE(areAdvised(1));
 }

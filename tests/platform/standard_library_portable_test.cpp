@@ -1,4 +1,5 @@
-// The counterpart for any standard library, which is not in the library that is tested.
+// Tests the implementation for any standard library. The library under test contains another one,
+// so this program compiles the portable one itself.
 
 #include <gtest/gtest.h>
 

@@ -58,7 +58,7 @@ TEST(TextPool, TextsOutliveIt) {
   EXPECT_EQ(before, liveBlocks());
 }
 
-// Of each length, among them those that fill a chunk and those that do not fit into one.
+// Texts of all lengths below 5,000 bytes: some fill a chunk exactly, and some are too long for one.
 TEST(TextPool, HoldsEveryTextWhateverItsLength) {
   constexpr std::size_t longest = 5000;
   const long before = liveBlocks();
@@ -73,7 +73,7 @@ TEST(TextPool, HoldsEveryTextWhateverItsLength) {
   EXPECT_EQ(before, liveBlocks());
 }
 
-TEST(TextPool, FreesWhatIsUsedUpWithTheLastTextInIt) {
+TEST(TextPool, FreesAUsedUpChunkWithTheLastTextInIt) {
   constexpr int count = 10000;
   std::vector<variant_t> texts(count);
   text_pool_t pool;

@@ -1,5 +1,5 @@
-// A tool that never asks for the standard streams: it is the library that makes them ready
-// when it writes, here a trace and a warning.
+// A tool that does not use the standard streams, so the library has to initialise them itself
+// before it writes, here a trace and a warning.
 #include <kivo/kivo.h>
 
 int main() {

@@ -16,7 +16,7 @@ TEST(Utf32ToUtf8, EveryLengthBeginsAndEndsWhereItShould) {
       {0x2D, "-"},
       {0x7F, "\x7F"},
       {0x80, "\xC2\x80"},
-      {0xAA, "\xC2\xAA"},  // bits that differ from their neighbours
+      {0xAA, "\xC2\xAA"},  // alternating bits
       {0x7FF, "\xDF\xBF"},
       {0x800, "\xE0\xA0\x80"},
       {0xD7FF, "\xED\x9F\xBF"},

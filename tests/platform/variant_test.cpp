@@ -25,7 +25,8 @@ constexpr u64_t largest = std::numeric_limits<u64_t>::max();
 const variant_t nothing;
 const variant_t borrowed("b", true);
 
-// What can_get() allows: "bool integers double text".
+// The types that can_get() allows: "bool integers double text". "some" stands for only some of the
+// four integer types.
 std::string canGive(const variant_t& value) {
   std::string kinds;
   if (value.can_get<bool>())
@@ -42,7 +43,7 @@ std::string canGive(const variant_t& value) {
   return kinds;
 }
 
-// "<", "=" or ">", or "?" for an order that contradicts itself.
+// "<", "=" or ">"; "?" if each value is less than the other.
 char compare(const variant_t& left, const variant_t& right) {
   if (left < right)
     return right < left ? '?' : '<';
@@ -155,8 +156,8 @@ TEST(Variant, CopiesAreCountedAcrossThreads) {
   EXPECT_STREQ("shared by all", value.get<const char*>());
 }
 
-// Each thread has one of the two owners of each text. They wait for each other before each
-// release: some texts lose both owners between two instructions.
+// Each text has two owners, one in each thread. The threads wait for each other before each
+// release, so that some texts lose both owners at the same time.
 TEST(Variant, ATextIsFreedOnceWhenTwoThreadsReleaseItTogether) {
   constexpr std::size_t texts = 10'000;
   const long before = liveBlocks();
@@ -245,7 +246,7 @@ TEST(Variant, AnIntegerReadsAsDoubleBySign) {
   EXPECT_EQ(0.5, variant_t(0.5f).get<double>());
 }
 
-TEST(Variant, AReadItCannotGiveIsAnAssertionAndAnswersWithNothing) {
+TEST(Variant, ReadingATypeItCannotGiveIsAnAssertionAndGivesNothing) {
   const AssertionRecorder assertions;
   EXPECT_EQ(0, variant_t("1").get<int>());
   EXPECT_FALSE(variant_t(1.0).get<bool>());
@@ -256,7 +257,7 @@ TEST(Variant, AReadItCannotGiveIsAnAssertionAndAnswersWithNothing) {
             assertions.expressions());
 }
 
-TEST(Variant, AReadItCanGiveIsNoAssertion) {
+TEST(Variant, ReadingATypeItCanGiveIsNoAssertion) {
   const AssertionRecorder assertions;
   EXPECT_EQ(1, variant_t(true).get<int>());
   EXPECT_EQ(1.0, variant_t(1u).get<double>());
@@ -306,7 +307,7 @@ TEST(VariantEquality, ANegativeNumberIsNotTheLargeOneOfTheSameBits) {
   EXPECT_TRUE(variant_t(-1ll) != variant_t(largest));
 }
 
-TEST(VariantOrder, NumbersOfOneKindStandByValue) {
+TEST(VariantOrder, NumbersOfOneKindAreOrderedByValue) {
   EXPECT_EQ('<', compare(false, true));
   EXPECT_EQ('<', compare(-2, 1));
   EXPECT_EQ('<', compare(-2ll, 1ll));
@@ -334,7 +335,7 @@ TEST(VariantOrder, AnIntegerAgainstAFloatingNumberComparesAsDouble) {
   EXPECT_EQ('=', compare(0.5f, 0.5));
 }
 
-TEST(VariantOrder, TextsStandByteByByte) {
+TEST(VariantOrder, TextsAreOrderedByteByByte) {
   EXPECT_EQ('<', compare("a", "b"));
   EXPECT_EQ('<', compare("a", "ab"));
   EXPECT_EQ('<', compare("B", "a"));
@@ -359,7 +360,7 @@ TEST(VariantOrder, NothingIsNeverLessThanNothing) {
   EXPECT_EQ("", assertions.expressions());
 }
 
-// As a tool may have it that was built with other headers.
+// A value as a tool may pass it that was built with the headers of another version.
 variant_t withUnknownTag() {
   constexpr int unknown = 99;
   variant_t value;
@@ -367,7 +368,7 @@ variant_t withUnknownTag() {
   return value;
 }
 
-TEST(VariantOrder, OfTwoWithOneUnknownTagIsAnAssertion) {
+TEST(VariantOrder, OfTwoValuesWithTheSameUnknownTagIsAnAssertion) {
   const AssertionRecorder assertions;
   EXPECT_FALSE(withUnknownTag() < withUnknownTag());
   EXPECT_EQ("m_type == vtNull && var.m_type == vtNull", assertions.expressions());

@@ -21,7 +21,7 @@ using testing::leftOf;
 using testing::RecordingHandler;
 using testing::WindowOn;
 
-// The recognizer alone, over declarations of its own.
+// The recognizer without a parser, with its own declarations.
 class NamedRecognizer : public ::testing::Test {
  protected:
   void declare(const char* names, variant_type_t type) {
@@ -50,14 +50,14 @@ class NamedRecognizer : public ::testing::Test {
   RegisteredOptionStorage storage{&garbage};
   AbbreviationParser parser{&handler, &garbage.memory(), 0, storage.names()};
   ParseResult result;
-  std::vector<string> args;  // what is left of those given last
+  std::vector<string> args;  // the arguments that the last call has left
   unsigned int optionIndex = 77;
   string message = "untouched";
 };
 
 TEST_F(NamedRecognizer, HasPriorityMinusTen) { EXPECT_EQ(-10, parser.getPriority()); }
 
-TEST_F(NamedRecognizer, ClaimsWhatNamesAnOptionBehindADash) {
+TEST_F(NamedRecognizer, ClaimsWhatNamesAnOptionAfterADash) {
   declare("level,depth,l", vtS32);
   declare("verbose", vtBool);
   for (const char* argument :
@@ -83,7 +83,7 @@ TEST_F(NamedRecognizer, ClaimsNothingWithoutDeclarations) {
 }
 
 TEST_F(NamedRecognizer, LoneDashOrSingleByteIsNotClaimed) {
-  declare("-", vtNull);  // not even where the name would fit
+  declare("-", vtNull);  // not even if an option has this name
   declare("v", vtNull);
   EXPECT_EQ(1, recognize("-"));
   EXPECT_EQ(1, recognize("v"));
@@ -135,7 +135,7 @@ TEST_F(NamedRecognizer, EachRecognizeForgetsTheOneBefore) {
   EXPECT_EQ("Ambiguous option 'le' in argument: '--le=3', could be: 'level', 'length'", message);
 }
 
-TEST_F(NamedRecognizer, TakesOneArgumentForAValueInsideAndTwoForTheNext) {
+TEST_F(NamedRecognizer, TakesTwoArgumentsOnlyIfTheValueIsTheNextOne) {
   declare("level", vtS32);
   EXPECT_EQ(0, parse({"--level=3", "4", "5"}));
   EXPECT_EQ((std::vector<string>{"4", "5"}), args);
@@ -161,7 +161,7 @@ TEST_F(NamedRecognizer, FailureTakesAndStoresNothing) {
   }
 }
 
-TEST_F(NamedRecognizer, NamesListHoldsNegationsRightBehindBooleanNames) {
+TEST_F(NamedRecognizer, NamesListHoldsNegationsRightAfterBooleanNames) {
   declare("level,l", vtS32);
   declare("verbose,v", vtBool);
   storage.option("flag", nullptr, "", false, vtNull, nullptr)->synonym("f");
@@ -265,7 +265,7 @@ TEST(NamedOption, BooleanIsSetByItsNameAndClearedByItsNegation) {
       {"--verb", "verbose=1@+1"},       {"--verbose=", "verbose=1@+1"},
       {"--no-verbose", "verbose=0@+1"}, {"-no-v", "verbose=0@+1"},
       {"--no-verb", "verbose=0@+1"},    {"--no-verbose=", "verbose=0@+1"},
-      {"--n", "verbose=0@+1"},  // a beginning of nothing but the negation
+      {"--n", "verbose=0@+1"},  // a prefix of the negation alone
   };
   Command command;
   command.option("verbose", vtBool);
@@ -288,7 +288,7 @@ TEST(NamedOption, BooleanTakesNoValue) {
       command.parsed({"--no-verbose=0"}));
 }
 
-TEST(NamedOption, ArgumentBehindABooleanIsNotItsValue) {
+TEST(NamedOption, ArgumentAfterABooleanIsNotItsValue) {
   Command command(parserFlags::unknownArgumentIsError);
   command.option("verbose", vtBool);
   EXPECT_EQ("2: Unknown option: 0", command.parsed({"--verbose", "0"}));
@@ -301,7 +301,7 @@ TEST(NamedOption, BooleanNamedLikeANegationIsClearedByItsOwnName) {
   EXPECT_EQ("no-cache=0@+1", command.parsed({"--no-no-cache"}));
 }
 
-TEST(NamedOption, BooleanIsClearedOnlyByTheWholeOfNoAndDash) {
+TEST(NamedOption, BooleanIsClearedOnlyByTheWholePrefixNoDash) {
   Command command;
   command.option("notice", vtBool);
   command.option("no", vtBool);
@@ -331,7 +331,7 @@ TEST(NamedOption, AmbiguousAbbreviationListsItsCandidatesInDeclarationOrder) {
   }
 }
 
-TEST(NamedOption, NegationsStandBetweenTheNamesInAListOfCandidates) {
+TEST(NamedOption, NegationsFollowTheirNamesInAListOfCandidates) {
   Command command;
   command.option("name", vtS32);
   command.option("next", vtBool);
@@ -381,7 +381,8 @@ TEST(NamedOption, TypographicThirdDashIsPartOfTheName) {
   EXPECT_EQ("\u2013x@+1", command.parsed({"--\u2013x"}));
 }
 
-// The empty name is a beginning of every name; one candidate or many make no difference.
+// The empty name is a prefix of every name. The message is the same for one candidate and for
+// several.
 TEST(NamedOption, DashesWithoutANameAreUnknown) {
   Command command;
   command.option("level", vtS32);
@@ -396,7 +397,7 @@ TEST(NamedOption, DashesWithoutANameAreUnknown) {
 TEST(NamedOption, OptionIsAnnouncedBeforeItsValues) {
   Command command;
   RecordingHandler handler;
-  handler.acceptsOptions = false;  // makes no difference
+  handler.acceptsOptions = false;  // has no effect
   command.parser().addHandler(&handler);
   command.option("level,l", vtS32);
   EXPECT_EQ("level=1,2@+1", command.parsed({"-l=1,2"}));

@@ -40,7 +40,7 @@ class Binder final : public IArgumentParser {
   int getPriority() override { return 0; }
 };
 
-// Renders what is stored, positions relative to the last one before.
+// Renders what is stored. Positions are relative to the last one drawn before this object was made.
 class Collector final : public IResultCollector {
  public:
   void store(const OptionDescription& option, const OptionData& data) override {
@@ -92,7 +92,7 @@ TEST_F(ValueBinding, EmptyValueStoresTheOptionWithoutValues) {
   EXPECT_EQ(1, drawn);
 }
 
-TEST_F(ValueBinding, OnlySeparatorsAreNoValue) {
+TEST_F(ValueBinding, SeparatorsAloneAreNoValue) {
   EXPECT_EQ("2: No value parsed in argument ',,,' for option 'level'", bind(",,,"));
   EXPECT_EQ("", handler.events);
   EXPECT_EQ(1, drawn);
@@ -117,7 +117,7 @@ TEST_F(ValueBinding, EmptyTokensAreDropped) {
   }
 }
 
-TEST_F(ValueBinding, ValuesHaveThePositionsBehindTheirOption) {
+TEST_F(ValueBinding, ValuesHaveThePositionsAfterTheirOption) {
   EXPECT_EQ("level@+1 c@+2 a@+3 b@+4", bind("c,a,b"));
   EXPECT_EQ(4, drawn);
 }
@@ -146,7 +146,7 @@ TEST_F(ValueBinding, InvalidTokenKeepsEverythingFromBeingStored) {
       "2: Value validation problem in argument '--level=1,x,3': Option 'level' can not parse 'x' "
       "value, requires a type 'integer' here.",
       bind("1,x,3"));
-  EXPECT_EQ("value level=1", handler.events);  // was announced before the problem was met
+  EXPECT_EQ("value level=1", handler.events);  // announced before the invalid token
   EXPECT_EQ(2, drawn);                         // the option and its first value
 }
 
@@ -195,8 +195,9 @@ TEST_F(ValueBinding, CompletedValuesAreAnnouncedAndStored) {
   EXPECT_EQ("value level=slow", handler.events);
 }
 
-// Without a tokenizer the validator completes the value itself, and with one its token.
-TEST_F(ValueBinding, RefusalQuotesWhatWasTypedOnlyWhereItIsSplit) {
+// The validator completes the text that it is given: without a tokenizer the whole value, which the
+// message quotes, and with one only a token.
+TEST_F(ValueBinding, RefusalQuotesTheTypedTextOnlyIfTheValueIsSplit) {
   option.allowValue("fast")->allowValue("slow");
   handler.refusedValues = {"slow"};
   EXPECT_EQ("1: Value 'f,sl' is not valid for option 'level' in argument '--level=f,sl'",
@@ -324,7 +325,7 @@ TEST_F(ValueBindingTrace, CompletedTokenIsTracedAsTypedAndThenAsSent) {
       traceOf("sl"));
 }
 
-TEST_F(ValueBindingTrace, RefusalRunsTogetherWithTheName) {
+TEST_F(ValueBindingTrace, RefusalFollowsTheNameWithoutASeparator) {
   handler.refusedValues = {"a"};
   const string refusal =
       "UndefinedParserValue 'a' is not valid for option 'level' in argument '--level=a' One of "
@@ -343,7 +344,7 @@ TEST_F(ValueBindingTrace, RefusalRunsTogetherWithTheName) {
       traceOf("a"));
 }
 
-// The statement runs in a process of its own, which has drawn nothing yet.
+// The statement runs in a new process, which has not drawn a position yet.
 TEST(PositionCounterDeathTest, FirstPositionOfAProcessIsOneAndTheNextTwo) {
   ::testing::FLAGS_gtest_death_test_style = "threadsafe";
   const auto leaveWithFirstTwo = [] {

@@ -27,7 +27,7 @@ TEST(DashLength, AsciiHyphenHasOneByteAndTypographicDashesHaveThree) {
       {"\u2011", 0},    // non-breaking hyphen
       {"\u2212", 0},    // minus sign
       {"\u00AD", 0},    // soft hyphen
-      {"\xE2\x80", 0},  // the beginning of a dash
+      {"\xE2\x80", 0},  // the first two bytes of a dash
       {"~", 0},        {"a-", 0}, {"", 0},
   };
   for (const auto& c : cases) {
@@ -36,7 +36,7 @@ TEST(DashLength, AsciiHyphenHasOneByteAndTypographicDashesHaveThree) {
   }
 }
 
-TEST(DashLength, IsAskedAtAnyByte) {
+TEST(DashLength, CanBeAskedAtAnyByte) {
   const std::string text = "a-\u2013b";
   EXPECT_EQ(0u, getDashLength(text, 0));
   EXPECT_EQ(1u, getDashLength(text, 1));
@@ -63,12 +63,12 @@ TEST(SplitOptionValue, SplitsAtTheFirstEqualSignOrWhiteSpace) {
       {"--level=", "level", ""},
       {"--level=a=b", "level", "a=b"},
       {"--level==", "level", "="},
-      {"--level= 3", "level", " 3"},  // white space behind the "=" belongs to the value
+      {"--level= 3", "level", " 3"},  // white space after the "=" belongs to the value
       {"--level=3 4", "level", "3 4"},
       {"--level 3", "level", "3"},
-      {"--level \t\n\v\f\r 3", "level", "3"},  // the whole run is skipped
+      {"--level \t\n\v\f\r 3", "level", "3"},  // the whole run of white space is skipped
       {"--level 3 4 ", "level", "3 4 "},
-      {"--level =3", "level", "=3"},  // the white space comes first
+      {"--level =3", "level", "=3"},  // split at the white space, which comes first
       {"--level ", "level", ""},
       {"--=3", "", "3"},
       {"-- 3", "", "3"},

@@ -1,5 +1,5 @@
-// The walk over the arguments: what it shows, what it leaves, and that a driver built on
-// it does exactly what one does that erases from the front of the whole list.
+// The window over the arguments: what it shows and what it leaves. Phase one, which uses a window,
+// is compared with a naive driver that erases arguments from the front of a list.
 
 #include "recognizers/argument_window.h"
 
@@ -41,7 +41,7 @@ TEST(ArgumentWindow, ShowsWhatIsLeft) {
   EXPECT_FALSE(window.empty());
 }
 
-TEST(ArgumentWindow, ShowsFewerAtTheEnd) {
+TEST(ArgumentWindow, ShowsNoSecondArgumentAtTheEnd) {
   WindowOn window({""});
   EXPECT_FALSE(window.empty());
   EXPECT_EQ("", window.front());
@@ -52,7 +52,8 @@ TEST(ArgumentWindow, ShowsFewerAtTheEnd) {
   EXPECT_THROW(window.front(), std::out_of_range);
 }
 
-// What is fetched early is among them, too.
+// The window also reads pointers early, to prefetch their texts. The memory after the last pointer
+// is unreadable: one pointer too many would end the process.
 TEST(ArgumentWindow, ReadsNothingAfterTheLastArgument) {
   const GuardedPage page;
   for (std::size_t count = 0; count < 20; ++count) {
@@ -68,7 +69,7 @@ TEST(ArgumentWindow, ReadsNothingAfterTheLastArgument) {
   }
 }
 
-TEST(ArgumentWindow, HasNothingToShowOfNothing) {
+TEST(ArgumentWindow, OfNoArgumentsIsEmpty) {
   WindowOn window({});
   EXPECT_TRUE(window.empty());
   EXPECT_THROW(window.front(), std::out_of_range);
@@ -91,7 +92,8 @@ TEST(ArgumentWindow, ShowsTheLinesOfATextThatHoldArguments) {
   EXPECT_EQ((Arguments{"-a b", "--level", "3"}), leftOf(before));
 }
 
-// Takes none, one or two arguments a step, as the digits of `script` tell, and stops.
+// Walks `steps` steps. The base-3 digits of `script`, from the lowest on, are the numbers of
+// arguments that the steps take.
 void walk(ArgumentWindow& window, int script, int steps, Arguments& fronts) {
   for (; steps != 0 && !window.empty(); --steps, script /= 3) {
     fronts.emplace_back(window.front());
@@ -129,7 +131,7 @@ TEST(ArgumentWindow, WalksLikeErasingFromTheFront) {
 
 constexpr const char* traceSwitch = "kivooption=kivologenable=1";
 
-// A parser with few options, and everything that phase one shows to the outside.
+// Runs phase one on a few declared options, and renders everything that phase one shows.
 class Declared {
  public:
   Declared(int flags, bool withPositional) : m_flags(flags), m_parser(flags) {
@@ -172,7 +174,8 @@ class Declared {
       option("files", vtString)->positional();
   }
 
-  // Status, message, arguments left, events, trace and result of one phase one.
+  // The status, message, arguments left, events, trace, result and number of positions drawn of one
+  // phase one.
   template <class PhaseOne>
   string observe(const Arguments& args, const RecordingHandler& handler, PhaseOne phaseOne) {
     const ConsoleCapture console;
@@ -233,7 +236,7 @@ class Declared {
   BasicParser m_parser;
 };
 
-// All lists of up to three arguments.
+// All lists of up to three of 14 arguments.
 std::vector<Arguments> allLists() {
   const Arguments alphabet = {
       "--",     "-v",   "--level", "--level=3",      "3",        "-5",       "x", "",
@@ -255,7 +258,7 @@ std::vector<Arguments> allLists() {
 
 class EveryShortList : public ::testing::TestWithParam<int> {};
 
-TEST_P(EveryShortList, IsParsedAsByANaiveDriver) {
+TEST_P(EveryShortList, MatchesTheNaiveDriver) {
   const std::vector<Arguments> lists = allLists();
   ASSERT_EQ(1u + 14 + 14 * 14 + 14 * 14 * 14, lists.size());
   for (const bool withPositional : {false, true}) {

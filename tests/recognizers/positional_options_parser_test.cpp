@@ -23,7 +23,7 @@ using testing::WindowOn;
 
 constexpr int noDashes = parserFlags::dashArgumentsAreNeverPositional;
 
-// The recognizer alone, over a list of options of its own.
+// The recognizer without a parser, with its own list of options.
 class PositionalRecognizer : public ::testing::Test {
  protected:
   OptionDescription& declare(const char* name) {
@@ -52,7 +52,7 @@ class PositionalRecognizer : public ::testing::Test {
   DeclarationSummary summary{options, &garbage.memory()};
   PositionalOptionsParser parser{&handler, &garbage.memory(), 0, summary};
   ParseResult result;
-  std::vector<string> args;  // what is left of those given last
+  std::vector<string> args;  // the arguments that the last call has left
   unsigned int optionIndex = 77;
   string message = "untouched";
 };
@@ -77,7 +77,7 @@ TEST_F(PositionalRecognizer, OnDemandClaimsNothingThatBeginsWithAHyphen) {
   declare("files").positional();
   for (const char* argument : {"-", "-zz", "--level", "--"})
     EXPECT_EQ(1, recognize(argument, noDashes)) << argument;
-  for (const char* argument : {"x", "", "x-", "\u2013zz"})  // of the dashes the hyphen alone
+  for (const char* argument : {"x", "", "x-", "\u2013zz"})  // of all dashes only the hyphen counts
     EXPECT_EQ(0, recognize(argument, noDashes)) << argument;
 }
 
@@ -105,7 +105,7 @@ TEST_F(PositionalRecognizer, BindsToTheFirstPositionalOption) {
   EXPECT_FALSE(result.options().find("more"));
 }
 
-TEST_F(PositionalRecognizer, EachCallTakesInWhatWasDeclaredSinceTheOneBefore) {
+TEST_F(PositionalRecognizer, EachCallKnowsWhatWasDeclaredSinceTheLastOne) {
   declare("level");
   EXPECT_EQ(1, recognize("a", 0));
   declare("files").positional();
@@ -202,7 +202,7 @@ TEST(PositionalOption, BooleanIsReadAsADigit) {
 TEST(PositionalOption, ArgumentsAreAnnounced) {
   Command command;
   RecordingHandler handler;
-  handler.acceptsOptions = false;  // makes no difference
+  handler.acceptsOptions = false;  // has no effect
   command.parser().addHandler(&handler);
   command.option("files,f", vtString)->positional();
   EXPECT_EQ(0, command.parse({"a,b", ""}));

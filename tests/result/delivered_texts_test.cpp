@@ -125,7 +125,7 @@ TEST_F(Delivered, ATypedTextOutlivesTheResult) {
   EXPECT_STREQ("a text", value.value.get<const char*>());
 }
 
-// A synonym that came later makes each name store for itself.
+// A synonym that is added between two parses gives each name a record of its own.
 TEST_F(Delivered, TypedTextsAreSharedWhereNamesAreStoredApart) {
   IOption* const option = command.option("word", vtString);
   command.parse({"--word=a"});
@@ -143,7 +143,7 @@ TEST_F(Delivered, TypedTextsAreSharedWhereAnOptionHasOneNameTwice) {
   command.option("twice,twice", vtString);
   command.parse({"--twice=a", "--twice=b"});
   const std::vector<Value> all = values(result(), "twice");
-  ASSERT_EQ(3u, all.size());  // a later occurrence is there under each name
+  ASSERT_EQ(3u, all.size());  // the second occurrence is stored once per name
   EXPECT_STREQ("b", all[1].text);
   EXPECT_EQ(characters(all[1]), characters(all[2]));
 }

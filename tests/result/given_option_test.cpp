@@ -1,4 +1,5 @@
-// What a result keeps of one option: occurrences in the order in which they come.
+// What a result stores for one option: occurrences and values in the order in which they are
+// stored.
 
 #include "result/given_option.h"
 
@@ -15,7 +16,7 @@ using testing::AllocationLimit;
 using testing::Failing;
 using testing::render;
 
-// One occurrence with two values right behind it.
+// One occurrence, with two values at the next two positions.
 OptionData occurrence(int position) {
   OptionData data;
   data.positions = {position};
@@ -90,7 +91,7 @@ TEST(GivenOption, RoomThatWasMadeIsEnoughAtEverySize) {
   EXPECT_EQ(6u * 133, given.values.size());
 }
 
-TEST(GivenOption, GivenOnceTakesNoMemory) {
+TEST(GivenOption, OneOccurrenceTakesNoMemory) {
   OwnedMemoryOf<640> memory;
   void* const before = memory.allocate(8);
   memory.deallocate(before, 8);
@@ -104,7 +105,7 @@ TEST(GivenOption, GivenOnceTakesNoMemory) {
   EXPECT_EQ(before, memory.allocate(8));
 }
 
-TEST(GivenOption, TakesWhatAnotherHas) {
+TEST(GivenOption, AppendsWhatAnotherHas) {
   OwnedMemoryOf<640> memory;
   GivenOption first;
   GivenOption second;

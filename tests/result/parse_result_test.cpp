@@ -24,7 +24,7 @@ using testing::givenTo;
 using testing::makeOption;
 using testing::render;
 
-// One occurrence with one value right behind it.
+// One occurrence, with a value at the next position.
 OptionData occurrence(int position, const char* value) {
   OptionData data;
   data.positions = {position};
@@ -36,7 +36,7 @@ void store(const std::vector<string>& names, OptionData data, ParseResult& resul
   result.store(makeOption(names, vtString), data);
 }
 
-// "@1 a@2", "(a@3)" for a default alone.
+// Renders what is stored under a name: "@1 a@2 (a@3)", with the default in parentheses.
 string entry(const ParseResult& result, const char* name) {
   const auto number = result.options().find(name);
   const auto standby = result.options().findDefault(name);
@@ -246,7 +246,7 @@ TEST(Defaults, AreDrawnAfreshByEachParseIntoTheSameResult) {
   EXPECT_EQ("level=3@+2 level(2)@+4 level=4@+5", command.render());
 }
 
-TEST(Defaults, ThatHaveChangedLeaveTheirTexts) {
+TEST(Defaults, ThatHaveChangedKeepTheirFormerTextsValid) {
   Command command;
   IOption* const option = command.option("level,l", vtS32);
   command.parse({});
@@ -261,7 +261,7 @@ TEST(Defaults, ThatHaveChangedLeaveTheirTexts) {
   EXPECT_EQ(2u, command.result().options().names().size());
 }
 
-TEST(Defaults, OfSeveralParsersTakeEachOthersPlaceNameByName) {
+TEST(Defaults, OfSeveralParsersReplaceEachOtherNameByName) {
   Command one;
   Command other;
   one.option("a,b", vtString)->defaultValue("of one");

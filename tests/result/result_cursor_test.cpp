@@ -46,7 +46,7 @@ class Reading : public ::testing::Test {
     result.store(makeOption({name}, vtString), data);
   }
 
-  // Known through its default alone.
+  // Stores a default and no occurrence.
   void storeDefault(const char* name, const char* text, int position) {
     OptionDescription option = makeOption({name}, vtString);
     option.defaultValue(text);
@@ -60,7 +60,7 @@ class Reading : public ::testing::Test {
   }
   string next() { return shown(result.next("level")); }
 
-  // All values by one get() and as many next().
+  // All values of the range: one get(), then next() until there is no value.
   string all(const char* name, int from = 0, int to = lastPosition) {
     string text = get(name, from, to);
     for (string value = next(); value != "-"; value = next())
@@ -116,7 +116,7 @@ TEST_F(Reading, ValueAtTheUpperBoundIsInside) {
 TEST_F(Reading, ValueBelowTheRangeIsSkipped) {
   store("level", {1, 4}, {{"a", 2}, {"b", 3}, {"c", 5}});
   EXPECT_EQ("c@5", all("level", 4, 2147483647));
-  EXPECT_EQ("b@3 c@5", all("level", 3, 2147483647));  // its occurrence is before the range
+  EXPECT_EQ("b@3 c@5", all("level", 3, 2147483647));  // the occurrence of "b" is before the range
 }
 
 TEST_F(Reading, RangeWithAnOccurrenceButNoValueIsEmpty) {
@@ -142,7 +142,7 @@ TEST_F(Reading, ValueAboveTheRangeKeepsTheCursor) {
 TEST_F(Reading, UnknownOptionIsNothing) {
   store("level", {1}, {{"a", 2}});
   EXPECT_TRUE(result.present("level", 0, lastPosition));
-  EXPECT_FALSE(result.present("lev", 0, lastPosition));  // names are not shortened here
+  EXPECT_FALSE(result.present("lev", 0, lastPosition));  // a result knows no abbreviations
   EXPECT_EQ("-", next());
   EXPECT_EQ("-", get("LEVEL"));
   EXPECT_EQ("-", next());
@@ -168,7 +168,7 @@ TEST_F(Reading, BeforeAnySelectionThereIsNothingNext) {
   EXPECT_EQ(2147483647, result.nextPosition());
 }
 
-TEST_F(Reading, NextLooksAtNoName) {
+TEST_F(Reading, NextIgnoresTheName) {
   store("level", {1}, {{"a", 2}, {"b", 3}, {"c", 4}});
   store("depth", {5}, {{"x", 6}});
   EXPECT_EQ("a@2", get("level"));
@@ -220,7 +220,8 @@ TEST_F(Reading, DefaultIsDeliveredOnceAfterPresentInAnyRange) {
   EXPECT_EQ("-", next());
 }
 
-// These bounds are the mark that present() leaves, so the default comes once more.
+// present() sets these bounds to mark a default that next() has yet to deliver, so the default is
+// delivered once more.
 TEST_F(Reading, DefaultComesTwiceInTheRangeAtTheVeryEnd) {
   storeDefault("level", "high", 3);
   EXPECT_EQ("high@3", get("level", lastPosition, lastPosition));
@@ -234,7 +235,7 @@ TEST_F(Reading, DefaultHasNoOccurrence) {
   EXPECT_EQ(2147483647, result.nextPosition());
 }
 
-TEST_F(Reading, OccurrenceStoredBehindAQueryForTheDefaultIsTheFirst) {
+TEST_F(Reading, OccurrenceStoredAfterAQueryForTheDefaultIsTheFirst) {
   storeDefault("level", "high", 3);
   EXPECT_EQ("high@3", get("level"));
   store("level", {4}, {{"a", 5}});
@@ -282,7 +283,7 @@ TEST_F(Reading, PositionsAreWalkedAfterPresent) {
   EXPECT_EQ(2147483647, result.nextPosition());
 }
 
-TEST_F(Reading, WalkOfPositionsBeginsInTheRangeAndIsNotEndedByIt) {
+TEST_F(Reading, WalkOfPositionsBeginsInTheRangeAndContinuesAfterIt) {
   store("flag", {1, 4, 9}, {});
   EXPECT_TRUE(result.present("flag", 3, 5));
   EXPECT_EQ(4, result.nextPosition());
@@ -381,7 +382,7 @@ TEST_F(Reading, LastValueOfNothingIsNoValue) {
   EXPECT_EQ("-", shown(getLastValue(nullptr, nullptr, 0, lastPosition)));
 }
 
-// A result of the tool's own. Its values have a text and a position even where they are empty.
+// A result that a tool implements. Its values have a text and a position even if they are empty.
 class OddResult final : public IParseResult {
  public:
   explicit OddResult(int count) : m_left(count) {}
@@ -467,7 +468,7 @@ TEST(LeftoverArguments, CursorSurvivesWhatIsAddedMeanwhile) {
   EXPECT_STREQ("b", text);
 }
 
-TEST_F(Reading, CursorBehindTheEndOfAnEntryTakenOverHasNothingLeft) {
+TEST_F(Reading, CursorPastTheEndOfAReplacedEntryHasNothingLeft) {
   store("shared", {1}, {{"a", 2}, {"b", 3}, {"c", 4}});
   EXPECT_EQ("a@2", get("shared"));
   EXPECT_EQ("b@3", next());
@@ -492,7 +493,7 @@ TEST_F(Reading, LeftoverArgumentsAreWalkedApartFromOptions) {
   EXPECT_EQ("b@3", next());
 }
 
-// What get() and next() find, by looking at every occurrence and every value in turn.
+// The values that get() and next() must find, by a linear search of all occurrences and values.
 string walked(const GivenOption& data, int from, int to) {
   bool occurs = false;
   for (const int at : data.positions)
@@ -507,7 +508,7 @@ string walked(const GivenOption& data, int from, int to) {
   return texts;
 }
 
-// A parse that stores into the result in the midst of another leaves such lists.
+// Positions do not ascend if one parse stored into the result during another one.
 TEST(Occurrences, InAnyOrderAreReadAsIfWalked) {
   constexpr int largest = 8;
   std::mt19937 random(1);
@@ -533,8 +534,8 @@ TEST(Occurrences, InAnyOrderAreReadAsIfWalked) {
   }
 }
 
-// The range that present() leaves for a default, given by the tool itself.
-TEST(ReadingDefaults, InTheEmptyRangeAtTheEndThereIsNothingToDeliverWithoutADefault) {
+// The tool passes the bounds that present() sets to mark a default.
+TEST(ReadingDefaults, TheEmptyRangeAtTheEndDeliversOnlyDefaults) {
   testing::Command command;
   command.option("level", vtString)->defaultValue("");
   command.option("depth", vtS32)->defaultValue(2);

@@ -1,4 +1,4 @@
-// What a result holds under each name, against a naive one that writes everything for
+// Compares what a result stores under each name with a naive result, which stores everything for
 // every name separately.
 
 #include "result/stored_options.h"
@@ -23,10 +23,10 @@ using std::string;
 
 constexpr const char* longText = "a text too long to be kept without memory";
 
-// The same stored in both ways.
+// Stores the same in StoredOptions and in a naive result.
 class TwoWays {
  public:
-  // An occurrence with so many values. Every other one is a number.
+  // Stores an occurrence with `values` values, of which every other one is a number.
   void store(const Names& names, int values = 1, std::uint64_t option = 0) {
     NaiveResult::Entry entry = {{IArgumentParser::getNewPositionIndex()}, {}};
     for (; values != 0; --values) {
@@ -57,7 +57,7 @@ class TwoWays {
     EXPECT_EQ(position, IArgumentParser::m_idx);
   }
 
-  // "a: @1 v2@2; b: (d@3)"
+  // Renders all names: "a: @1 v2@2; b: (d@3); ".
   string expected() const {
     string all;
     for (const auto& [name, entry] : m_naive.entries()) {
@@ -83,7 +83,7 @@ class TwoWays {
   }
 
  private:
-  // A default does not show beside what was given.
+  // A default is rendered only if nothing was given under the name.
   static string told(const string& name, const string& given,
                      const std::optional<NaiveResult::Piece>& standby) {
     string text = name + ": " + given;
@@ -137,7 +137,7 @@ TEST_F(Storing, NamesOfOneOptionShareTheirData) {
   EXPECT_EQ(shared, &options.given(*options.find("c")));
 }
 
-TEST_F(Storing, NamesShareTheirDataStillWhenAnotherHasItsOwn) {
+TEST_F(Storing, NamesStillShareTheirDataWhenAnotherHasItsOwn) {
   OwnedMemoryOf<640> memory;
   StoredOptions options(memory);
   OptionData data;
@@ -176,7 +176,7 @@ TEST_F(Storing, OccurrencesBetweenThoseOfAnotherOptionAreKeptApart) {
       stored());
 }
 
-TEST_F(Storing, TextsStayTheCallers) {
+TEST_F(Storing, TextsAreNotCopied) {
   OwnedMemoryOf<640> memory;
   StoredOptions options(memory);
   const char* const number = "17";
@@ -203,7 +203,7 @@ TEST_F(Storing, WithoutANameIsOutOfRange) {
   EXPECT_TRUE(options.names().empty());
 }
 
-TEST_F(Storing, TheFirstOccurrenceOfALaterOptionTakesTheSharedNameOver) {
+TEST_F(Storing, TheFirstOccurrenceOfALaterOptionReplacesTheSharedName) {
   both.store({"a", "x"});
   both.store({"b", "x"});
   EXPECT_EQ("a: @1 v2@2; b: @3 v4@4; x: @3 v4@4; ", stored());
@@ -219,7 +219,7 @@ TEST_F(Storing, LaterOccurrencesOfBothAreKeptApartAndAddUpUnderTheSharedName) {
   EXPECT_EQ("a: @1 @3 @5; b: @2 @4; x: @2 @3 @4 @5; ", stored());
 }
 
-TEST_F(Storing, OneOptionMayBeThreeOthersByAName) {
+TEST_F(Storing, OneOptionMayShareNamesWithSeveralOthers) {
   for (int round = 0; round < 2; ++round) {
     both.store({"a", "x"}, 0);
     both.store({"b", "y"}, 0);
@@ -246,7 +246,7 @@ TEST_F(Storing, OneNameTwiceTakesMemoryInProportionToItsOccurrences) {
     options.store({"a", "a"}, data, 1);
   }
   EXPECT_EQ(31'999u, options.given(*options.find("a")).positions.size());
-  EXPECT_GT(before + 20, liveBlocks());  // each is four times as large as the one before it
+  EXPECT_GT(before + 20, liveBlocks());  // blocks grow fourfold, so there are few
 }
 
 TEST_F(Storing, OneNameTwiceBesideAnotherHasLaterOccurrencesTwice) {
@@ -255,7 +255,7 @@ TEST_F(Storing, OneNameTwiceBesideAnotherHasLaterOccurrencesTwice) {
   EXPECT_EQ("a: @1 @2 @2; b: @1 @2; ", stored());
 }
 
-TEST_F(Storing, ANameAddedBetweenHasWhatWasGivenSince) {
+TEST_F(Storing, ANameAddedBetweenTwoOccurrencesHasOnlyTheSecond) {
   both.store({"a"}, 0);
   both.store({"a", "b"}, 0);
   EXPECT_EQ("a: @1 @2; b: @2; ", stored());
@@ -263,7 +263,7 @@ TEST_F(Storing, ANameAddedBetweenHasWhatWasGivenSince) {
   EXPECT_EQ("a: @1 @2 @3; b: @2 @3; ", stored());
 }
 
-TEST_F(Storing, AListThatBeginsAsAnotherIsAnother) {
+TEST_F(Storing, AListThatIsAPrefixOfAnotherIsStoredApart) {
   both.store({"a", "b"}, 0);
   both.store({"a"}, 0);
   EXPECT_EQ("a: @1 @2; b: @1; ", stored());
@@ -271,8 +271,8 @@ TEST_F(Storing, AListThatBeginsAsAnotherIsAnother) {
   EXPECT_EQ("a: @1 @2 @3; b: @1 @3; ", stored());
 }
 
-// By their default the result knows the option, whatever was given.
-TEST_F(Storing, AnOptionWithADefaultTakesNothingOver) {
+// A default makes the result know the option, so its first occurrence replaces nothing.
+TEST_F(Storing, AnOptionWithADefaultReplacesNothing) {
   OptionList options;
   options.push_back(makeOption({"b", "x"}, vtString));
   options.back().defaultValue("d");
@@ -353,8 +353,8 @@ OptionList randomOptions(Random& random) {
   return options;
 }
 
-// Few names and many options, so that they share them in every way.
-TEST_F(Storing, DoesAsANaiveResultWhateverNamesAreShared) {
+// Few names and many options, so that options share names in every way.
+TEST_F(Storing, MatchesANaiveResultWhateverNamesAreShared) {
   Random random(20261121);
   for (int round = 0; round < 2'000; ++round) {
     TwoWays result;
@@ -376,7 +376,7 @@ TEST_F(Storing, DoesAsANaiveResultWhateverNamesAreShared) {
   }
 }
 
-TEST_F(Storing, DoesAsANaiveResultWithManyNames) {
+TEST_F(Storing, MatchesANaiveResultWithManyNames) {
   OptionList options;
   for (int number = 0; number < 500; ++number)
     options.push_back(makeOption({"option" + std::to_string(number), "o" + std::to_string(number),
@@ -398,7 +398,7 @@ OptionData twoValues(int position) {
   return data;
 }
 
-// What a result holds before memory runs out, and so many bytes left where it cuts pieces from.
+// A result with some contents, whose arena has fewer than `left` + 8 bytes free in its block.
 struct Filled {
   explicit Filled(std::size_t left) {
     OptionDescription option = makeOption({"x", "y", "new"}, vtString, &garbage);
@@ -414,7 +414,7 @@ struct Filled {
       memory.allocate(8);
   }
 
-  // "a: @1 x@2; new: (d@3)"
+  // Renders all names: "a: @1 x@2; new: default; ".
   string told() const {
     string all;
     for (const std::string_view name : stored.names()) {
@@ -429,7 +429,7 @@ struct Filled {
   StoredOptions stored{memory};
 };
 
-// Whether memory ran out, with so many allocations allowed.
+// Stores an occurrence while only `allowed` allocations succeed. Returns whether memory ran out.
 bool storeWithLittleMemory(const Names& names, std::size_t left, long allowed) {
   Filled result(left);
   const string before = result.told();
@@ -454,7 +454,7 @@ bool storeWithLittleMemory(const Names& names, std::size_t left, long allowed) {
   return raised;
 }
 
-TEST_F(Storing, StoresNothingHalfWhenMemoryRunsOut) {
+TEST_F(Storing, StoresAllOrNothingWhenMemoryRunsOut) {
   const Names cases[] = {{"a", "b"},      {"b", "c"},      {"x"},          {"x", "y"}, {"x", "a"},
                          {"n", "m", "o"}, {"a", "b", "n"}, {"a", "y"},     {"n", "a"}, {"b", "new"},
                          {"x", "x"},      {"a", "a"},      {"a", "n", "y"}};
@@ -468,13 +468,13 @@ TEST_F(Storing, StoresNothingHalfWhenMemoryRunsOut) {
         ++failures;
       EXPECT_EQ(blocks, liveBlocks());
       if (HasFailure())
-        return;  // those that follow would say the same
+        return;  // larger sizes would fail in the same way
     }
     EXPECT_LT(0, failures);
   }
 }
 
-// Defaults of this text for options of these names.
+// The default `text` for one option of each name.
 std::shared_ptr<const DeclaredDefaults> defaultsOf(const std::vector<string>& names,
                                                    const char* text, Garbage& garbage) {
   const auto defaults = std::make_shared<DeclaredDefaults>();
@@ -486,7 +486,7 @@ std::shared_ptr<const DeclaredDefaults> defaultsOf(const std::vector<string>& na
   return defaults;
 }
 
-// "a=first b=second"
+// All defaults by name: "a=first b=second".
 string defaultsIn(const StoredOptions& stored) {
   string all;
   for (const std::string_view name : stored.names())
@@ -494,7 +494,7 @@ string defaultsIn(const StoredOptions& stored) {
   return all;
 }
 
-TEST_F(Storing, LaterDefaultsTakeThePlaceOfFormerOnes) {
+TEST_F(Storing, LaterDefaultsReplaceFormerOnes) {
   Garbage garbage;
   OwnedMemoryOf<640> memory;
   StoredOptions stored(memory);
@@ -506,7 +506,7 @@ TEST_F(Storing, LaterDefaultsTakeThePlaceOfFormerOnes) {
   EXPECT_EQ("a=later b=second c=later", defaultsIn(stored));
 }
 
-TEST_F(Storing, FormerDefaultsThatAllHaveBeenReplacedAreFreed) {
+TEST_F(Storing, FormerDefaultsAreFreedOnceAllAreReplaced) {
   Garbage garbage;
   OwnedMemoryOf<640> memory;
   StoredOptions stored(memory);
@@ -522,7 +522,7 @@ TEST_F(Storing, FormerDefaultsThatAllHaveBeenReplacedAreFreed) {
   EXPECT_EQ("a=third b=third c=third", defaultsIn(stored));
 }
 
-// As a parse does that converts each default anew.
+// A parse that converts each default anew adds the defaults after it has applied them.
 TEST_F(Storing, DefaultsMayBeAddedWhileTheyAreApplied) {
   Garbage garbage;
   OwnedMemoryOf<640> memory;

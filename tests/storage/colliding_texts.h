@@ -1,6 +1,6 @@
 #pragma once
 
-// Texts that share a hash where the key of the hash is known.
+// Texts whose hashes collide under a known key.
 
 #include <cstdint>
 #include <cstring>
@@ -11,7 +11,7 @@
 
 namespace kivo_3_3::testing {
 
-// Not the key of the process, which nobody outside knows.
+// A fixed key. The key of the process is secret, so no texts can be made to collide under it.
 constexpr HashKey knownKey = {0x243F6A8885A308D3, 0x13198A2E03707345};
 
 inline bool isUsableInAnArgument(std::uint64_t eightCharacters) {
@@ -28,8 +28,8 @@ inline std::string textOf(std::uint64_t first, std::uint64_t second) {
   return text;
 }
 
-// `count` texts of 16 characters with one hash under the known key: the second half of each
-// makes up for what the first half did to the hash.
+// `count` texts of 16 characters with one hash under the known key: in each text, the second half
+// cancels the effect of the first half.
 inline std::vector<std::string> textsOfOneHash(std::size_t count) {
   std::vector<std::string> texts;
   for (std::uint64_t number = 0; texts.size() < count; ++number) {
@@ -44,7 +44,7 @@ inline std::vector<std::string> textsOfOneHash(std::size_t count) {
   return texts;
 }
 
-// The hash that tables used to go by: a multiplication without a key.
+// The hash function of former versions: multiplications by a constant, without a key.
 inline std::uint64_t formerHashOf(const std::string& text) {
   const auto mixed = [](std::uint64_t bits) { return bits * 0x9E3779B97F4A7C15; };
   std::uint64_t hash = text.size();
@@ -56,8 +56,8 @@ inline std::uint64_t formerHashOf(const std::string& text) {
   return hash;
 }
 
-// `count` texts of 40 characters that have 256 former hashes in all, because they differ in the
-// last of each eight characters alone.
+// `count` texts of 40 characters that have at most 256 former hashes in all: they differ only in
+// the last of each eight characters, which reaches only the top byte of the hash.
 inline std::vector<std::string> textsOfOneFormerHash(std::size_t count) {
   std::vector<std::string> texts;
   for (std::uint64_t number = 0; texts.size() < count; ++number) {

@@ -68,13 +68,13 @@ TEST(Garbage, WhatIsKeptStaysInPlaceWhateverFollows) {
   }
 }
 
-TEST(Garbage, EachKeepsItsOwn) {
+TEST(Garbage, EachObjectKeepsItsOwnTexts) {
   Garbage first;
   Garbage second;
   EXPECT_NE(first.init("text"), second.init("text"));
 }
 
-TEST(Garbage, WhereMemoryRunsOutATextIsTheEmptyOneOrAnException) {
+TEST(Garbage, WhenMemoryRunsOutInitGivesTheEmptyTextAndKeepRaises) {
   Garbage garbage;
   const std::string text(10'000, 'x');
   {

@@ -21,7 +21,7 @@ class Interned : public ::testing::Test {
   InternedTexts texts{memory};
 };
 
-TEST_F(Interned, TheFirstOfEqualTextsStandsForAll) {
+TEST_F(Interned, EqualTextsGiveTheAddressOfTheFirst) {
   const string first = "a text";
   const string second = "a text";
   EXPECT_EQ(first.c_str(), texts.intern(first.c_str()));
@@ -45,7 +45,7 @@ TEST_F(Interned, ACopyOutlivesItsText) {
   EXPECT_EQ(kept, texts.internCopy("a text"));
 }
 
-TEST_F(Interned, BeginningsOfATextAreOtherTexts) {
+TEST_F(Interned, PrefixesOfATextAreOtherTexts) {
   for (const char* text : {"", "a", "ab", "abc", "abcdefgh", "abcdefghi"})
     EXPECT_EQ(text, texts.intern(text));
 }
@@ -60,7 +60,7 @@ TEST_F(Interned, ManyTextsAreFoundAgain) {
     ASSERT_EQ(text.c_str(), texts.intern(string(text).c_str()));
 }
 
-// Only a large set does anything for them.
+// prefetch() has an effect only in a large set; one of 20,000 texts is large enough.
 TEST_F(Interned, PrefetchedTextsAreFoundLikeOthers) {
   std::vector<string> all;
   for (int number = 0; number < 40'000; ++number)
@@ -84,7 +84,7 @@ TEST_F(Interned, ATextThatIsThereNeedsNoMemory) {
   }
 }
 
-TEST(InternedTexts, AreAsTheyWereWhenMemoryRunsOut) {
+TEST(InternedTexts, StayUnchangedWhenMemoryRunsOut) {
   constexpr int count = 300;
   std::vector<string> all;
   for (int number = 0; number < count; ++number)

@@ -38,7 +38,7 @@ class Table : public ::testing::Test {
     return entry != nullptr ? std::to_string(table.numberOf(*entry)) : "none";
   }
 
-  // The entries of this name, in the order in which a search comes upon them.
+  // The tags of all entries with this name, in the order in which a search finds them.
   Numbers row(std::string_view name) const {
     std::vector<int> tags;
     const Entry* const none = table.find(name, [&](const Entry& entry) {
@@ -53,8 +53,8 @@ class Table : public ::testing::Test {
   NameTable<Entry> table{&memory};
 };
 
-// All characters, and the end as well.
-TEST(HashedName, IsTheSameOnlyWhereAllOfItIs) {
+// Equality depends on every character and on the length.
+TEST(HashedName, EqualsOnlyTheSameText) {
   for (std::size_t size = 0; size < 50; ++size) {
     string text;
     for (std::size_t place = 0; place < size; ++place)
@@ -79,8 +79,9 @@ TEST(HashedName, MadeOfNothingIsTheEmptyText) {
   EXPECT_FALSE(HashedName() == HashedName("a"));
 }
 
-// A bit that has no share would make a text of another stand for this one.
-TEST(HashedName, EveryBitOfAShortTextHasAShare) {
+// Up to eight characters, equal hash and length count as equal text: a bit that did not change the
+// hash would make two names equal.
+TEST(HashedName, EveryBitOfAShortTextChangesTheHash) {
   for (const char all : {'\0', 'a', 'b', '\x80', '\xff'}) {
     for (std::size_t size = 1; size <= 8; ++size) {
       const string text(size, all);
@@ -93,7 +94,7 @@ TEST(HashedName, EveryBitOfAShortTextHasAShare) {
   }
 }
 
-// Tables go by the highest bits: these of 1,024 places.
+// The first slot in a table of 1,024 slots: the ten high bits of the hash.
 std::size_t placeIn1024(const string& name) {
   return static_cast<std::size_t>(HashedName(name).hash >> (64 - 10));
 }
@@ -131,7 +132,7 @@ TEST(HashedName, HasAHashOfItsOwnForEveryTextOfTwoCharacters) {
   EXPECT_EQ(256u * 256u, hashes.size());
 }
 
-TEST(HashedName, LongTextsOfOneHashAreToldApart) {
+TEST(HashedName, LongTextsOfOneHashAreDistinguished) {
   const string text = "a name of more than eight characters";
   for (std::size_t place = 0; place < text.size(); ++place) {
     string changed = text;
@@ -142,7 +143,7 @@ TEST(HashedName, LongTextsOfOneHashAreToldApart) {
   }
 }
 
-TEST(HashedName, ShorterTextsOfOneHashAreToldApart) {
+TEST(HashedName, ShorterTextsOfOneHashAreDistinguished) {
   HashedName other("a name");
   other.hash = HashedName("a nam").hash;
   EXPECT_FALSE(other == HashedName("a nam"));
@@ -169,7 +170,7 @@ TEST_F(Table, MakesRoomForManyEntriesAtOnce) {
     ASSERT_EQ(std::to_string(number), found(names[number - 1]));
 }
 
-TEST_F(Table, FindsNothingInNothing) {
+TEST_F(Table, FindsNothingWhenEmpty) {
   EXPECT_EQ("none", found("a"));
   EXPECT_EQ("none", found(""));
   EXPECT_TRUE(table.entries().empty());
@@ -224,7 +225,7 @@ TEST_F(Table, AddsOnlyWhatIsNotThere) {
   EXPECT_EQ(7, table[7].tag);
 }
 
-TEST_F(Table, AddsNothingWhereNothingIsMade) {
+TEST_F(Table, AddsNothingWhenMakingTheEntryRaises) {
   add("a");
   const auto make = []() -> Entry { throw std::bad_alloc(); };
   EXPECT_EQ(&table[0], &table.findOrAdd("a", make));
@@ -244,7 +245,7 @@ TEST_F(Table, WhatIsThereIsFoundWithoutMemory) {
   }
 }
 
-// Only by its hash it would be found.
+// `other` has the hash of another name: a search that compared only hashes would find that name.
 TEST_F(Table, TellsNamesOfOneHashApart) {
   HashedName other("another name");
   other.hash = HashedName("the one name").hash;
@@ -261,7 +262,7 @@ TEST_F(Table, AnEntryCanBeChangedUnderItsName) {
   EXPECT_EQ(7, table.find("a")->tag);
 }
 
-// Some names twice and more often, whatever they are.
+// 20,000 entries with at most 15,000 names: some names occur several times.
 TEST_F(Table, FindsThousandsOfNamesAsAMapDoes) {
   std::mt19937 random(20261121);
   std::map<string, Numbers> expected;
@@ -280,9 +281,9 @@ TEST_F(Table, FindsThousandsOfNamesAsAMapDoes) {
   }
 }
 
-constexpr std::size_t firstSize = 32;  // two to the power of 5
+constexpr std::size_t firstSize = 32;  // slots, of which the 5 high bits of a hash choose one
 
-// A name of which the search begins at this place in a table of the first size.
+// A name whose first slot is `place` in a table of `firstSize` slots.
 string nameFor(std::size_t place) {
   for (int number = 0;; ++number) {
     const string name = "name" + std::to_string(number);
@@ -291,8 +292,9 @@ string nameFor(std::size_t place) {
   }
 }
 
-// Those behind the end of the table stand at its begin, ahead of others of their name.
-TEST(NameTable, KeepsARowInOrderThatWrapsRoundTheEndWhileItGrows) {
+// A row of equal names that passes the last slot continues in the first one. A table that grew by
+// walking its slots would change the order of these names.
+TEST(NameTable, KeepsTheOrderOfARowThatWrapsAroundWhileItGrows) {
   for (std::size_t place = 0; place < firstSize; ++place) {
     const string name = nameFor(place);
     for (std::size_t ahead = 0; ahead < 8; ++ahead) {
@@ -316,7 +318,7 @@ TEST(NameTable, KeepsARowInOrderThatWrapsRoundTheEndWhileItGrows) {
   }
 }
 
-// An entry at every size at which the table may have to grow.
+// Adds an entry at every size below 300, since the table grows at some of these sizes.
 TEST(NameTable, NothingChangesWhenMemoryRunsOut) {
   bool hasFailed = false;
   for (int count = 0; count < 300; ++count) {

@@ -1,5 +1,5 @@
-// Memory that ends with its owner: small blocks together with it, large ones when they
-// are given back.
+// The arena: small pieces are freed with it, and large ones when they are deallocated, or with it
+// if they were allocated for good.
 
 #include "storage/owned_memory.h"
 
@@ -30,7 +30,7 @@ TEST(OwnedMemory, FewSmallBlocksTakeNothingFromTheHeap) {
   EXPECT_EQ(before, liveBlocks());
 }
 
-TEST(OwnedMemory, TheInsideIsUsedToItsLastByte) {
+TEST(OwnedMemory, TheInlineBlockIsUsedToItsLastByte) {
   const long before = liveBlocks();
   OwnedMemoryOf<640> pieces;
   EXPECT_NE(nullptr, pieces.allocate(600));
@@ -44,10 +44,10 @@ TEST(OwnedMemory, TheInsideIsUsedToItsLastByte) {
   EXPECT_EQ(before + 2, liveBlocks());
 }
 
-// Beyond this a piece comes and goes by itself.
+// Bytes of the largest piece that shares a block. Larger pieces are allocated and freed one by one.
 constexpr std::size_t largestSmall = 1'536;
 
-TEST(OwnedMemory, IsCutUpForPiecesAndTextsUpToACertainSize) {
+TEST(OwnedMemory, PiecesShareABlockUpToACertainSize) {
   const long before = liveBlocks();
   OwnedMemoryOf<4 * largestSmall> memory;
   EXPECT_NE(nullptr, memory.allocate(largestSmall));
@@ -61,14 +61,14 @@ TEST(OwnedMemory, IsCutUpForPiecesAndTextsUpToACertainSize) {
   EXPECT_EQ(before + 1, liveBlocks());
 }
 
-TEST(OwnedMemory, TextsBeginANewBlockUpToACertainSize) {
+TEST(OwnedMemory, TextsShareABlockUpToACertainSize) {
   const long before = liveBlocks();
   OwnedMemoryOf<640> memory;
   memory.copy(std::string(largestSmall - 1, 'x'));
   EXPECT_EQ(before + 1, liveBlocks());
-  memory.copy(std::string(800, 'x'));  // there is room left in that block
+  memory.copy(std::string(800, 'x'));  // fits into the rest of that block
   EXPECT_EQ(before + 1, liveBlocks());
-  memory.copy(std::string(largestSmall, 'x'));  // which has a block to itself
+  memory.copy(std::string(largestSmall, 'x'));  // too large to share a block
   EXPECT_EQ(before + 2, liveBlocks());
   memory.copy(std::string(200, 'x'));
   EXPECT_EQ(before + 2, liveBlocks());
@@ -103,7 +103,7 @@ TEST(OwnedMemory, ManySmallBlocksComeFromAFewLargerOnes) {
   EXPECT_EQ(before, liveBlocks());
 }
 
-TEST(OwnedMemory, OfSmallBlocksTheLastOneIsUsedAgain) {
+TEST(OwnedMemory, OfSmallPiecesOnlyTheLastIsReused) {
   OwnedMemoryOf<640> memory;
   void* const first = memory.allocate(99);
   void* const last = memory.allocate(99);
@@ -113,7 +113,7 @@ TEST(OwnedMemory, OfSmallBlocksTheLastOneIsUsedAgain) {
   EXPECT_EQ(last, memory.allocate(10));
 }
 
-TEST(OwnedMemory, LargeBlocksComeAndGoOneByOne) {
+TEST(OwnedMemory, LargePiecesAreAllocatedAndFreedOneByOne) {
   OwnedMemoryOf<640> memory;
   const long before = liveBlocks();
   void* const first = memory.allocate(large);
@@ -125,7 +125,7 @@ TEST(OwnedMemory, LargeBlocksComeAndGoOneByOne) {
   EXPECT_EQ(before, liveBlocks());
 }
 
-TEST(OwnedMemory, BlocksOfEverySizeAreApartAndAligned) {
+TEST(OwnedMemory, PiecesOfEverySizeAreAlignedAndDoNotOverlap) {
   OwnedMemoryOf<640> memory;
   std::vector<std::pair<unsigned char*, std::size_t>> blocks;
   for (std::size_t size = 1; size < 2'000; size += 3) {
@@ -141,7 +141,7 @@ TEST(OwnedMemory, BlocksOfEverySizeAreApartAndAligned) {
   }
 }
 
-TEST(OwnedMemory, WhatStaysToTheEndEndsWithItsOwner) {
+TEST(OwnedMemory, PiecesAllocatedForGoodAreFreedWithTheArena) {
   const long before = liveBlocks();
   {
     OwnedMemoryOf<640> memory;
@@ -155,7 +155,7 @@ TEST(OwnedMemory, WhatStaysToTheEndEndsWithItsOwner) {
   EXPECT_EQ(before, liveBlocks());
 }
 
-TEST(OwnedMemory, TextsAndPiecesOfOneBlockAreApart) {
+TEST(OwnedMemory, TextsAndPiecesOfOneBlockDoNotOverlap) {
   OwnedMemoryOf<640> memory;
   std::vector<std::pair<unsigned char*, std::size_t>> pieces;
   std::vector<std::string_view> texts;
@@ -175,7 +175,7 @@ TEST(OwnedMemory, TextsAndPiecesOfOneBlockAreApart) {
   }
 }
 
-TEST(OwnedMemory, NothingIsLostBesideContainersThatGrow) {
+TEST(OwnedMemory, ContainersThatGrowLeakNothing) {
   const long before = liveBlocks();
   {
     OwnedMemoryOf<640> memory;
@@ -189,7 +189,7 @@ TEST(OwnedMemory, NothingIsLostBesideContainersThatGrow) {
   EXPECT_EQ(before, liveBlocks());
 }
 
-TEST(OwnedMemory, WhereMemoryRunsOutItSaysSoAndGoesOn) {
+TEST(OwnedMemory, RaisesWhenMemoryRunsOutAndStaysUsable) {
   const long before = liveBlocks();
   {
     OwnedMemoryOf<640> memory;
@@ -208,7 +208,7 @@ TEST(OwnedMemory, WhereMemoryRunsOutItSaysSoAndGoesOn) {
   EXPECT_EQ(before, liveBlocks());
 }
 
-TEST(OwnedMemory, CopiesATextWithAZeroBehindIt) {
+TEST(OwnedMemory, CopiesATextAndTerminatesItWithAZero) {
   OwnedMemoryOf<640> memory;
   char text[] = "abc and more";
   const std::string_view copy = memory.copy({text, 3});
@@ -232,7 +232,7 @@ TEST(OwnedMemory, CopiesTextsOfEveryLength) {
 
 using Numbers = std::vector<int, OwnedAllocator<int>>;
 
-TEST(OwnedAllocator, TakesFromItsMemoryOrWithoutFromTheHeap) {
+TEST(OwnedAllocator, AllocatesFromItsArenaOrWithoutOneFromTheHeap) {
   OwnedMemoryOf<640> memory;
   const long before = liveBlocks();
   const Numbers owned({1, 2, 3}, &memory);

@@ -1,4 +1,4 @@
-// A list that grows without moving its elements, however many come behind them.
+// A list that grows without moving its elements.
 
 #include "storage/segmented_list.h"
 
@@ -33,7 +33,7 @@ TEST(SegmentedList, OneElementTakesNoMemory) {
   EXPECT_EQ(before, memory.allocate(8));
 }
 
-TEST(SegmentedList, HasWhatWasAddedInItsOrderAtEverySize) {
+TEST(SegmentedList, HoldsItsElementsInOrderAtEverySize) {
   OwnedMemoryOf<640> memory;
   SegmentedList<std::size_t> list;
   for (std::size_t size = 1; size <= many; ++size) {
@@ -65,7 +65,7 @@ TEST(SegmentedList, ElementsStayWhereTheyAre) {
     ASSERT_EQ(places[element], &list[element]) << element;
 }
 
-TEST(SegmentedList, RoomForSoManyIsEnough) {
+TEST(SegmentedList, RoomThatWasMadeIsEnough) {
   for (std::size_t already = 0; already < 200; ++already) {
     OwnedMemoryOf<640> memory;
     SegmentedList<std::size_t> list;
@@ -95,7 +95,7 @@ TEST(SegmentedList, TakesLittleMoreMemoryThanItsElementsNeed) {
   EXPECT_EQ(before, liveBlocks());
 }
 
-TEST(SegmentedList, EndsItsElementsOnceWithItself) {
+TEST(SegmentedList, DestroysEachElementOnceWithItself) {
   for (std::size_t size = 0; size <= 200; ++size) {
     const auto counted = std::make_shared<int>(0);
     OwnedMemoryOf<640> memory;
@@ -110,7 +110,7 @@ TEST(SegmentedList, EndsItsElementsOnceWithItself) {
   }
 }
 
-TEST(SegmentedList, WhereMemoryRunsOutItSaysSoAndGoesOn) {
+TEST(SegmentedList, RaisesWhenMemoryRunsOutAndStaysUsable) {
   OwnedMemoryOf<128> memory;
   SegmentedList<std::size_t> list;
   for (std::size_t element = 0; element < many; ++element) {

@@ -42,7 +42,7 @@ TEST(TextHash, IsTheSameWithoutIntegersOf128Bits) {
   std::mt19937_64 random(1);
   for (int i = 0; i < 10'000; ++i) {
     const HashKey key = {random(), random() | 1};
-    // The text of no characters: the start, times the factor.
+    // The hash of the empty text is one folded product, that of start and factor.
     EXPECT_EQ(TextHash::of("", key), TextHash::foldedInHalves(key.start, key.factor));
   }
 }
@@ -60,7 +60,7 @@ TEST(TextHash, DependsOnEveryCharacterAndOnTheSize) {
   }
 }
 
-// Sets go by the high bits: these of 1,024 slots.
+// The first slot in a set of 1,024 slots: the ten high bits of the hash.
 std::size_t slotIn1024(const string& text) { return hashOf(text) >> (64 - 10); }
 
 TEST(TextHash, SpreadsTextsThatDifferInOneCharacter) {
