@@ -62,7 +62,7 @@ int ParseResult::getNextArgument(const char** text) {
 // The interned text; the empty text if memory runs out.
 const char* ParseResult::delivered(const char* text) {
   try {
-    return m_delivered.intern(text);
+    return m_delivered.intern(text, m_arguments.size() - m_argumentCursor);
   } catch (const std::exception&) {
     return "";
   }

@@ -74,7 +74,7 @@ Value ResultCursor::nextOf(GivenOption& option) {
   GivenValue& value = option.values[m_place.value];
   if (value.position > m_place.rangeTo)
     return {};
-  const char* const text = m_texts.intern(value.text);
+  const char* const text = m_texts.intern(value.text, option.values.size() - m_place.value - 1);
   makeOwning(value.value);
   if (option.values.size() - ++m_place.value > InternedTexts::prefetchDistance)
     m_texts.prefetch(option.values[m_place.value + InternedTexts::prefetchDistance].text);

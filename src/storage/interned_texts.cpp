@@ -27,9 +27,9 @@ InternedTexts::~InternedTexts() {
     m_memory.deallocate(m_slots, m_slotCount * sizeof(Slot));
 }
 
-const char* InternedTexts::internAs(const char* text, bool isCopied) {
+const char* InternedTexts::internAs(const char* text, bool isCopied, std::size_t following) {
   if (m_size >= fewestHashedTexts)
-    return internAmongMany(text, isCopied);
+    return internAmongMany(text, isCopied, following);
   const std::uint64_t mark = markOf(text);
   for (std::size_t number = 0; (m_marks & mark) != 0 && number < m_size; ++number)
     if (areEqual(m_inlineTexts[number], text))
@@ -43,7 +43,7 @@ const char* InternedTexts::internAs(const char* text, bool isCopied) {
 }
 
 // Everything that may raise comes before the first change that a caller could observe.
-const char* InternedTexts::internAmongMany(const char* text, bool isCopied) {
+const char* InternedTexts::internAmongMany(const char* text, bool isCopied, std::size_t following) {
   const std::uint32_t hash = hashOf(text);
   const Slot numbers = static_cast<Slot>(m_slotCount - 1);
   const Slot wanted = slotFor(hash, 0) & ~numbers;
@@ -58,7 +58,7 @@ const char* InternedTexts::internAmongMany(const char* text, bool isCopied) {
   if (m_size >= inlineTexts && m_size % inlineTexts == 0)
     addChunk();
   if (m_size * 2 == m_slotCount) {
-    widen();
+    widen(following);
     place = freeSlot(hash);
   }
   text = kept(text, isCopied);
@@ -80,13 +80,15 @@ void InternedTexts::addChunk() {
         static_cast<const char**>(m_memory.allocate(inlineTexts * sizeof(const char*))));
 }
 
-void InternedTexts::widen() {
-  const std::size_t bytes = m_slotCount * 2 * sizeof(Slot);
-  Slot* const wider = static_cast<Slot*>(m_memory.allocate(bytes));
+void InternedTexts::widen(std::size_t following) {
+  std::size_t count = m_slotCount * 2;
+  while (count < m_slotCount * largestWidening && count / 2 <= m_size + following)
+    count *= 2;
+  Slot* const wider = static_cast<Slot*>(m_memory.allocate(count * sizeof(Slot)));
   if (m_slots != m_inlineSlots)
     m_memory.deallocate(m_slots, m_slotCount * sizeof(Slot));
   m_slots = wider;
-  m_slotCount *= 2;
+  m_slotCount = count;
   enterAll();
 }
 

@@ -23,11 +23,15 @@ class InternedTexts {
   ~InternedTexts();
 
   // Returns the text of the set that equals `text`. If there is none, adds `text` itself, which
-  // must then outlive the set. Raises std::bad_alloc, and then nothing has changed.
-  const char* intern(const char* text) { return internAs(text, false); }
+  // must then outlive the set. Raises std::bad_alloc, and then nothing has changed. `following` is
+  // the number of texts that are likely to be interned next: a table that is full is widened for
+  // some of them too.
+  const char* intern(const char* text, std::size_t following = 0) {
+    return internAs(text, false, following);
+  }
 
   // The same, but adds a copy: `text` may be freed after the call.
-  const char* internCopy(const char* text) { return internAs(text, true); }
+  const char* internCopy(const char* text) { return internAs(text, true, 0); }
 
   // The number of texts between the prefetch of a slot and its use. The work on eight texts takes
   // about as long as a read from memory.
@@ -73,12 +77,12 @@ class InternedTexts {
     const char** const chunk = m_size < inlineTexts ? m_inlineTexts : m_chunks.back();
     chunk[m_size++ % inlineTexts] = text;
   }
-  const char* internAs(const char* text, bool isCopied);
-  const char* internAmongMany(const char* text, bool isCopied);
+  const char* internAs(const char* text, bool isCopied, std::size_t following);
+  const char* internAmongMany(const char* text, bool isCopied, std::size_t following);
   const char* kept(const char* text, bool isCopied) {
     return isCopied ? m_memory.copy(text).data() : text;
   }
-  [[gnu::cold]] void widen();
+  [[gnu::cold]] void widen(std::size_t following);
   [[gnu::cold]] void addChunk();
 
   // From this number of texts on, texts are hashed. Fewer are compared one by one, and only if one
@@ -89,6 +93,9 @@ class InternedTexts {
   static constexpr std::size_t inlineTexts = fewestHashedTexts * 4;
   // Slots inside the set object: twice the texts, since at most half of the slots are in use.
   static constexpr std::size_t inlineSlots = inlineTexts * 2;
+  // The table is widened by at most this factor at once, since the texts that are expected may all
+  // be equal, or never be interned. 16: a million texts are entered in 5 tables instead of 15.
+  static constexpr std::size_t largestWidening = 16;
   // 32,768 slots are 128 kB: more than a first-level cache holds, so that slots have to be fetched.
   static constexpr std::size_t fewestSlotsToPrefetch = std::size_t{1} << 15;
 

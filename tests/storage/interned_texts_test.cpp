@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <iterator>
 #include <new>
 #include <string>
 #include <vector>
@@ -70,6 +71,55 @@ TEST_F(Interned, PrefetchedTextsAreFoundLikeOthers) {
       texts.prefetch(all[place + 1].c_str());
     ASSERT_EQ(all[place % 20'000].c_str(), texts.intern(all[place].c_str()));
   }
+}
+
+// What a caller expects to intern next changes the size of the table, and nothing else.
+TEST_F(Interned, TextsAreFoundWhateverIsExpectedToFollow) {
+  const std::size_t expected[] = {0, 1, 63, 64, 65, 1'000, 1'000'000'000};
+  std::vector<string> all;
+  for (int number = 0; number < 40'000; ++number)
+    all.push_back(std::to_string(number % 20'000));
+  for (std::size_t place = 0; place < all.size(); ++place) {
+    const std::size_t following = expected[place / 60 % std::size(expected)];
+    ASSERT_EQ(all[place % 20'000].c_str(), texts.intern(all[place].c_str(), following));
+  }
+}
+
+// The number of allocations for 10,000 texts, if the caller expects all that follow, or none.
+long allocationsFor(const std::vector<string>& all, bool isExpecting) {
+  for (long allowed = 0;; ++allowed) {
+    OwnedMemoryOf<640> memory;
+    InternedTexts texts(memory);
+    const AllocationLimit limit(allowed, Failing::forEver);
+    try {
+      for (std::size_t place = 0; place < all.size(); ++place)
+        texts.intern(all[place].c_str(), isExpecting ? all.size() - place - 1 : 0);
+      return allowed;
+    } catch (const std::bad_alloc&) {
+      EXPECT_TRUE(limit.reached());
+    }
+  }
+}
+
+// The table has 2,048 and 32,768 slots, and not each power of two from 256 on.
+TEST(InternedTexts, AreEnteredInFewTablesIfTheyAreExpected) {
+  std::vector<string> all;
+  for (int number = 0; number < 10'000; ++number)
+    all.push_back(std::to_string(number));
+  EXPECT_EQ(allocationsFor(all, false) - 5, allocationsFor(all, true));
+}
+
+// A tool may read the first of many values and no other.
+TEST(InternedTexts, TakeLittleMemoryForTextsThatAreExpectedAndNeverCome) {
+  OwnedMemoryOf<640> memory;
+  InternedTexts texts(memory);
+  std::vector<string> all;
+  for (int number = 0; number < 1'024; ++number)
+    all.push_back(std::to_string(number));
+  for (const string& text : all)
+    texts.intern(text.c_str(), 1'000'000);
+  const AllocationLimit limit(0, Failing::forEver);
+  EXPECT_THROW(texts.intern("one more", 1'000'000), std::bad_alloc);
 }
 
 TEST_F(Interned, ATextThatIsThereNeedsNoMemory) {
