@@ -15,7 +15,8 @@ constexpr int valueRefused = 1;
 constexpr int usageError = 2;
 /// A standard exception, for example std::bad_alloc, ended the operation; no message is set.
 constexpr int exceptionCaught = 3;
-/// A standard exception ended the loop over the arguments.
+/// A standard exception ended a list of arguments: a handler threw it, memory ran out, calls were
+/// nested too deep, or no position was left.
 constexpr int unidentifiedProblem = 4;
 /// An option file cannot be read, or includes itself, directly or through others.
 constexpr int optionFileUnreadable = 6;

@@ -58,7 +58,7 @@ class Rising {
 
   std::string next(int position) {
     expect(position > m_last || m_mayRepeat, "positions rise",
-           std::to_string(position) + " behind " + std::to_string(m_last));
+           std::to_string(position) + " after " + std::to_string(m_last));
     m_last = position;
     return "@" + std::to_string(position - m_base) + " ";
   }

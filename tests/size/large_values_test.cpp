@@ -69,7 +69,7 @@ TEST_F(LargeValue, InItsOwnArgumentIsReadWhole) {
 
 TEST_F(LargeValue, AfterItsOptionIsReadWhole) {
   const char* argv[] = {"tool", "--text", value.c_str()};
-  const Measurement measured("a value of 100 MB behind its option");
+  const Measurement measured("a value of 100 MB after its option");
   ASSERT_EQ(0, command.parser().parseArgsVector(3, argv, &command.result()));
   EXPECT_TRUE(are(value, text()));
 }

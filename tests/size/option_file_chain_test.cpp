@@ -69,7 +69,7 @@ TEST_F(OptionFileChain, IsReadToItsEndWhateverTheLastFileIs) {
       {"a missing file", "--option-file=/missing", 6, unreadable + "/missing'"},
       {"an empty file", "", 0, unreadable + "/missing'"},  // a success does not clear the message
       {"the first file", naming(fileName(0)), 6, unreadable + folder.path(fileName(0)) + "'"},
-      {"the one ahead of it", naming(fileName(chainLength - 1)), 6,
+      {"the file before it", naming(fileName(chainLength - 1)), 6,
        unreadable + folder.path(fileName(chainLength - 1)) + "'"},
       {"itself", naming("last"), 6, unreadable + folder.path("last") + "'"},
   };

@@ -1,7 +1,7 @@
 // Uses two internals of libstdc++. CMake builds this file if the standard library is libstdc++, and
 // standard_library_portable.cpp otherwise. If one of the two assumptions were wrong, numbers would
-// be read in the wrong locale, or the trace would be lost. A tool starts and ends with 116,000
-// instructions more than an empty program instead of 229,000.
+// be read in the wrong locale, or the trace would be lost. When they were introduced, they saved
+// 113,000 of the 229,000 instructions that a tool took more than an empty program.
 
 #include "bedrock/standard_library.h"
 
