@@ -33,6 +33,10 @@ configure_file(${PROJECT_SOURCE_DIR}/cmake/kivo.pc.in ${PROJECT_BINARY_DIR}/kivo
 install(FILES ${PROJECT_BINARY_DIR}/kivo.pc
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT kivo_development)
 
+# For programs that read the description of a tool.
+install(FILES ${PROJECT_SOURCE_DIR}/docs/description.schema.json
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/kivo COMPONENT kivo_development)
+
 # The manual page for the users of tools.
 install(FILES ${PROJECT_SOURCE_DIR}/docs/kivo.7
         DESTINATION ${CMAKE_INSTALL_MANDIR}/man7 COMPONENT kivo_documentation)

@@ -12,6 +12,10 @@ int main(int argc, const char* const* argv) {
       ->allowValue("formal");
   parser->option("name", "Whom to greet", kivo::vtString)->positional();
 
+  int described = 0;
+  if (kivo::describeIfAsked(*parser, {"greet", "1.0", "Greets people."}, argc, argv, &described))
+    return described;
+
   const kivo::ResultHandle result = kivo::makeResult(*parser);
   const int status = parser->parseArgsVector(argc, argv, result.get());
   if (status != kivo::status::success) {

@@ -270,6 +270,18 @@ int readHelp(kivo::IParser& parser, kivo::IParseResult& result, Settings& settin
   return kivo::status::success;
 }
 
+// Whether the description of the tool was asked for; then nothing else is.
+bool describeIfAsked(kivo::IParser& parser, int argc, const char* const* argv, Settings& settings) {
+  const kivo::ToolInfo tool = {"textkit", "1.0", "Counts, searches and hashes text files."};
+  kivo::annotate(parser, nullptr, "exitStatus", "10 A file cannot be read.");
+  kivo::annotate(parser, nullptr, "exitStatus", "11 The output cannot be written.");
+  int status = kivo::status::success;
+  if (!kivo::describeIfAsked(parser, tool, argc, argv, &status))
+    return false;
+  settings.exitStatus = status;
+  return true;
+}
+
 // The only failure for which the parser has no error text.
 int internalFailure(std::string& error) {
   error = "The command line cannot be read.";
@@ -284,6 +296,8 @@ int readCommandLine(int argc, const char* const* argv, Settings& settings, std::
   if (parser == nullptr)
     return internalFailure(error);
   declareAll(*parser);
+  if (describeIfAsked(*parser, argc, argv, settings))
+    return kivo::status::success;
   parser->addHandler(&bounds);
 
   const kivo::ResultHandle result = kivo::makeResult(*parser);

@@ -46,7 +46,7 @@ int main(int argc, const char* const* argv) {
     say(error);
     return status;
   }
-  return run(settings);
+  return settings.exitStatus ? *settings.exitStatus : run(settings);
 }
 
 }  // namespace

@@ -32,7 +32,8 @@ struct HashSettings {
 };
 
 struct Settings {
-  std::optional<std::string> help;  // to be shown; if set, all other settings are unused
+  std::optional<int> exitStatus;    // set if nothing is left to do; all others are unused then
+  std::optional<std::string> help;  // to be shown; if set, the following settings are unused
   bool dryRun;                      // only read the command line
   std::vector<Action> actions;      // in the order given; search is always alone
   std::vector<std::string> files;   // at least one, "-" for standard input

@@ -3,6 +3,7 @@
 /// Everything a tool needs from the library, in one include.
 
 #include <kivo/argument_syntax.h>
+#include <kivo/describe.h>
 #include <kivo/event_handler.h>
 #include <kivo/handles.h>
 #include <kivo/option.h>
@@ -13,6 +14,3 @@
 #include <kivo/text_layout.h>
 #include <kivo/value.h>
 #include <kivo/version.h>
-
-/// Write `kivo::` in your tool; no other line has to name the versioned namespace.
-namespace kivo = kivo_3_3;

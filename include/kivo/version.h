@@ -11,3 +11,6 @@ constexpr int versionMinor = 3;
 constexpr int versionPatch = 0;
 
 }  // namespace kivo_3_3
+
+/// Write `kivo::` in your tool; no other line has to name the versioned namespace.
+namespace kivo = kivo_3_3;

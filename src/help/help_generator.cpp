@@ -19,7 +19,6 @@ using std::string;
 using std::string_view;
 using Selection = HelpGenerator::Selection;
 
-constexpr string_view hiddenKey = "kivo_hidden";
 // Columns, widths and gaps are in bytes.
 constexpr unsigned int bodyColumn = 30;
 constexpr unsigned int bodyWidth = 50;
@@ -118,7 +117,7 @@ string HelpGenerator::describe(const Selection& selection, bool hidden) const {
   help.reserve(selection.size() * usualEntry);
   for (const auto& [name, introduction] : m_sections) {
     const string_view key = name;
-    if ((key == hiddenKey) != hidden)
+    if ((key == hiddenSection) != hidden)
       continue;
     if (!key.empty())
       help.append(key) += '\n';
@@ -136,7 +135,7 @@ string HelpGenerator::describeTool(bool hidden) const {
   std::map<string_view, string_view> topics;
   std::size_t longest = 0;
   for (const OptionDescription* action : getGlobalActions()) {
-    if ((action->m_groupKey == hiddenKey) != hidden)
+    if (action->isHidden() != hidden)
       continue;
     const string_view name = action->firstName();
     topics[name] = action->m_description;

@@ -19,7 +19,6 @@ struct NameIndex::Matches {
 // Names may move, even if none is added later because the declaration fails.
 void NameIndex::makeRoomFor(std::size_t count) {
   m_sorted.clear();
-  m_sortedBooleans.clear();
   m_names.makeRoomFor(count);
   if (m_repeated.capacity() - m_repeated.size() < count)
     m_repeated.reserve(std::max(m_repeated.capacity() * 2, m_repeated.size() + count));

@@ -51,7 +51,7 @@ class NameIndex {
     std::uint32_t option;
     bool isBoolean;
   };
-  // Sorted by the texts of the names. Valid until the next call of makeRoomFor().
+  // Sorted by the texts of the names. The pointers are valid until the next call of makeRoomFor().
   using Sorted = std::vector<const Name*, OwnedAllocator<const Name*>>;
   // The first name that begins with a prefix, and whether there are more.
   struct Matches;
@@ -65,7 +65,8 @@ class NameIndex {
   // Names that find() never returns, since an equal name was added before. They are not in the
   // table, where thousands of equal names would be probed one by one.
   std::vector<Name, OwnedAllocator<Name>> m_repeated;
-  // Rebuilt by findBest() if `typed` is not a full name and room was made since the last time.
+  // Both are rebuilt by findBest() if `typed` is not a full name and room was made since the last
+  // time, which empties the first one.
   Sorted m_sorted;
   Sorted m_sortedBooleans;  // only names of booleans
 };

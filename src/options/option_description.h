@@ -19,6 +19,9 @@
 
 namespace kivo_3_3 {
 
+// The section of the help whose options are shown only if a tool asks for them.
+inline constexpr std::string_view hiddenSection = "kivo_hidden";
+
 // One declared option, action or modifier. The registry creates and owns it, the tool amends it
 // through IOption, and the rest of the library reads its fields.
 //
@@ -52,6 +55,7 @@ class OptionDescription final : public IOption {
   // names.
   std::string_view firstName() const { return m_names.at(0).text; }
   bool isAction() const { return m_notAnAction == 0; }
+  bool isHidden() const { return m_groupKey == hiddenSection; }
 
   // Adds tags as tag() does, but raises std::bad_alloc if memory runs out.
   void addTags(const char* tags);

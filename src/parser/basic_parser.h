@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "base/running_call.h"
+#include "describe/description.h"
 #include "options/option_registry.h"
 #include "recognizers/argument_window.h"
 #include "storage/garbage.h"
@@ -76,6 +77,12 @@ class BasicParser : public IParser {
   int collectNonparsingArguments(std::string_view separator, ArgumentWindow& args,
                                  ParseResult* result, std::string& error);
 
+  // For kivo/describe.h. These raise std::bad_alloc; the texts are the parser's.
+  Declarations declarations();
+  const char* kept(const std::string& text);
+  bool annotate(const char* option, std::string_view key, std::string_view text);
+  const char* resolveName(std::string_view typed);
+
   void setLastError(const std::string& error) { m_lastError = error; }
 
   // For tests: see InternedTexts::countSteps().
@@ -113,6 +120,7 @@ class BasicParser : public IParser {
   std::set<EventHandler*> m_handlers;
   bool m_optionFileEnabled = false;
   std::vector<std::set<std::string>> m_simultaneousActions;
+  Annotations m_annotations;
 };
 
 }  // namespace kivo_3_3

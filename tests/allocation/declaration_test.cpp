@@ -134,6 +134,42 @@ TEST(MemoryRunsOut, DeclarationIsCompleteOrNotThere) {
   }
 }
 
+// Declares the names "a0", "a1"... up to a number at which the index of the names has to grow.
+template <int count>
+struct ManyNames {
+  ManyNames() {
+    for (int number = 0; number < count; ++number)
+      last = command.option(("a" + std::to_string(number)).c_str(), vtNull);
+  }
+
+  Command command;
+  IOption* last = nullptr;
+};
+
+template <int count>
+void growTheIndex() {
+  SCOPED_TRACE(count);
+  failEachAllocation<ManyNames<count>>(
+      [](ManyNames<count>& scene) {
+        scene.command.parser().option("new", "", vtNull);
+        scene.last->synonym("more");
+      },
+      [](ManyNames<count>& scene) {
+        IParser& parser = scene.command.parser();
+        for (const char* name : {"new", "more"}) {
+          const bool isThere = parser.isOptionDeclared(name, false, nullptr);
+          EXPECT_EQ(isThere, resolveName(parser, name) != nullptr) << name;
+        }
+      });
+}
+
+TEST(MemoryRunsOut, NamesAreDeclaredOrNotThereWhileTheirIndexGrows) {
+  growTheIndex<15>();
+  growTheIndex<16>();
+  growTheIndex<31>();
+  growTheIndex<32>();
+}
+
 TEST(MemoryRunsOut, RejectedDeclarationIsStillRejected) {
   failEachAllocation<Declaring>(
       [](Declaring& scene) {

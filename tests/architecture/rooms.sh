@@ -13,7 +13,8 @@ declare -A mayInclude=(
   [recognizers]="options storage base"
   [result]="options storage base"
   [help]="options storage base"
-  [parser]="recognizers result help options storage base"
+  [describe]="options storage base"
+  [parser]="recognizers result help describe options storage base"
 )
 violations=0
 

@@ -32,6 +32,12 @@ Outcome Textkit::tool(const Arguments& command, const std::string& input) const 
   return run(command, m_folder.path(), input);
 }
 
+Outcome Textkit::textkitAfter(const std::string& first, const Arguments& arguments) const {
+  Arguments command = {"sh", "-c", first + "; exec \"$0\" \"$@\"", TEXTKIT_PATH};
+  command.insert(command.end(), arguments.begin(), arguments.end());
+  return tool(command, "text\n");
+}
+
 void Textkit::write(const std::string& name, const std::string& text) const {
   writeFile(m_folder.path() + "/" + name, text);
 }

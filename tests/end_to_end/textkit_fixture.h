@@ -19,6 +19,9 @@ class Textkit : public testing::Test {
   Outcome textkit(const Arguments& arguments, const std::string& input = "") const;
   Outcome tool(const Arguments& command, const std::string& input = "") const;
 
+  /// Runs textkit in a shell that has run `first`, with a text of one line as its input.
+  Outcome textkitAfter(const std::string& first, const Arguments& arguments) const;
+
   void write(const std::string& name, const std::string& text) const;
   void makeFolder(const std::string& name) const;
 

@@ -9,15 +9,7 @@ namespace {
 const char* const traceSwitch = "kivooption=kivologenable=1";
 const char* const closedOrFull[] = {">/dev/full", ">&-"};
 
-class TextkitHardship : public Textkit {
- protected:
-  // Runs textkit in a shell that has run `first`, with a text of one line as its input.
-  Outcome textkitAfter(const std::string& first, const Arguments& arguments) const {
-    Arguments command = {"sh", "-c", first + "; exec \"$0\" \"$@\"", TEXTKIT_PATH};
-    command.insert(command.end(), arguments.begin(), arguments.end());
-    return tool(command, "text\n");
-  }
-};
+class TextkitHardship : public Textkit {};
 
 TEST_F(TextkitHardship, ATraceThatCannotBeWrittenIsOutputThatCannotBeWritten) {
   for (const std::string stream : closedOrFull) {

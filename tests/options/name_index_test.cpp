@@ -128,6 +128,50 @@ TEST(NameIndex, CompletesAnAbbreviationAfterRoomWasMadeButNotUsed) {
   EXPECT_EQ("ambiguous", options.findBest("no-c"));
 }
 
+// All different, or all equal.
+std::vector<string> makeNames(std::size_t count, bool areEqual) {
+  std::vector<string> names;
+  for (std::size_t number = 0; number < count; ++number)
+    names.push_back("name" + std::to_string(areEqual ? 0 : number));
+  return names;
+}
+
+// add() ends the process if it has to allocate.
+TEST(NameIndex, AddsTheNamesForWhichRoomWasMadeWithoutMemory) {
+  for (const bool areEqual : {false, true}) {
+    for (std::uint32_t count = 0; count < 70; ++count) {
+      SCOPED_TRACE(count);
+      const std::vector<string> names = makeNames(2 * count + 1, areEqual);
+      NameIndex index(nullptr);
+      for (std::uint32_t number = 0; number < count; ++number) {
+        index.makeRoomFor(1);
+        index.add(std::string_view(names[number]), number, false);
+      }
+      index.makeRoomFor(count + 1);
+      {
+        const AllocationLimit limit(0, Failing::forEver);
+        for (std::uint32_t number = count; number < names.size(); ++number)
+          index.add(std::string_view(names[number]), number, false);
+        EXPECT_FALSE(limit.reached());
+      }
+      EXPECT_EQ(areEqual ? "0" : std::to_string(2 * count),
+                shown(index.find(std::string_view(names.back()))));
+    }
+  }
+}
+
+// Each time the room doubles.
+TEST(NameIndex, MakesRoomForThousandsOfEqualNamesInFewAllocations) {
+  const std::vector<string> names = makeNames(10'000, true);
+  NameIndex index(nullptr);
+  const AllocationLimit limit(20, Failing::forEver);
+  for (std::uint32_t number = 0; number < names.size(); ++number) {
+    index.makeRoomFor(1);
+    index.add(std::string_view(names[number]), number, false);
+  }
+  EXPECT_FALSE(limit.reached());
+}
+
 TEST(NameIndex, ManyNamesAreFound) {
   Indexed options;
   for (unsigned int number = 0; number < 3'000; ++number) {

@@ -46,7 +46,7 @@ holds() {
   fail "$name holds $others"
 }
 holds "$package" "lib/$multiarch/libkivo[.]so[.][0-9.]+"
-holds libkivo-dev "include/.*[.]h|lib/$multiarch/(libkivo[.]so|(cmake|pkgconfig)/.*)"
+holds libkivo-dev "include/.*[.]h|share/kivo/description[.]schema[.]json|lib/$multiarch/(libkivo[.]so|(cmake|pkgconfig)/.*)"
 holds libkivo-doc "share/man/man7/kivo[.]7[.]gz"
 dpkg-deb --raw-extract "$library" "$scratch/raw"
 for control in symbols shlibs triggers md5sums; do

@@ -18,7 +18,8 @@ soname=libkivo.so.${version%.*}
 
 expected_files() {
   (cd "$source" && find include/kivo -name '*.h')
-  printf '%s\n' include/bedrock/assertion.h include/stratum2/variant.h share/man/man7/kivo.7
+  printf '%s\n' include/bedrock/assertion.h include/stratum2/variant.h share/man/man7/kivo.7 \
+    share/kivo/description.schema.json
   for file in libkivo.so "$soname" "libkivo.so.$version" pkgconfig/kivo.pc \
     cmake/kivo/kivo-{config,config-version,targets,targets-CONFIGURATION}.cmake; do
     echo "${libdir#"$prefix"/}/$file"

@@ -1,0 +1,132 @@
+// The functions of kivo/describe.h. Each of them finds the parser that createParser() made, and
+// none of them lets an exception reach the tool.
+
+#include <kivo/describe.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <exception>
+#include <string_view>
+#include <typeinfo>
+
+#include "describe/nearest_name.h"
+#include "parser/basic_parser.h"
+#include "recognizers/split_argument.h"
+
+namespace kivo_3_3 {
+
+using std::string;
+
+namespace {
+
+// Null if createParser() did not make it.
+BasicParser* madeHere(IParser* parser) {
+  const bool isOurs = parser != nullptr && typeid(*parser) == typeid(BasicParser);
+  return isOurs ? static_cast<BasicParser*>(parser) : nullptr;
+}
+
+// Calls `answer` with the parser. Returns `otherwise` for a foreign parser and if memory runs out.
+template <class Result, class Answer>
+Result ask(IParser& parser, Result otherwise, Answer answer) {
+  try {
+    BasicParser* const own = madeHere(&parser);
+    return own != nullptr ? answer(*own) : otherwise;
+  } catch (const std::exception&) {
+    return otherwise;
+  }
+}
+
+bool isDescriptionAsked(int argc, const char* const* argv) {
+  return argc > 1 && argv != nullptr && argv[1] != nullptr &&
+         std::string_view(argv[1]) == "kivooption=kivodescribe=json";
+}
+
+// Whether all of the text and a line end were written.
+bool writeLine(const char* text) {
+  return std::fputs(text, stdout) >= 0 && std::fputc('\n', stdout) != EOF &&
+         std::fflush(stdout) == 0;
+}
+
+}  // namespace
+
+const char* describe(IParser& parser, const ToolInfo& tool, const CommandInfo* commands,
+                     unsigned int count) {
+  return ask(parser, "", [&](BasicParser& own) -> const char* {
+    std::vector<DescribedCommand> described;
+    for (const CommandInfo* command = commands; command != nullptr && command != commands + count;
+         ++command) {
+      BasicParser* const ofCommand = madeHere(command->parser);
+      if (ofCommand == nullptr)
+        return "";
+      described.push_back({command->words, command->summary, ofCommand->declarations()});
+    }
+    return own.kept(writeDescription(tool, own.declarations(), described));
+  });
+}
+
+bool describeIfAsked(IParser& parser, const ToolInfo& tool, int argc, const char* const* argv,
+                     int* status) {
+  if (!isDescriptionAsked(argc, argv))
+    return false;
+  const char* const description = describe(parser, tool);
+  const bool isWritten = *description != '\0' && writeLine(description);
+  if (status != nullptr)
+    *status = isWritten ? 0 : 1;
+  return true;
+}
+
+bool annotate(IParser& parser, const char* option, const char* key, const char* text) {
+  if (key == nullptr || text == nullptr)
+    return false;
+  return ask(parser, false, [&](BasicParser& own) { return own.annotate(option, key, text); });
+}
+
+const char* resolveName(IParser& parser, const char* typed) {
+  if (typed == nullptr)
+    return nullptr;
+  return ask(parser, static_cast<const char*>(nullptr),
+             [&](BasicParser& own) { return own.resolveName(typed); });
+}
+
+const char* nearestName(IParser& parser, const char* typed) {
+  if (typed == nullptr)
+    return nullptr;
+  return ask(parser, static_cast<const char*>(nullptr),
+             [&](BasicParser& own) { return findNearestName(own.declarations().options, typed); });
+}
+
+Declarations BasicParser::declarations() {
+  return {m_storage.options(), m_storage.groups(), m_simultaneousActions, m_annotations, m_flags};
+}
+
+const char* BasicParser::kept(const string& text) { return m_garbage->keep(text.c_str()); }
+
+bool BasicParser::annotate(const char* option, std::string_view key, std::string_view text) {
+  if (option == nullptr) {
+    m_annotations.addToTool(key, text);
+    return true;
+  }
+  const HashedName name(option);
+  const auto number = m_storage.names().find(name);
+  if (!number)
+    return false;
+  const Names& names = m_storage.options()[*number].m_names;
+  if (std::find(names.begin(), names.end(), name) == names.end())
+    return false;  // the "no-" form of a name
+  m_annotations.addToOption(*number, key, text);
+  return true;
+}
+
+// A text that an argument cannot have as its name stands for no option.
+const char* BasicParser::resolveName(std::string_view typed) {
+  const string argument = string("--").append(typed);
+  const ArgumentParts parts = splitArgument(argument, WhiteSpace());
+  if (parts.hasValue || typed.empty() || beginsWithHyphen(typed))
+    return nullptr;
+  const NameIndex::Match match = m_storage.names().findBest(typed);
+  return match.kind == NameIndex::Match::unique
+             ? m_storage.options()[match.option].firstName().data()
+             : nullptr;
+}
+
+}  // namespace kivo_3_3
