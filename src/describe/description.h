@@ -30,7 +30,7 @@ struct DescribedCommand {
 };
 
 // The description as JSON, as kivo/describe.h documents it. Raises std::bad_alloc.
-std::string writeDescription(const ToolInfo& tool, const Declarations& declarations,
-                             const std::vector<DescribedCommand>& commands);
+[[gnu::cold]] std::string writeDescription(const ToolInfo& tool, const Declarations& declarations,
+                                           const std::vector<DescribedCommand>& commands);
 
 }  // namespace kivo_3_3

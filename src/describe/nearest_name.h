@@ -11,6 +11,6 @@ namespace kivo_3_3 {
 
 // The nearest visible name, as nearestName() in kivo/describe.h documents it; null if none is near.
 // Raises std::bad_alloc.
-const char* findNearestName(const OptionList& options, std::string_view typed);
+[[gnu::cold]] const char* findNearestName(const OptionList& options, std::string_view typed);
 
 }  // namespace kivo_3_3

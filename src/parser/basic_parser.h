@@ -78,10 +78,10 @@ class BasicParser : public IParser {
                                  ParseResult* result, std::string& error);
 
   // For kivo/describe.h. These raise std::bad_alloc; the texts are the parser's.
-  Declarations declarations();
-  const char* kept(const std::string& text);
-  bool annotate(const char* option, std::string_view key, std::string_view text);
-  const char* resolveName(std::string_view typed);
+  [[gnu::cold]] Declarations declarations();
+  [[gnu::cold]] const char* kept(const std::string& text);
+  [[gnu::cold]] bool annotate(const char* option, std::string_view key, std::string_view text);
+  [[gnu::cold]] const char* resolveName(std::string_view typed);
 
   void setLastError(const std::string& error) { m_lastError = error; }
 

@@ -9,9 +9,9 @@
 #include <string_view>
 #include <typeinfo>
 
+#include "base/white_space.h"
 #include "describe/nearest_name.h"
 #include "parser/basic_parser.h"
-#include "recognizers/split_argument.h"
 
 namespace kivo_3_3 {
 
@@ -117,11 +117,12 @@ bool BasicParser::annotate(const char* option, std::string_view key, std::string
   return true;
 }
 
-// A text that an argument cannot have as its name stands for no option.
+// A text that no argument can have as its name stands for no option: the name ends at a '=' or at
+// white space, and neither an empty name nor one that begins with a hyphen is looked up.
 const char* BasicParser::resolveName(std::string_view typed) {
-  const string argument = string("--").append(typed);
-  const ArgumentParts parts = splitArgument(argument, WhiteSpace());
-  if (parts.hasValue || typed.empty() || beginsWithHyphen(typed))
+  const WhiteSpace isSpace;
+  const auto endsName = [&](char character) { return character == '=' || isSpace(character); };
+  if (typed.empty() || typed.front() == '-' || std::any_of(typed.begin(), typed.end(), endsName))
     return nullptr;
   const NameIndex::Match match = m_storage.names().findBest(typed);
   return match.kind == NameIndex::Match::unique
