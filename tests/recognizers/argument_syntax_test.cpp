@@ -6,7 +6,9 @@
 
 #include <stdexcept>
 
+#include "recognizers/split_argument.h"
 #include "support/global_locale.h"
+#include "support/guarded_page.h"
 
 namespace kivo_3_3 {
 
@@ -87,18 +89,29 @@ TEST(SplitOptionValue, SplitsAtTheFirstEqualSignOrWhiteSpace) {
 // Long names are read by eight characters.
 TEST(SplitOptionValue, EndsANameOfAnyLengthAtAnEqualSignOrWhiteSpaceAlone) {
   const std::string separators = "= \t\n\v\f\r";
-  for (std::size_t size = 1; size < 26; ++size)
-    for (std::size_t place = 0; place < size; ++place)
-      for (int byte = 0; byte < 256; ++byte) {
-        std::string typed(size, 'n');
-        typed[place] = static_cast<char>(byte);
-        const bool isEnd = separators.find(typed[place]) != std::string::npos;
-        std::string name;
-        std::string value = "none";
-        ASSERT_EQ(isEnd, splitOptionValue("+" + typed, &name, &value)) << size << ", " << byte;
-        ASSERT_EQ("+" + (isEnd ? typed.substr(0, place) : typed), name) << byte;
-        ASSERT_EQ(isEnd ? typed.substr(place + 1) : "none", value) << byte;
-      }
+  for (const char other : {'n', 'N', '+', '~', '\xE4'})
+    for (std::size_t size = 2; size < 26; ++size)
+      for (std::size_t place = 1; place < size; ++place)
+        for (int byte = 0; byte < 256; ++byte) {
+          std::string typed(size, other);
+          typed[place] = static_cast<char>(byte);
+          const bool isEnd = separators.find(typed[place]) != std::string::npos;
+          std::string name;
+          std::string value = "none";
+          ASSERT_EQ(isEnd, splitOptionValue(typed, &name, &value)) << size << ", " << byte;
+          ASSERT_EQ(isEnd ? typed.substr(0, place) : typed, name) << byte;
+          ASSERT_EQ(isEnd ? typed.substr(place + 1) : "none", value) << byte;
+        }
+}
+
+TEST(SplitArgument, ReadsNoByteAfterTheArgument) {
+  const testing::GuardedPage page;
+  const std::string argument = "--a-name-of-many-characters";
+  for (std::size_t size = 2; size <= argument.size(); ++size) {
+    const ArgumentParts parts = splitArgument(page.last(argument.substr(0, size)), WhiteSpace());
+    EXPECT_EQ(argument.substr(2, size - 2), parts.name);
+    EXPECT_FALSE(parts.hasValue);
+  }
 }
 
 TEST(SplitOptionValue, SkipsUpToTwoDashesOfAnyKind) {
@@ -152,9 +165,9 @@ TEST(SplitOptionValue, WhiteSpaceIsWhatTheGlobalLocaleSays) {
   EXPECT_TRUE(splitOptionValue("--level high__3", &name, &value));
   EXPECT_EQ("level high", name);
   EXPECT_EQ("3", value);
-  EXPECT_TRUE(splitOptionValue("--longest level_high 3", &name, &value));
-  EXPECT_EQ("longest level", name);
-  EXPECT_EQ("high 3", value);
+  EXPECT_TRUE(splitOptionValue("--long_and long", &name, &value));
+  EXPECT_EQ("long", name);
+  EXPECT_EQ("and long", value);
 }
 
 }  // namespace
