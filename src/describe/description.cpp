@@ -65,6 +65,7 @@ class ActionsByTag {
         for (const OptionDescription* action : tagged->second)
           names.emplace(action->m_number, action->firstName());
     std::vector<string_view> inOrder;
+    inOrder.reserve(names.size());
     for (const auto& [number, name] : names)
       inOrder.push_back(name);
     return inOrder;

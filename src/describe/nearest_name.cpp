@@ -62,8 +62,8 @@ class Distance {
       std::size_t fewest = std::min({replaced, inserted, deleted});
       const auto swapped = lastRowOf.find(right[column - 1]);
       if (swapped != lastRowOf.end() && lastMatch != 0) {
-        const std::size_t between = (row - swapped->second - 1) + (column - lastMatch - 1);
-        fewest = std::min(fewest, at(swapped->second - 1, lastMatch - 1) + between + 1);
+        const std::size_t edited = (row - swapped->second - 1) + (column - lastMatch - 1);
+        fewest = std::min(fewest, at(swapped->second - 1, lastMatch - 1) + edited + 1);
       }
       at(row, column) = fewest;
       if (isSame)

@@ -79,7 +79,7 @@ class BasicParser : public IParser {
 
   // For kivo/describe.h. These raise std::bad_alloc; the texts are the parser's.
   [[gnu::cold]] Declarations declarations();
-  [[gnu::cold]] const char* kept(const std::string& text);
+  [[gnu::cold]] const char* keep(const std::string& text);
   [[gnu::cold]] bool annotate(const char* option, std::string_view key, std::string_view text);
   [[gnu::cold]] const char* resolveName(std::string_view typed);
 

@@ -60,7 +60,7 @@ const char* describe(IParser& parser, const ToolInfo& tool, const CommandInfo* c
         return "";
       described.push_back({command->words, command->summary, ofCommand->declarations()});
     }
-    return own.kept(writeDescription(tool, own.declarations(), described));
+    return own.keep(writeDescription(tool, own.declarations(), described));
   });
 }
 
@@ -99,7 +99,7 @@ Declarations BasicParser::declarations() {
   return {m_storage.options(), m_storage.groups(), m_simultaneousActions, m_annotations, m_flags};
 }
 
-const char* BasicParser::kept(const string& text) { return m_garbage->keep(text.c_str()); }
+const char* BasicParser::keep(const string& text) { return m_garbage->keep(text.c_str()); }
 
 bool BasicParser::annotate(const char* option, std::string_view key, std::string_view text) {
   if (option == nullptr) {

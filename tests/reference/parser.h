@@ -23,6 +23,10 @@
 
 namespace kivo_3_3::reference {
 
+// The first name of the option that a typed name stands for, in full or cut short; null for none or
+// several, or if no argument can have this name. `parser` must be a reference::Parser.
+const char* resolveName(IParser& parser, const char* typed);
+
 class Parser final : public IParser {
  public:
   explicit Parser(int flags);
@@ -52,6 +56,8 @@ class Parser final : public IParser {
   void removeHandler(EventHandler* handler) override;
   bool addOptionFileOption(const char* description, const char* group) override;
   bool allowSimultaneousActions(const std::set<std::string>& actionNames) override;
+
+  const char* resolveName(const std::string& typed);
 
  private:
   // Calls one handler. Returns whether the handlers after it are to be called too.

@@ -29,9 +29,12 @@ std::vector<std::string> optionNames(const Options& options) {
   return names;
 }
 
-// The names that `typed` stands for, in the order of `names`.
-std::vector<std::string> bestMatches(const std::vector<std::string>& names,
-                                     const std::string& typed) {
+bool isPositional(const Option& option) { return option.isPositional; }
+
+}  // namespace
+
+std::vector<std::string> namesMeant(const Options& options, const std::string& typed) {
+  const std::vector<std::string> names = optionNames(options);
   stratum2::generic_iterator_t<std::string> best;
   stratum2::find_best_match({names.begin(), names.end()}, typed, best);
   std::vector<std::string> matches;
@@ -39,10 +42,6 @@ std::vector<std::string> bestMatches(const std::vector<std::string>& names,
     matches.push_back(*best);
   return matches;
 }
-
-bool isPositional(const Option& option) { return option.isPositional; }
-
-}  // namespace
 
 Recognizer::Recognizer(const char* name, EventHandler& handler, int flags)
     : m_name(name), m_handler(handler), m_flags(flags) {}
@@ -152,7 +151,7 @@ bool NamedRecognizer::recognize(const Arguments& args, const Options& options) {
     return false;
   std::string name;
   splitOptionValue(argument, &name, nullptr);
-  const std::vector<std::string> matches = bestMatches(optionNames(options), name);
+  const std::vector<std::string> matches = namesMeant(options, name);
   if (matches.empty())
     return false;
   if (matches.size() == 1) {

@@ -63,6 +63,11 @@ class Recognizer {
   int m_flags;
 };
 
+// The names, of all names of all options, that a typed name can stand for: the name itself, or else
+// all that begin with it, in declaration order. Each name of a boolean option is followed by its
+// "no-" form.
+std::vector<std::string> namesMeant(const Options& options, const std::string& typed);
+
 // Options given by name: "-v", "--level=3", "--no-verbose", or an abbreviation.
 class NamedRecognizer final : public Recognizer {
  public:

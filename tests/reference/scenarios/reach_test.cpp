@@ -14,7 +14,7 @@ namespace {
 
 using std::string;
 
-constexpr std::uint64_t scenarios = 4000;
+constexpr std::uint64_t scenarios = 8000;
 
 // A text in transcripts, and the least number of scenarios that must show it: about half of the
 // number that do.

@@ -90,6 +90,7 @@ class Scene {
   void files(const Command& command);
   void together(const Command& command);
   void declared(const Command& command);
+  void resolve(const Command& command);
   void synonym(const Command& command);
   void allow(const Command& command);
   void deprecate(const Command& command);

@@ -85,6 +85,13 @@ void Scene::declared(const Command& command) {
                                                    Given(command, 3).get()));
 }
 
+void Scene::resolve(const Command& command) {
+  if (const ParserSlot* const slot = parserOf(command)) {
+    const char* const name = m_world.resolveName(*slot->parser, Given(command, 1).get());
+    m_transcript.line("means ", name != nullptr ? name : "nothing");
+  }
+}
+
 // Null if the last declaration gave no builder; then the step is skipped.
 IOption* Scene::builderOf(const Command& command) {
   ParserSlot* const slot = parserOf(command);

@@ -23,6 +23,7 @@ constexpr std::pair<std::string_view, Operation> verbs[] = {
     {"files", &Scene::files},
     {"together", &Scene::together},
     {"declared", &Scene::declared},
+    {"resolve", &Scene::resolve},
     {"synonym", &Scene::synonym},
     {"allow", &Scene::allow},
     {"deprecate", &Scene::deprecate},

@@ -20,29 +20,19 @@ StepMaker::StepMaker(std::uint64_t seed) : m_random(seed) {
 }
 
 string StepMaker::any(int parser) {
-  static constexpr Choice choices[] = {{26, &StepMaker::parse},
-                                       {5, &StepMaker::stream},
-                                       {2, &StepMaker::argumentVector},
-                                       {20, &StepMaker::query},
-                                       {1, &StepMaker::error},
-                                       {1, &StepMaker::declared},
-                                       {4, &StepMaker::help},
-                                       {4, &StepMaker::helpOfTopic},
-                                       {1, &StepMaker::nowhere},
-                                       {2, &StepMaker::paragraph},
-                                       {3, &StepMaker::argumentSyntax},
-                                       {2, &StepMaker::locale},
-                                       {2, &StepMaker::buffer},
-                                       {1, &StepMaker::assertions},
-                                       {8, &StepMaker::declarationOrAmendment},
-                                       {5, &StepMaker::registration},
-                                       {3, &StepMaker::send},
-                                       {2, &StepMaker::ending},
-                                       {1, &StepMaker::newParser},
-                                       {1, &StepMaker::newResult},
-                                       {2, &StepMaker::simultaneousActions},
-                                       {1, &StepMaker::readAny},
-                                       {3, &StepMaker::file}};
+  static constexpr Choice choices[] = {
+      {26, &StepMaker::parse},         {5, &StepMaker::stream},
+      {2, &StepMaker::argumentVector}, {20, &StepMaker::query},
+      {1, &StepMaker::error},          {1, &StepMaker::declared},
+      {1, &StepMaker::resolve},        {4, &StepMaker::help},
+      {4, &StepMaker::helpOfTopic},    {1, &StepMaker::nowhere},
+      {2, &StepMaker::paragraph},      {3, &StepMaker::argumentSyntax},
+      {2, &StepMaker::locale},         {2, &StepMaker::buffer},
+      {1, &StepMaker::assertions},     {8, &StepMaker::declarationOrAmendment},
+      {5, &StepMaker::registration},   {3, &StepMaker::send},
+      {2, &StepMaker::ending},         {1, &StepMaker::newParser},
+      {1, &StepMaker::newResult},      {2, &StepMaker::simultaneousActions},
+      {1, &StepMaker::readAny},        {3, &StepMaker::file}};
   return choose(choices, parser);
 }
 
@@ -144,6 +134,15 @@ string StepMaker::declared(int parser) {
   return (StepText("declared") << orAtHand(parser) << declaredName(parser) << m_random.below(2)
                                << string(m_random.oneOf(vocabulary::groups)))
       .line();
+}
+
+string StepMaker::resolve(int parser) {
+  string typed = declaredName(parser);
+  if (m_random.chance(60))
+    typed = typed.substr(0, static_cast<std::size_t>(m_random.below(4)));
+  if (m_random.chance(20))
+    typed = "no-" + typed;
+  return (StepText("resolve") << orAtHand(parser) << typed).line();
 }
 
 string StepMaker::help(int parser) {

@@ -99,6 +99,7 @@ class StepMaker {
   std::string query(int parser);
   std::string error(int parser);
   std::string declared(int parser);
+  std::string resolve(int parser);
   std::string help(int parser);
   std::string helpOfTopic(int parser);
   std::string nowhere(int parser);

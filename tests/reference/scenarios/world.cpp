@@ -19,16 +19,16 @@ bool& librarySwitch() { return internal::kivoLogEnabled; }
 }  // namespace
 
 const World& libraryWorld() {
-  static const World world = {createParser,     getLastValue,   paragraphString, getDashLength,
-                              splitOptionValue, libraryCounter, librarySwitch};
+  static const World world = {createParser,  getLastValue,     paragraphString, resolveName,
+                              getDashLength, splitOptionValue, libraryCounter,  librarySwitch};
   return world;
 }
 
 const World& referenceWorld() {
-  static const World world = {reference::createParser,     reference::getLastValue,
-                              reference::paragraphString,  reference::getDashLength,
-                              reference::splitOptionValue, reference::positionCounter,
-                              reference::traceSwitch};
+  static const World world = {reference::createParser,    reference::getLastValue,
+                              reference::paragraphString, reference::resolveName,
+                              reference::getDashLength,   reference::splitOptionValue,
+                              reference::positionCounter, reference::traceSwitch};
   return world;
 }
 

@@ -14,6 +14,7 @@ struct World {
   Value (*getLastValue)(IParseResult* result, const char* name, int from, int to);
   std::string (*paragraphString)(std::string text, std::string head, unsigned int indent,
                                  unsigned int width);
+  const char* (*resolveName)(IParser& parser, const char* typed);
   unsigned int (*getDashLength)(const std::string& text, unsigned int pos);
   bool (*splitOptionValue)(const std::string& arg, std::string* name, std::string* value);
   // Process-wide state; each world has its own.
