@@ -16,7 +16,9 @@ struct ToolInfo {
   const char* summary;  ///< one sentence
 };
 
-/// A command of a tool, with a parser of its own.
+/// A command of a tool, with a parser of its own. A null text counts as the empty one. describe()
+/// writes the texts as they are: programs that read the description refuse words that are empty,
+/// begin with a dash, or are those of another command.
 struct CommandInfo {
   const char* words;    ///< one or more, separated by a blank: "remote add"
   const char* summary;  ///< one sentence
@@ -31,7 +33,9 @@ struct CommandInfo {
 /// until IParser::destroy(). The text is empty if memory runs out, or if one of the parsers was not
 /// made by createParser().
 ///
-/// The time and memory that it takes grow with the size of the description alone.
+/// A declared value of a kind that the type of its option cannot read is left out, since nobody can
+/// type it. The time and memory that the call takes grow with the declarations and with the number
+/// of actions that the modifiers go with.
 KIVO_API const char* describe(IParser& parser, const ToolInfo& tool,
                               const CommandInfo* commands = nullptr, unsigned int count = 0);
 
@@ -62,16 +66,17 @@ KIVO_API bool annotate(IParser& parser, const char* option, const char* key, con
 /// short, without dashes: "no-" forms of booleans count, and so do hidden and positional options.
 /// The parser owns the text until IParser::destroy().
 ///
-/// Returns null if no option or several options are meant, if `typed` is null or cannot be typed as
-/// a name, for a parser that createParser() has not made, and if memory runs out.
+/// Returns null if `typed` abbreviates no name or several names, even if these are of one option;
+/// if `typed` is null or cannot be typed as a name; for a parser that createParser() has not made;
+/// and if memory runs out.
 KIVO_API const char* resolveName(IParser& parser, const char* typed);
 
-/// Returns the declared name that is most like a misspelt one: the name into which `typed` turns
-/// with the fewest steps, each of which inserts, deletes or replaces a character, or swaps two
-/// neighbours. Of equally near names the one declared first counts. Only (n + 1) / 4 steps are
-/// allowed for a text of n characters, and only the first 100 characters count. Names of one or two
-/// characters, and those of hidden and of positional options, are never returned. The parser owns
-/// the text until IParser::destroy().
+/// Returns the declared name that is most like a misspelt one, without dashes: the name into which
+/// `typed` turns with the fewest steps, each of which inserts, deletes or replaces a character, or
+/// swaps two neighbours. Of equally near names the one declared first counts. Only (n + 1) / 4
+/// steps are allowed for a text of n characters, and only the first 100 characters count. Names of
+/// one or two characters, and those of hidden and of positional options, are never returned. The
+/// parser owns the text until IParser::destroy().
 ///
 /// Returns null if no name is near, if `typed` is null, for a parser that createParser() has not
 /// made, and if memory runs out.

@@ -37,12 +37,12 @@ string_view typeOf(const OptionDescription& option) {
   return name.empty() ? "other" : name;
 }
 
-// The text of a value as users type it, if there is one. A value of another kind than the option
-// has the text of its own kind.
+// The text of a value as users type it. None for a value of a kind that the option's type cannot
+// read: nobody can type it.
 std::optional<string> textOf(const OptionDescription& option, const variant_t& value) {
-  const variant_type_t type = canBecomeText(option.m_type, value) ? option.m_type : value.type();
   string text;
-  const bool hasText = canBecomeText(type, value) && appendClassicValue(type, value, text);
+  const bool hasText =
+      canBecomeText(option.m_type, value) && appendClassicValue(option.m_type, value, text);
   return hasText ? std::make_optional(text) : std::nullopt;
 }
 
@@ -109,6 +109,10 @@ class DescriptionWriter {
   template <class Texts>
   void list(string_view key, const Texts& texts) {
     m_json.key(key);
+    writeAll(texts);
+  }
+  template <class Texts>
+  void writeAll(const Texts& texts) {
     m_json.beginList();
     for (const auto& text : texts)
       m_json.text(text);
@@ -134,10 +138,10 @@ class DescriptionWriter {
     m_json.key("together");
     m_json.beginList();
     for (const std::set<string>& actions : declarations.together) {
-      m_json.beginList();
+      std::set<string> valid;  // once more sorted, and each once
       for (const string& action : actions)
-        m_json.text(action);
-      m_json.endList();
+        valid.insert(asUtf8(action));
+      writeAll(valid);
     }
     m_json.endList();
     const auto has = [&](int flag) { return (declarations.flags & flag) != 0; };
@@ -152,7 +156,10 @@ class DescriptionWriter {
   void sections(const Declarations& declarations) {
     m_json.key("sections");
     m_json.beginList();
+    std::set<string> written;  // headings may become equal when invalid bytes are replaced
     for (const auto& [heading, introduction] : declarations.sections) {
+      if (!written.insert(asUtf8(heading.text)).second)
+        continue;
       m_json.beginObject();
       member("heading", heading.text);
       member("introduction", introduction);
@@ -202,31 +209,40 @@ class DescriptionWriter {
         allowed.push_back(std::move(*text));
     if (!allowed.empty())
       list("allowed", allowed);
-    if (!option.m_deprecatedValues.empty())
-      deprecatedValues(option);
+    deprecatedValues(option);
     if (option.hasDefault())
       defaultValue(option);
   }
 
   void deprecatedValues(const OptionDescription& option) {
-    m_json.key("deprecated");
-    m_json.beginList();
+    bool isFirst = true;
     for (const auto& [deprecated, replacement] : option.m_deprecatedValues) {
+      const std::optional<string> value = textOf(option, deprecated);
+      if (!value)
+        continue;
+      if (isFirst) {
+        m_json.key("deprecated");
+        m_json.beginList();
+      }
+      isFirst = false;
       m_json.beginObject();
-      member("value", textOf(option, deprecated).value_or(""));
+      member("value", *value);
       member("replacement", textOf(option, replacement).value_or(""));
       m_json.endObject();
     }
-    m_json.endList();
+    if (!isFirst)
+      m_json.endList();
   }
 
   void defaultValue(const OptionDescription& option) {
     const variant_t& value = option.getDefaultValue();
-    const std::optional<string> text = textOf(option, value);
-    if (option.m_type == vtBool && canBecomeText(vtBool, value))
+    const string text = textOf(option, value).value_or("");
+    if (text.empty())
+      return;
+    if (option.m_type == vtBool)
       member("default", value.get<bool>());
-    else if (option.m_type != vtBool && option.m_type != vtNull && !text.value_or("").empty())
-      member("default", *text);
+    else
+      member("default", text);
   }
 
   void annotations(const Annotations::Texts& texts) {

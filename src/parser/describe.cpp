@@ -107,14 +107,20 @@ bool BasicParser::annotate(const char* option, std::string_view key, std::string
     return true;
   }
   const HashedName name(option);
-  const auto number = m_storage.names().find(name);
-  if (!number)
-    return false;
-  const Names& names = m_storage.options()[*number].m_names;
-  if (std::find(names.begin(), names.end(), name) == names.end())
-    return false;  // the "no-" form of a name
-  m_annotations.addToOption(*number, key, text);
-  return true;
+  const auto hasName = [&](const OptionDescription& declared) {
+    return std::find(declared.m_names.begin(), declared.m_names.end(), name) !=
+           declared.m_names.end();
+  };
+  OptionList& options = m_storage.options();
+  auto number = m_storage.names().find(name);
+  // A name may also be the "no-" form of another one, which is no name.
+  if (number && !hasName(options[*number])) {
+    const auto named = std::find_if(options.begin(), options.end(), hasName);
+    number = named != options.end() ? std::make_optional(named->m_number) : std::nullopt;
+  }
+  if (number)
+    m_annotations.addToOption(*number, key, text);
+  return number.has_value();
 }
 
 // A text that no argument can have as its name stands for no option: the name ends at a '=' or at

@@ -198,9 +198,60 @@ TEST_F(Described, AnEmptyOrMissingDefaultIsLeftOut) {
   EXPECT_EQ(string::npos, described().find("default"));
 }
 
-TEST_F(Described, AnUnsuitableValueHasTheTextOfItsOwnKindAndCallsNoAssertionHandler) {
-  parser->option("a", "", vtS32)->allowValue("ten")->defaultValue("none");
-  EXPECT_NE(string::npos, option().find(R"("allowed":["ten"],"default":"none"})"));
+TEST_F(Described, AValueThatNobodyCanTypeIsLeftOutAndCallsNoAssertionHandler) {
+  parser->option("a", "", vtS32)
+      ->allowValue("ten")
+      ->allowValue(variant_t("ten", true))
+      ->allowValue(variant_t())
+      ->allowDeprecatedValue("nine", 9)
+      ->defaultValue("none");
+  parser->option("b", "", vtNull)->allowValue(1)->allowDeprecatedValue(1, 2);
+  parser->option("c", "", stratum2::vtFloat)->allowValue(1.5)->allowDeprecatedValue(1.5, 2.5);
+  const string whole = described();
+  for (const char* const key : {"\"allowed\"", "\"deprecated\"", "\"default\""})
+    EXPECT_EQ(string::npos, whole.find(key)) << key;
+  parser->option("d", "", vtString)
+      ->allowValue(5)
+      ->allowValue("five")
+      ->allowDeprecatedValue("old", 5)
+      ->allowDeprecatedValue(4, "five");
+  EXPECT_NE(string::npos, described().find(R"("allowed":["five"],"deprecated":[)"
+                                           "\n"
+                                           R"({"value":"old","replacement":""}]})"));
+}
+
+TEST_F(Described, TextsThatBecomeEqualAreOne) {
+  parser->allowSimultaneousActions({"\xFE", "\xFF", "\U0001F600"});
+  parser->option("a", "", vtNull, "\xFF:one");
+  parser->option("b", "", vtNull, "\xFE:two");
+  const string whole = described();
+  EXPECT_NE(string::npos, whole.find("\"together\":[[\"\uFFFD\",\"\U0001F600\"]]"));
+  EXPECT_NE(string::npos, whole.find("\"sections\":[\n{\"heading\":\"\uFFFD\",\"introduction\":"
+                                     "\"one\",\"hidden\":false}],"));
+}
+
+TEST_F(Described, ASectionIsFirstUsedByARejectedDeclarationToo) {
+  parser->option("a", "", vtNull);
+  parser->option("a", "", vtNull, "Rejected:one");
+  parser->option("b", "", vtNull, "Rejected:two");
+  EXPECT_NE(string::npos,
+            described().find(R"({"heading":"Rejected","introduction":"one","hidden":false}])"));
+}
+
+TEST_F(Described, EachFlagHasItsField) {
+  const struct {
+    int flag;
+    const char* rest;
+  } cases[] = {{parserFlags::unknownArgumentIsError,
+                R"("error","dashArguments":"positional","leftoverArguments":"kept")"},
+               {parserFlags::dashArgumentsAreNeverPositional,
+                R"("passed over","dashArguments":"options","leftoverArguments":"kept")"},
+               {parserFlags::leftoverArgumentsArePositional,
+                R"("passed over","dashArguments":"positional","leftoverArguments":"positional")"}};
+  for (const auto& [flag, rest] : cases) {
+    parser = makeParser(flag);
+    EXPECT_NE(string::npos, described().find(string(R"("unknownArguments":)") + rest)) << flag;
+  }
 }
 
 TEST_F(Described, ActionsGivenTogetherAreSortedAndNeedNotBeDeclared) {
@@ -240,11 +291,45 @@ TEST_F(Described, OnlyNamesOfOptionsAreAnnotated) {
   const string before = described();
   EXPECT_FALSE(annotate(*parser, "no-color", "range", "x"));
   EXPECT_FALSE(annotate(*parser, "col", "range", "x"));
+  EXPECT_FALSE(annotate(*parser, "mono", "range", "x"));
   EXPECT_FALSE(annotate(*parser, "", "range", "x"));
   EXPECT_FALSE(annotate(*parser, "color", nullptr, "x"));
   EXPECT_FALSE(annotate(*parser, "color", "range", nullptr));
   EXPECT_FALSE(annotate(*parser, nullptr, nullptr, "x"));
   EXPECT_EQ(before, described());
+}
+
+TEST_F(Described, ASynonymIsAnnotatedEvenIfItIsTheNegationOfAnotherName) {
+  parser->option("color", "", vtBool);
+  parser->option("mono", "", vtNull)->synonym("no-color")->synonym("m");
+  EXPECT_TRUE(annotate(*parser, "no-color", "a", "x"));
+  EXPECT_TRUE(annotate(*parser, "m", "a", "y"));
+  EXPECT_NE(string::npos, described().find(R"({"names":["mono","no-color","m"],)"));
+  EXPECT_NE(string::npos,
+            described().find(R"("positional":false,"annotations":{"a":["x","y"]}}])"));
+}
+
+TEST_F(Described, AnAnnotationIsAddedOrNotThereWhenMemoryRunsOut) {
+  const char* const key = "a key too long to be kept without memory of its own";
+  const char* const text = "a text too long to be kept without memory of its own";
+  for (const char* const option : {"level", static_cast<const char*>(nullptr)}) {
+    for (const int known : {0, 1, 2}) {
+      bool isAdded = false;
+      for (long allowed = 0; !isAdded; ++allowed) {
+        parser = makeParser();
+        parser->option("level", "", vtS32);
+        for (int count = 0; count < known; ++count)
+          annotate(*parser, option, key, text);
+        const string before = described();
+        {
+          const AllocationLimit limit(allowed, Failing::forEver);
+          isAdded = annotate(*parser, option, key, text);
+          EXPECT_EQ(!isAdded, limit.reached());
+        }
+        EXPECT_EQ(isAdded, before != described());
+      }
+    }
+  }
 }
 
 TEST_F(Described, CommandsHaveDeclarationsOfTheirOwn) {

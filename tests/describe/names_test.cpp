@@ -7,6 +7,7 @@
 #include <string>
 
 #include "allocation/allocation_limit.h"
+#include "support/global_locale.h"
 
 namespace kivo_3_3::testing {
 namespace {
@@ -46,6 +47,29 @@ TEST_F(Names, AreNotResolvedIfNoneOrSeveralAreMeantOrTheyCannotBeTyped) {
   for (const char* typed : {"le", "x", "", "-dash", "a=b", "a b", "a=", "-"})
     EXPECT_EQ("null", resolved(typed)) << typed;
   EXPECT_EQ("null", resolved(nullptr));
+}
+
+TEST_F(Names, AreNotResolvedIfSeveralNamesOfOneOptionAreMeant) {
+  parser->option("colour,color", "", vtString);
+  EXPECT_EQ("null", resolved("col"));
+  EXPECT_EQ("colour", resolved("color"));
+}
+
+TEST_F(Names, AreResolvedAmongThoseDeclaredSinceTheLastCall) {
+  parser->option("level", "", vtS32);
+  EXPECT_EQ("level", resolved("l"));
+  parser->option("list", "", vtNull);
+  EXPECT_EQ("null", resolved("l"));
+  EXPECT_EQ("list", resolved("li"));
+}
+
+TEST_F(Names, EndAtTheWhiteSpaceOfTheGlobalLocale) {
+  parser->option("a_b", "", vtNull);
+  parser->option("a b", "", vtNull);
+  EXPECT_EQ("a_b", resolved("a_b"));
+  const GlobalLocale locale(localeWithUnderscoreAsSpace());
+  EXPECT_EQ("null", resolved("a_b"));
+  EXPECT_EQ("a b", resolved("a b"));
 }
 
 // What a parse finds for an argument, by what it stores or how it fails.
