@@ -104,13 +104,16 @@ TEST(SplitOptionValue, EndsANameOfAnyLengthAtAnEqualSignOrWhiteSpaceAlone) {
         }
 }
 
-TEST(SplitArgument, ReadsNoByteAfterTheArgument) {
+TEST(SplitArgument, ReadsNoByteBeforeOrAfterTheArgument) {
   const testing::GuardedPage page;
-  const std::string argument = "--a-name-of-many-characters";
-  for (std::size_t size = 2; size <= argument.size(); ++size) {
-    const ArgumentParts parts = splitArgument(page.last(argument.substr(0, size)), WhiteSpace());
-    EXPECT_EQ(argument.substr(2, size - 2), parts.name);
-    EXPECT_FALSE(parts.hasValue);
+  const std::string whole = "--a-name-of-many-characters";
+  for (std::size_t size = 2; size <= whole.size(); ++size) {
+    const std::string argument = whole.substr(0, size);
+    for (const std::string_view typed : {page.first(argument), page.last(argument)}) {
+      const ArgumentParts parts = splitArgument(typed, WhiteSpace());
+      EXPECT_EQ(argument.substr(2), parts.name);
+      EXPECT_FALSE(parts.hasValue);
+    }
   }
 }
 
