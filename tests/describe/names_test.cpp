@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 #include <kivo/kivo.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "allocation/allocation_limit.h"
 #include "support/global_locale.h"
@@ -159,6 +161,78 @@ TEST_F(Names, OnlyTheFirstHundredCharactersCount) {
   EXPECT_EQ(name, nearest((name + string(1'000'000, 'x')).c_str()));
   EXPECT_EQ(name, nearest((string(25, 'x') + string(75, 'n')).c_str()));
   EXPECT_EQ("null", nearest((string(26, 'x') + string(74, 'n')).c_str()));
+}
+
+TEST_F(Names, TheHundredAndFirstCharacterDoesNotCount) {
+  const string name(100, 'n');
+  parser->option((name + "x").c_str(), "", vtNull);
+  const string typed = string(25, 'y') + string(75, 'n');
+  EXPECT_EQ(name + "x", nearest((typed + "z").c_str()));
+  EXPECT_EQ("null", nearest(("y" + typed + "z").c_str()));
+}
+
+// Both are one step from "abc", so that the one declared first would be returned for both.
+TEST_F(Names, BytesThatAreNotUtf8AreCharactersOfTheirOwn) {
+  parser->option("ab\xF0", "", vtNull);
+  parser->option("ab\xF1", "", vtNull);
+  parser->option("ab\x71", "", vtNull);
+  EXPECT_EQ("ab\xF0", nearest("ab\xF0"));
+  EXPECT_EQ("ab\xF1", nearest("ab\xF1"));
+  EXPECT_EQ("ab\x71", nearest("ab\x71"));
+  EXPECT_EQ("ab\xF0", nearest("ab\xF2"));
+}
+
+// The distance by its definition: the last characters are deleted, inserted, replaced or matched,
+// or a pair is swapped and what is between its characters is deleted and inserted.
+std::size_t distanceOf(const string& left, const string& right) {
+  std::vector<std::vector<std::size_t>> steps(left.size() + 1,
+                                              std::vector<std::size_t>(right.size() + 1));
+  for (std::size_t row = 0; row <= left.size(); ++row)
+    for (std::size_t column = 0; column <= right.size(); ++column) {
+      std::size_t fewest = row + column;
+      if (row > 0 && column > 0) {
+        const std::size_t replaced = left[row - 1] == right[column - 1] ? 0 : 1;
+        fewest = std::min({steps[row - 1][column] + 1, steps[row][column - 1] + 1,
+                           steps[row - 1][column - 1] + replaced});
+      }
+      for (std::size_t i = 1; i < row; ++i)
+        for (std::size_t k = 1; k < column; ++k)
+          if (left[i - 1] == right[column - 1] && left[row - 1] == right[k - 1])
+            fewest = std::min(fewest, steps[i - 1][k - 1] + (row - i - 1) + 1 + (column - k - 1));
+      steps[row][column] = fewest;
+    }
+  return steps.back().back();
+}
+
+string randomWord(std::mt19937& random) {
+  string word(3 + random() % 10, 'a');
+  for (char& letter : word)
+    letter = static_cast<char>('a' + random() % 3);
+  return word;
+}
+
+TEST_F(Names, TheNearestIsThatOfAModel) {
+  std::mt19937 random(20261122);
+  int found = 0;
+  for (int round = 0; round < 2'000; ++round) {
+    parser = makeParser();
+    std::vector<string> names;
+    for (int count = 0; count < 6; ++count) {
+      names.push_back(randomWord(random));
+      parser->option(names.back().c_str(), "", vtNull);
+    }
+    const string typed = randomWord(random);
+    string expected = "null";
+    std::size_t limit = (typed.size() + 1) / 4 + 1;
+    for (const string& name : names)
+      if (const std::size_t steps = distanceOf(typed, name); steps < limit) {
+        limit = steps;
+        expected = name;
+      }
+    ASSERT_EQ(expected, nearest(typed.c_str())) << typed;
+    found += expected != "null" ? 1 : 0;
+  }
+  EXPECT_LT(100, found);
 }
 
 TEST_F(Names, AreNullWhenMemoryRunsOut) {
