@@ -5,6 +5,8 @@
 #include <map>
 #include <optional>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "describe/json_writer.h"
 #include "options/value_conversion.h"
@@ -138,7 +140,7 @@ class DescriptionWriter {
     m_json.key("together");
     m_json.beginList();
     for (const std::set<string>& actions : declarations.together) {
-      std::set<string> valid;  // once more sorted, and each once
+      std::set<string> valid;  // sorted again, without the actions that have become equal
       for (const string& action : actions)
         valid.insert(asUtf8(action));
       writeAll(valid);
@@ -215,23 +217,21 @@ class DescriptionWriter {
   }
 
   void deprecatedValues(const OptionDescription& option) {
-    bool isFirst = true;
-    for (const auto& [deprecated, replacement] : option.m_deprecatedValues) {
-      const std::optional<string> value = textOf(option, deprecated);
-      if (!value)
-        continue;
-      if (isFirst) {
-        m_json.key("deprecated");
-        m_json.beginList();
-      }
-      isFirst = false;
+    std::vector<std::pair<string, string>> typable;
+    for (const auto& [deprecated, replacement] : option.m_deprecatedValues)
+      if (auto text = textOf(option, deprecated))
+        typable.emplace_back(std::move(*text), textOf(option, replacement).value_or(""));
+    if (typable.empty())
+      return;
+    m_json.key("deprecated");
+    m_json.beginList();
+    for (const auto& [value, replacement] : typable) {
       m_json.beginObject();
-      member("value", *value);
-      member("replacement", textOf(option, replacement).value_or(""));
+      member("value", value);
+      member("replacement", replacement);
       m_json.endObject();
     }
-    if (!isFirst)
-      m_json.endList();
+    m_json.endList();
   }
 
   void defaultValue(const OptionDescription& option) {

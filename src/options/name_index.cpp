@@ -16,7 +16,8 @@ struct NameIndex::Matches {
   std::string_view ahead;
 };
 
-// Names may move, even if none is added later because the declaration fails.
+// The sorted list is dropped here and not in add(): widening a table moves the names that are in
+// it, even if the declaration then fails and nothing is added.
 void NameIndex::makeRoomFor(std::size_t count) {
   m_sorted.clear();
   m_names.makeRoomFor(count);

@@ -65,8 +65,7 @@ class NameIndex {
   // Names that find() never returns, since an equal name was added before. They are not in the
   // table, where thousands of equal names would be probed one by one.
   std::vector<Name, OwnedAllocator<Name>> m_repeated;
-  // Both are rebuilt by findBest() if `typed` is not a full name and room was made since the last
-  // time, which empties the first one.
+  // makeRoomFor() empties the first list. findBest() builds both lists again when it needs them.
   Sorted m_sorted;
   Sorted m_sortedBooleans;  // only names of booleans
 };

@@ -75,7 +75,7 @@ IOption* RegisteredOptionStorage::declare(const char* names, const char* tags,
   return &declared;
 }
 
-// Adds a description with these names, for which there is room in the index then.
+// Makes room for the names in the index, then adds a description that has them.
 OptionDescription& RegisteredOptionStorage::append(Names names) {
   m_names.makeRoomFor(names.size());
   OptionDescription& added = m_options.emplace_back(&m_garbage->memory());

@@ -113,7 +113,8 @@ bool BasicParser::annotate(const char* option, std::string_view key, std::string
   };
   OptionList& options = m_storage.options();
   auto number = m_storage.names().find(name);
-  // A name may also be the "no-" form of another one, which is no name.
+  // find() also answers for the "no-" form of a boolean's name, which is not one of its names. A
+  // later option may have that text as a synonym.
   if (number && !hasName(options[*number])) {
     const auto named = std::find_if(options.begin(), options.end(), hasName);
     number = named != options.end() ? std::make_optional(named->m_number) : std::nullopt;

@@ -109,6 +109,7 @@ int IArgumentParser::fail(string& error, string message) const {
 
 const OptionDescription& IArgumentParser::copied(const OptionDescription& option) {
   if (m_copyOf != &option || m_copy->m_changes != option.m_changes) {
+    m_copyOf = nullptr;  // if memory runs out for the copy, there is none
     m_copy.emplace(option);
     m_copyOf = &option;
   }

@@ -440,7 +440,7 @@ TEST_F(Described, TheDescriptionIsEmptyAndNothingIsAddedWhenMemoryRunsOut) {
 
 class Asked : public Described {
  protected:
-  // What is written to standard output, and the answer and the status behind it.
+  // What is written to standard output, then the answer, then the status.
   string asked(std::initializer_list<const char*> arguments) {
     std::vector<const char*> argv(arguments);
     int status = -1;

@@ -1,5 +1,5 @@
-// The arena: small pieces are freed with it, and large ones when they are deallocated, or with it
-// if they were allocated for good.
+// The arena: small pieces are freed with it. A large piece from allocate() is freed when it is
+// deallocated; a large piece from allocateForGood() is freed with the arena.
 
 #include "storage/owned_memory.h"
 
