@@ -75,6 +75,7 @@ AbbreviationParser::AbbreviationParser(EventHandler* handler, OwnedMemory* texts
 
 int AbbreviationParser::recognize(ArgumentWindow& args, OptionList& options, string&) {
   const std::string_view argument = args.front();
+  m_found.match.kind = NameIndex::Match::none;
   trace(": recognizing argument '", argument, "'");
   if (argument.size() < shortestArgument || dashLength(argument) == 0)
     return 1;
