@@ -24,6 +24,7 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/kivo-config-version.cmake
                                  COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/kivo-config.cmake
               ${PROJECT_BINARY_DIR}/kivo-config-version.cmake
+              ${PROJECT_SOURCE_DIR}/cmake/kivo-descriptions.cmake
         DESTINATION ${kivo_package_dir} COMPONENT kivo_development)
 
 # kivo.pc gives the prefix relative to its own folder.
@@ -32,6 +33,10 @@ file(RELATIVE_PATH kivo_prefix_from_pc
 configure_file(${PROJECT_SOURCE_DIR}/cmake/kivo.pc.in ${PROJECT_BINARY_DIR}/kivo.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/kivo.pc
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT kivo_development)
+
+# Tools that are installed with the library find it relative to their own folder.
+file(RELATIVE_PATH library_from_tool ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+set(kivo_tool_rpath "$ORIGIN/${library_from_tool}")
 
 # For programs that read the description of a tool.
 install(FILES ${PROJECT_SOURCE_DIR}/docs/description.schema.json

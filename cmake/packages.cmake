@@ -29,6 +29,7 @@ install_into_package(kivo_development libkivo-dev FILES ${copyright})
 install_into_package(kivo_development libkivo-dev/examples
   FILES ${PROJECT_SOURCE_DIR}/packaging/examples/CMakeLists.txt
   DIRECTORIES ${PROJECT_SOURCE_DIR}/examples/greet ${PROJECT_SOURCE_DIR}/examples/textkit)
+install_into_package(kivo_describe kivo-describe FILES ${copyright})
 install_into_package(kivo_documentation libkivo-doc
   FILES ${copyright} ${PROJECT_SOURCE_DIR}/README.md
   DIRECTORIES ${PROJECT_SOURCE_DIR}/docs ${KIVO_REFERENCE_DIR})
@@ -40,7 +41,7 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")  # each package has its own summary
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
-set(CPACK_COMPONENTS_ALL kivo_library kivo_development kivo_documentation)
+set(CPACK_COMPONENTS_ALL kivo_library kivo_development kivo_describe kivo_documentation)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SOURCE kivo)
@@ -67,12 +68,22 @@ set(CPACK_DEBIAN_KIVO_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_KIVO_DEVELOPMENT_PACKAGE_MULTIARCH same)
 set(CPACK_DEBIAN_KIVO_DEVELOPMENT_PACKAGE_DEPENDS
     "${library_package} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
+set(CPACK_DEBIAN_KIVO_DEVELOPMENT_PACKAGE_RECOMMENDS "kivo-describe")
 set(CPACK_DEBIAN_KIVO_DEVELOPMENT_PACKAGE_SUGGESTS "libkivo-doc")
 set(CPACK_DEBIAN_KIVO_DEVELOPMENT_DESCRIPTION "command-line parsing for tools (development files)
 ${about}
 
 This package holds what a tool is built with: the headers, the files for
 CMake and pkg-config, and the sources of two example tools.")
+
+set(CPACK_DEBIAN_KIVO_DESCRIBE_PACKAGE_NAME kivo-describe)
+set(CPACK_DEBIAN_KIVO_DESCRIBE_PACKAGE_SECTION devel)
+set(CPACK_DEBIAN_KIVO_DESCRIBE_PACKAGE_MULTIARCH foreign)
+set(CPACK_DEBIAN_KIVO_DESCRIBE_DESCRIPTION "command-line parsing for tools (manual pages from declarations)
+${about}
+
+This package holds the program that makes a manual page of what such a tool
+says about its command line, for those who build one.")
 
 set(CPACK_DEBIAN_KIVO_DOCUMENTATION_PACKAGE_NAME libkivo-doc)
 set(CPACK_DEBIAN_KIVO_DOCUMENTATION_PACKAGE_ARCHITECTURE all)

@@ -17,7 +17,7 @@ quietly() { "$@" >"$scratch/log" 2>&1 || { cat "$scratch/log"; fail "failed: $*"
 
 quietly "$source/scripts/package" --unchecked "$work"
 library=$(echo "$work"/libkivo[0-9]*.deb) dev=$(echo "$work"/libkivo-dev_*.deb)
-doc=$(echo "$work"/libkivo-doc_*.deb)
+doc=$(echo "$work"/libkivo-doc_*.deb) describe=$(echo "$work"/kivo-describe_*.deb)
 field() { dpkg-deb --field "$1" "$2"; }
 package=$(field "$library" Package) version=$(field "$library" Version)
 multiarch=$(dpkg-architecture -q DEB_HOST_MULTIARCH)
@@ -35,7 +35,7 @@ inRoot() { PATH=$PATH:/usr/sbin:/sbin dpkg --root="$root" --force-not-root --log
   fail "libkivo-dev was installed without the library"
 grep -qF "libkivo-dev depends on $package (= $version)" "$scratch/log" ||
   { cat "$scratch/log"; fail "libkivo-dev does not ask for $package of its own version"; }
-quietly inRoot --install "$library" "$dev" "$doc"
+quietly inRoot --install "$library" "$dev" "$doc" "$describe"
 
 # Checks the files and the control files of the packages.
 holds() {
@@ -47,20 +47,23 @@ holds() {
 }
 holds "$package" "lib/$multiarch/libkivo[.]so[.][0-9.]+"
 holds libkivo-dev "include/.*[.]h|share/kivo/description[.]schema[.]json|lib/$multiarch/(libkivo[.]so|(cmake|pkgconfig)/.*)"
+holds kivo-describe "bin/kivo-describe|lib/$multiarch/cmake/kivo/kivo-describe-targets.*[.]cmake|share/man/man1/kivo-describe[.]1[.]gz"
 holds libkivo-doc "share/man/man7/kivo[.]7[.]gz"
 dpkg-deb --raw-extract "$library" "$scratch/raw"
 for control in symbols shlibs triggers md5sums; do
   [ -s "$scratch/raw/DEBIAN/$control" ] || fail "$package has no $control"
 done
-for name in "$package" libkivo-dev libkivo-doc; do
+for name in "$package" libkivo-dev kivo-describe libkivo-doc; do
   texts=$root/usr/share/doc/$name
   zgrep -qF "kivo ($version) " "$texts/changelog.Debian.gz" || fail "$name: another changelog"
   grep -qx 'License: Expat' "$texts/copyright" || fail "$name: no licence"
 done
 [ -e "$root/usr/share/doc/libkivo-doc/README.md" ] || fail "libkivo-doc: no README.md"
 libdir=$root/usr/lib/$multiarch
-sections=$(readelf --sections --dynamic --wide "$libdir/libkivo.so")
-! grep -E '[.]symtab|[.]debug|RPATH|RUNPATH' <<<"$sections" || fail "$package is not stripped"
+for binary in "$libdir/libkivo.so" "$root/usr/bin/kivo-describe"; do
+  sections=$(readelf --sections --dynamic --wide "$binary")
+  ! grep -E '[.]symtab|[.]debug|RPATH|RUNPATH' <<<"$sections" || fail "$binary is not stripped"
+done
 ! grep -rlF -e "$source" -e "$work" "$root/usr" || fail "these files name the place they come from"
 
 # Builds the examples as a user of the package would, and one of them with pkg-config.
@@ -84,6 +87,13 @@ read -ra expected <<<"$(wc -lwc "$text")"
 greeting=$(LD_LIBRARY_PATH=$libdir "$scratch/greet" World)
 [ "$greeting" = "Hello World" ] || fail "greet printed: $greeting"
 
+# The examples ask for manual pages.
+quietly cmake --install "$scratch/build" --prefix "$scratch/installed"
+for tool in greet textkit; do
+  page=$(LC_ALL=C.UTF-8 man -M "$scratch/installed/share/man" "$tool") || fail "no page of $tool"
+  grep -q "^ *$tool - " <<<"$page" || fail "the page of $tool: $page"
+done
+
 # The package of a tool that was built like this must depend on the package of the library.
 mkdir -p "$scratch/tool/debian"
 printf 'Source: tool\n\nPackage: tool\nArchitecture: any\n' >"$scratch/tool/debian/control"
@@ -91,6 +101,6 @@ dependencies=$(cd "$scratch/tool" && dpkg-shlibdeps -O -S"$scratch/raw" -e"$text
   { cat "$scratch/log"; fail "dpkg-shlibdeps does not find what textkit depends on"; }
 [[ $dependencies == *"$package (>= "* ]] || fail "textkit depends on: $dependencies"
 
-quietly inRoot --purge "$package" libkivo-dev libkivo-doc
+quietly inRoot --purge "$package" libkivo-dev kivo-describe libkivo-doc
 [ -z "$(find "$root" -name '*kivo*')" ] || fail "left behind: $(find "$root" -name '*kivo*')"
 echo "installed $(cd "$work" && echo *.deb), built and ran the examples, and removed them"

@@ -19,14 +19,15 @@ soname=libkivo.so.${version%.*}
 expected_files() {
   (cd "$source" && find include/kivo -name '*.h')
   printf '%s\n' include/bedrock/assertion.h include/stratum2/variant.h share/man/man7/kivo.7 \
-    share/kivo/description.schema.json
+    share/kivo/description.schema.json bin/kivo-describe share/man/man1/kivo-describe.1
   for file in libkivo.so "$soname" "libkivo.so.$version" pkgconfig/kivo.pc \
-    cmake/kivo/kivo-{config,config-version,targets,targets-CONFIGURATION}.cmake; do
+    cmake/kivo/kivo-{config,config-version,targets,targets-CONFIGURATION}.cmake \
+    cmake/kivo/kivo-{descriptions,describe-targets,describe-targets-CONFIGURATION}.cmake; do
     echo "${libdir#"$prefix"/}/$file"
   done
 }
 (cd "$prefix" && find . ! -type d -printf '%P\n') |
-  sed -E '/-config-version/!s/(kivo-targets)-[a-z]+/\1-CONFIGURATION/' | sort |
+  sed -E '/-config-version/!s/(kivo(-describe)?-targets)-[a-z]+/\1-CONFIGURATION/' | sort |
   diff <(expected_files | sort) - || fail "these files are missing (<) or too many (>)"
 
 while IFS= read -r header; do
@@ -45,4 +46,8 @@ grep -qF "soname: [$soname]" <<<"$dynamic" || fail "the soname is not $soname"
 ! grep -E 'RPATH|RUNPATH' <<<"$dynamic" || fail "the library looks for others in a place of its own"
 ! grep NEEDED <<<"$dynamic" | grep -vE '\[(libstdc\+\+|libgcc_s|libm|libc)\.so' ||
   fail "the library needs more than the C++ standard library"
+# The tool finds the library in any place where both are installed.
+"$prefix/bin/kivo-describe" -version | grep -qx "kivo-describe $version" ||
+  fail "kivo-describe does not run"
+
 echo "$(find "$prefix" -type f | wc -l) files, none of which names a place"

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <vector>
+
+#include "description.h"
+#include "lines.h"
+
+namespace kivo_describe {
+
+// Options that a page may name. Operands are those without a dash.
+bool isOperand(const Option& option);
+bool isListed(const Option& option);
+bool isAction(const Option& option);
+bool isNoAction(const Option& option);  // listed all the same
+
+// How names are shown.
+enum class Dashes {
+  one,
+  two  // for names of two characters and more
+};
+
+Span shownName(const std::string& name, Dashes dashes);
+Span operandName(const Option& operand);
+
+// All names of an option and what stands for its value, or the name of an operand.
+Line entryLabel(const Option& option, Dashes dashes);
+
+// What there is to say about an option. `declarations` have the actions that it goes with.
+std::vector<Line> entryText(const Option& option, const Declarations& declarations, Dashes dashes);
+
+}  // namespace kivo_describe

@@ -1,0 +1,181 @@
+#include "page.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "exit_statuses.h"
+#include "option_entry.h"
+#include "text.h"
+
+// Decides what the page of a tool says and in which order, for every markup language alike.
+//
+// Nothing hidden gets into a page: only visible options are listed or named, and a section appears
+// only with a visible option of its own.
+
+namespace kivo_describe {
+namespace {
+
+using Choice = bool (*)(const Option&);
+
+// Makes the blocks of one page.
+class PageMaker {
+ public:
+  explicit PageMaker(const Description& description)
+      : m_description(description),
+        m_own(description.declarations),
+        m_dashes(firstText(m_own.annotations, "dashes") == "two" ? Dashes::two : Dashes::one) {}
+
+  std::vector<Block> blocks() {
+    addSynopsis();
+    addDescription();
+    addCommands();
+    addChapter("ACTIONS", isAction);
+    addTogether();
+    addChapter("OPTIONS", isNoAction);
+    addChapter("OPERANDS", isOperand);
+    addExitStatus();
+    addParagraph(firstText(m_own.annotations, "footer").value_or(""));
+    return std::move(m_blocks);
+  }
+
+ private:
+  void addSynopsis() {
+    addHeading(1, "SYNOPSIS");
+    Paragraph synopsis;
+    for (const Command& command : m_description.commands)
+      synopsis.lines.push_back(
+          usage(m_description.name + ' ' + command.words, {&command.declarations, &m_own}));
+    if (synopsis.lines.empty())
+      synopsis.lines.push_back(usage(m_description.name, {&m_own}));
+    m_blocks.emplace_back(std::move(synopsis));
+  }
+
+  // The operand is the first positional option of the first declarations that have one.
+  static Line usage(const std::string& words, const std::vector<const Declarations*>& all) {
+    bool hasOptions = false;
+    const Option* operand = nullptr;
+    for (const Declarations* declarations : all) {
+      for (const Option& option : declarations->options) {
+        hasOptions = hasOptions || isListed(option);
+        if (operand == nullptr && option.positional)
+          operand = &option;
+      }
+    }
+    Line line = {literal(words)};
+    if (hasOptions)
+      line = line + Line{own(" ["), variable("option"), own(" ...]")};
+    if (operand != nullptr && isOperand(*operand))
+      line = line + Line{own(" ["), operandName(*operand), own(" ...]")};
+    return line;
+  }
+
+  void addDescription() {
+    addHeading(1, "DESCRIPTION");
+    addParagraph(m_description.summary);
+    if (!squeezed(m_description.version).empty())
+      m_blocks.emplace_back(Paragraph{{fact("Version", {plain(m_description.version)})}});
+    addParagraph(
+        "The name of an option may be cut short if no other name begins that way. The value of an "
+        "option follows after a blank or an equals sign.");
+  }
+
+  void addCommands() {
+    if (!m_description.commands.empty())
+      addHeading(1, "COMMANDS");
+    for (const Command& command : m_description.commands) {
+      addHeading(2, command.words);
+      addParagraph(command.summary);
+      addSections(3, command.declarations, isOperand);
+      addSections(3, command.declarations, isListed);
+    }
+  }
+
+  void addChapter(const char* heading, Choice choice) {
+    if (std::none_of(m_own.options.begin(), m_own.options.end(), choice))
+      return;
+    addHeading(1, heading);
+    addSections(2, m_own, choice);
+  }
+
+  // Lists the chosen options section by section. Sections without a heading come first, because
+  // their options would seem to belong to the section before them.
+  void addSections(int level, const Declarations& declarations, Choice choice) {
+    for (const bool hasHeading : {false, true}) {
+      for (const Section& section : declarations.sections) {
+        if (hasHeading != squeezed(section.heading).empty())
+          addSection(level, section, declarations, choice);
+      }
+    }
+  }
+
+  void addSection(int level, const Section& section, const Declarations& declarations,
+                  Choice choice) {
+    bool isFirst = true;
+    for (const Option& option : declarations.options) {
+      if (!choice(option) || option.section != section.heading)
+        continue;
+      if (isFirst) {
+        addHeading(level, section.heading);
+        addParagraph(section.introduction);
+      }
+      isFirst = false;
+      m_blocks.emplace_back(
+          Item{entryLabel(option, m_dashes), entryText(option, declarations, m_dashes)});
+    }
+  }
+
+  void addTogether() {
+    for (const Texts& set : m_own.together) {
+      std::vector<Span> actions;
+      for (const std::string& name : set) {
+        if (isNameOfAction(name))
+          actions.push_back(shownName(name, m_dashes));
+      }
+      if (actions.size() > 1)
+        m_blocks.emplace_back(Paragraph{{fact("May be given together", listOf(actions))}});
+    }
+  }
+
+  bool isNameOfAction(const std::string& name) const {
+    return std::any_of(m_own.options.begin(), m_own.options.end(), [&](const Option& option) {
+      return isAction(option) &&
+             std::find(option.names.begin(), option.names.end(), name) != option.names.end();
+    });
+  }
+
+  void addExitStatus() {
+    addHeading(1, "EXIT STATUS");
+    const auto added = m_own.annotations.find("exitStatus");
+    for (const auto& [number, meaning] :
+         exitStatuses(added == m_own.annotations.end() ? Texts() : added->second)) {
+      if (number.empty())
+        addParagraph(meaning);
+      else
+        m_blocks.emplace_back(Item{{literal(number)}, {{plain(meaning)}}});
+    }
+  }
+
+  void addHeading(int level, const std::string& text) {
+    if (const std::string shown = squeezed(text); !shown.empty())
+      m_blocks.emplace_back(Heading{level, shown});
+  }
+
+  void addParagraph(const std::string& text) {
+    if (const Span shown = plain(text); !shown.text.empty())
+      m_blocks.emplace_back(Paragraph{{{shown}}});
+  }
+
+  const Description& m_description;
+  const Declarations& m_own;  // of the tool itself
+  Dashes m_dashes;
+  std::vector<Block> m_blocks;
+};
+
+}  // namespace
+
+Page makePage(const Description& description) {
+  return {description.name, squeezed(description.version), squeezed(description.summary),
+          PageMaker(description).blocks()};
+}
+
+}  // namespace kivo_describe
