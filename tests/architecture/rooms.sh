@@ -40,6 +40,9 @@ rooms=$(IFS='|' && echo "${!mayInclude[*]}")
 if grep -rnE "#include (\"|<($rooms)/)" include; then
   complain "a public header includes what is not public"
 fi
+if grep -rnE "#include [<\"]($rooms|bedrock)/" tools examples; then
+  complain "a tool includes what is not public"
+fi
 if grep -rnE "#include [<\"](kivo|$rooms)/" platform; then
   complain "a platform layer includes the library that stands on it"
 fi

@@ -49,6 +49,8 @@ TEST(ManualPage, NoParagraphBeginsRightAfterAHeading) {
 }
 
 TEST(ManualPage, TheThirdLevelOfHeadingsIsBold) {
+  EXPECT_EQ(".SS A\n\\fBB\\fR\n.PP\nx\n",
+            body({Heading{2, "A"}, Heading{3, "B"}, Paragraph{{{own("x")}}}}));
   EXPECT_EQ(".PP\n\\fBA\\fR\n.PP\nx\n", body({Heading{3, "A"}, Paragraph{{{own("x")}}}}));
 }
 

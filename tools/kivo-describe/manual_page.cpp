@@ -90,7 +90,7 @@ class ManualPage {
     else if (heading.level == 2)
       m_text += ".SS " + escaped(heading.text) + '\n';
     else
-      m_text += ".PP\n\\fB" + escaped(heading.text) + "\\fR\n";
+      add(Paragraph{{{literal(heading.text)}}});
     m_isAfterHeading = heading.level < 3;
   }
 
