@@ -7,9 +7,10 @@ namespace kivo_3_3::reference {
 namespace {
 
 template <class T>
-std::string numberToText(const variant_t& value) {
+std::string numberToText(const variant_t& value, const std::locale& locale) {
   const T number = value.get<T>();
   std::ostringstream stream;
+  stream.imbue(locale);
   stream << number;
   return stream.str();
 }
@@ -59,24 +60,41 @@ variant_t textToUnsigned64(const std::string& text) {
 
 }  // namespace
 
-std::string toText(variant_type_t type, const variant_t& value) {
+std::string toText(variant_type_t type, const variant_t& value, const std::locale& locale) {
   switch (static_cast<int>(type)) {
     case vtBool:
-      return numberToText<bool>(value);
+      return numberToText<bool>(value, locale);
     case vtS32:
-      return numberToText<s32_t>(value);
+      return numberToText<s32_t>(value, locale);
     case vtU32:
-      return numberToText<u32_t>(value);
+      return numberToText<u32_t>(value, locale);
     case vtS64:
-      return numberToText<s64_t>(value);
+      return numberToText<s64_t>(value, locale);
     case vtU64:
-      return numberToText<u64_t>(value);
+      return numberToText<u64_t>(value, locale);
     case vtDouble:
-      return numberToText<double>(value);
+      return numberToText<double>(value, locale);
     case vtString:
       return textToText(value);
     default:
       return std::string();
+  }
+}
+
+bool canBecomeText(variant_type_t type, const variant_t& value) {
+  switch (static_cast<int>(type)) {
+    case vtBool:
+    case vtS32:
+    case vtU32:
+    case vtS64:
+    case vtU64:
+      return value.can_get<u64_t>();
+    case vtDouble:
+      return value.can_get<double>();
+    case vtString:
+      return value.can_get<const char*>();
+    default:
+      return false;
   }
 }
 

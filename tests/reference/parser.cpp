@@ -5,9 +5,7 @@
 #include <algorithm>
 
 #include "bedrock/assertion.h"
-#include "reference/argument_syntax.h"
 #include "reference/help.h"
-#include "reference/recognizers.h"
 
 namespace kivo_3_3::reference {
 
@@ -60,22 +58,6 @@ bool Parser::isOptionDeclared(const char* name, bool amongActions, const char* g
         (group == nullptr || option.groupKey == group))
       return true;
   return false;
-}
-
-const char* resolveName(IParser& parser, const char* typed) {
-  return typed != nullptr ? static_cast<Parser&>(parser).resolveName(typed) : nullptr;
-}
-
-const char* Parser::resolveName(const std::string& typed) {
-  std::string name;
-  const bool hasValue = splitOptionValue("--" + typed, &name, nullptr);
-  if (hasValue || name.empty() || name.front() == '-')
-    return nullptr;
-  const std::vector<std::string> meant = namesMeant(m_registry.options(), name);
-  if (meant.size() != 1)
-    return nullptr;
-  const std::size_t option = findOption(meant.front(), m_registry.options()).value();
-  return m_garbage.init(m_registry.options()[option].names.front());
 }
 
 bool Parser::allowSimultaneousActions(const std::set<std::string>& actionNames) {

@@ -2,14 +2,17 @@
 
 // The parser object: declarations, events, help, and the parse itself (driver.cpp).
 
+#include <kivo/describe.h>
 #include <kivo/parser.h>
 
 #include <functional>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "reference/action_rules.h"
+#include "reference/description.h"
 #include "reference/garbage.h"
 #include "reference/option_files.h"
 #include "reference/recognizers.h"
@@ -23,9 +26,12 @@
 
 namespace kivo_3_3::reference {
 
-// The first name of the option that a typed name stands for, in full or cut short; null for none or
-// several, or if no argument can have this name. `parser` must be a reference::Parser.
+// See kivo/describe.h. The answer for any parser but a reference::Parser is empty, false or null.
+const char* describe(IParser& parser, const ToolInfo& tool, const CommandInfo* commands,
+                     unsigned int count);
+bool annotate(IParser& parser, const char* option, const char* key, const char* text);
 const char* resolveName(IParser& parser, const char* typed);
+const char* nearestName(IParser& parser, const char* typed);
 
 class Parser final : public IParser {
  public:
@@ -58,6 +64,10 @@ class Parser final : public IParser {
   bool allowSimultaneousActions(const std::set<std::string>& actionNames) override;
 
   const char* resolveName(const std::string& typed);
+  const char* nearestName(const std::string& typed);
+  // A null `option` stands for the tool.
+  bool annotate(const char* option, const std::string& key, const std::string& text);
+  const char* describe(const ToolInfo& tool, const std::vector<CommandInfo>& commands);
 
  private:
   // Calls one handler. Returns whether the handlers after it are to be called too.
@@ -67,6 +77,9 @@ class Parser final : public IParser {
   // The text of help, or "Unknown error handled." if writing it throws a standard exception.
   const char* helpText(const std::function<std::string()>& write);
   const char* describe(const std::vector<Option>& options, bool hidden);
+  std::optional<std::size_t> findDeclared(const std::string& name) const;
+  Declarations declarations() const;
+
   const char* topicNotAvailable(const std::string& topic, bool hidden);
 
   int parseVector(Arguments& args, Result* result);
@@ -86,6 +99,7 @@ class Parser final : public IParser {
   std::set<EventHandler*> m_handlers;
   bool m_optionFileEnabled = false;
   ActionGroups m_simultaneousActions;
+  Annotations m_annotations;
 };
 
 int createParser(IParser** parser, int flags);

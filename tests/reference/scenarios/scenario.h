@@ -11,7 +11,8 @@
 //   option P|NAMES|DESCRIPTION|TYPE|GROUP       action (the same)
 //   modifier P|NAMES|ACTIONS|DESCRIPTION|TYPE|GROUP
 //   files P|DESCRIPTION|GROUP   together P|ACTIONS   declared P|NAME|AMONG ACTIONS|GROUP
-//   resolve P|NAME
+//   resolve P|NAME   nearest P|NAME   annotate P|OPTION|KEY|TEXT
+//   describe P|NAME|VERSION|SUMMARY   (then three fields for each command: |WORDS|SUMMARY|P)
 //   synonym P|NAME   allow P|KIND|VALUE   deprecate P|KIND|OLD|KIND|NEW   default P|KIND|VALUE
 //   tokenize P|CHARACTER   positional P   tag P|TAGS      (amend the last declaration)
 //   add P|H   remove P|H   direct P|P (a parser as the only handler)

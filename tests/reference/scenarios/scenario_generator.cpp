@@ -65,6 +65,8 @@ class Generator {
     }
     while (m_random.chance(m_make.hasActions() ? 55 : 5))
       write(m_make.simultaneousActions(parser));
+    while (m_random.chance(20))
+      write(m_make.annotation(parser));
     const int files = m_make.hasFiles() && parser == 0 ? 1 + m_random.below(4) : 0;
     for (int i = 0; i < files; ++i)
       write(m_make.file(parser));

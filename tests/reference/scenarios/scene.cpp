@@ -71,8 +71,10 @@ string Scene::run() {
 void Scene::endEverything() {
   m_assertionsThrow = false;
   for (ParserSlot& slot : m_parsers)
-    if (slot.parser != nullptr)
+    if (slot.parser != nullptr) {
+      checkHandedOut(slot);
       slot.parser->destroy();
+    }
   for (ResultSlot& slot : m_results)
     if (slot.result != nullptr)
       slot.result->destroy();
@@ -162,6 +164,7 @@ void Scene::endparser(const Command& command) {
   if (slot == nullptr)
     return;
   unregister(parserIndex(command, 0));
+  checkHandedOut(*slot);
   const std::size_t before = m_refusals;
   slot->parser->destroy();
   if (m_refusals == before)

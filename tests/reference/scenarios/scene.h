@@ -90,7 +90,6 @@ class Scene {
   void files(const Command& command);
   void together(const Command& command);
   void declared(const Command& command);
-  void resolve(const Command& command);
   void synonym(const Command& command);
   void allow(const Command& command);
   void deprecate(const Command& command);
@@ -98,6 +97,11 @@ class Scene {
   void tokenize(const Command& command);
   void positional(const Command& command);
   void tag(const Command& command);
+
+  void resolve(const Command& command);
+  void nearest(const Command& command);
+  void annotate(const Command& command);
+  void describe(const Command& command);
 
   void add(const Command& command);
   void remove(const Command& command);
@@ -158,9 +162,10 @@ class Scene {
   struct ParserSlot {
     IParser* parser = nullptr;
     Addresses texts;
-    IOption* builder = nullptr;  // of the last declaration
-    bool hasListeners = false;   // a listener is or was registered
-    int direct = none;           // the parser that is or was registered as the handler
+    std::map<const char*, std::string> handedOut;  // by the functions of kivo/describe.h
+    IOption* builder = nullptr;                    // of the last declaration
+    bool hasListeners = false;                     // a listener is or was registered
+    int direct = none;  // the parser that is or was registered as the handler
   };
   struct ResultSlot {
     IParseResult* result = nullptr;
@@ -227,6 +232,8 @@ class Scene {
   void keepBuilder(ParserSlot& slot, IOption* builder);
   void amended(const IOption* builder, const IOption* answer);
   void unregister(int parser);
+  static const char* handedOut(ParserSlot& slot, const char* text);
+  void checkHandedOut(const ParserSlot& slot);
 
   bool hear(int handler, const Event& event);
   void record(int handler, const Event& event);

@@ -1,31 +1,12 @@
 // Declarations and builder calls.
 
-#include <optional>
-
+#include "reference/scenarios/given.h"
 #include "reference/scenarios/scene.h"
 #include "reference/scenarios/values.h"
 
 namespace kivo_3_3::scenarios {
 
 using std::string;
-
-namespace {
-
-// A text argument that is freed after the call: the parser must have copied it.
-class Given {
- public:
-  Given(const Command& command, std::size_t field) {
-    if (!command.isNull(field))
-      m_text = command.text(field);
-  }
-
-  const char* get() const { return m_text ? m_text->c_str() : nullptr; }
-
- private:
-  std::optional<string> m_text;
-};
-
-}  // namespace
 
 void Scene::keepBuilder(ParserSlot& slot, IOption* builder) {
   slot.builder = builder;
@@ -83,13 +64,6 @@ void Scene::declared(const Command& command) {
     m_transcript.line(
         "answers ", slot->parser->isOptionDeclared(Given(command, 1).get(), command.number(2) != 0,
                                                    Given(command, 3).get()));
-}
-
-void Scene::resolve(const Command& command) {
-  if (const ParserSlot* const slot = parserOf(command)) {
-    const char* const name = m_world.resolveName(*slot->parser, Given(command, 1).get());
-    m_transcript.line("means ", name != nullptr ? name : "nothing");
-  }
 }
 
 // Null if the last declaration gave no builder; then the step is skipped.

@@ -20,19 +20,33 @@ StepMaker::StepMaker(std::uint64_t seed) : m_random(seed) {
 }
 
 string StepMaker::any(int parser) {
-  static constexpr Choice choices[] = {
-      {26, &StepMaker::parse},         {5, &StepMaker::stream},
-      {2, &StepMaker::argumentVector}, {20, &StepMaker::query},
-      {1, &StepMaker::error},          {1, &StepMaker::declared},
-      {1, &StepMaker::resolve},        {4, &StepMaker::help},
-      {4, &StepMaker::helpOfTopic},    {1, &StepMaker::nowhere},
-      {2, &StepMaker::paragraph},      {3, &StepMaker::argumentSyntax},
-      {2, &StepMaker::locale},         {2, &StepMaker::buffer},
-      {1, &StepMaker::assertions},     {8, &StepMaker::declarationOrAmendment},
-      {5, &StepMaker::registration},   {3, &StepMaker::send},
-      {2, &StepMaker::ending},         {1, &StepMaker::newParser},
-      {1, &StepMaker::newResult},      {2, &StepMaker::simultaneousActions},
-      {1, &StepMaker::readAny},        {3, &StepMaker::file}};
+  static constexpr Choice choices[] = {{26, &StepMaker::parse},
+                                       {5, &StepMaker::stream},
+                                       {2, &StepMaker::argumentVector},
+                                       {20, &StepMaker::query},
+                                       {1, &StepMaker::error},
+                                       {1, &StepMaker::declared},
+                                       {2, &StepMaker::resolve},
+                                       {4, &StepMaker::nearest},
+                                       {3, &StepMaker::annotation},
+                                       {6, &StepMaker::description},
+                                       {4, &StepMaker::help},
+                                       {4, &StepMaker::helpOfTopic},
+                                       {1, &StepMaker::nowhere},
+                                       {2, &StepMaker::paragraph},
+                                       {3, &StepMaker::argumentSyntax},
+                                       {2, &StepMaker::locale},
+                                       {2, &StepMaker::buffer},
+                                       {1, &StepMaker::assertions},
+                                       {8, &StepMaker::declarationOrAmendment},
+                                       {5, &StepMaker::registration},
+                                       {3, &StepMaker::send},
+                                       {2, &StepMaker::ending},
+                                       {1, &StepMaker::newParser},
+                                       {1, &StepMaker::newResult},
+                                       {2, &StepMaker::simultaneousActions},
+                                       {1, &StepMaker::readAny},
+                                       {3, &StepMaker::file}};
   return choose(choices, parser);
 }
 
@@ -46,7 +60,9 @@ string StepMaker::reaction() {
       {1, &StepMaker::resending},    {1, &StepMaker::error},
       {1, &StepMaker::help},         {2, &StepMaker::helpOfTopic},
       {2, &StepMaker::locale},       {2, &StepMaker::buffer},
-      {1, &StepMaker::assertions},   {4, &StepMaker::ending}};
+      {1, &StepMaker::assertions},   {4, &StepMaker::ending},
+      {1, &StepMaker::resolve},      {1, &StepMaker::nearest},
+      {2, &StepMaker::annotation},   {2, &StepMaker::description}};
   const char* const events[] = {"option", "value", "value", "unknown", "any", "any"};
   StepText head("react");
   head << m_random.below(5) << string(m_random.oneOf(events)) << m_random.below(4);
@@ -134,15 +150,6 @@ string StepMaker::declared(int parser) {
   return (StepText("declared") << orAtHand(parser) << declaredName(parser) << m_random.below(2)
                                << string(m_random.oneOf(vocabulary::groups)))
       .line();
-}
-
-string StepMaker::resolve(int parser) {
-  string typed = declaredName(parser);
-  if (m_random.chance(60))
-    typed = typed.substr(0, static_cast<std::size_t>(m_random.below(4)));
-  if (m_random.chance(20))
-    typed = "no-" + typed;
-  return (StepText("resolve") << orAtHand(parser) << typed).line();
 }
 
 string StepMaker::help(int parser) {

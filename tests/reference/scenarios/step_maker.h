@@ -36,6 +36,7 @@ class StepMaker {
   std::string optionFile(int parser);
   std::string simultaneousActions(int parser);
   std::string registration(int parser);
+  std::string annotation(int parser);
   std::string parse(int parser);
   std::string send(int parser);
   std::string file(int parser);
@@ -100,6 +101,9 @@ class StepMaker {
   std::string error(int parser);
   std::string declared(int parser);
   std::string resolve(int parser);
+  std::string misspelt(std::string text);
+  std::string nearest(int parser);
+  std::string description(int parser);
   std::string help(int parser);
   std::string helpOfTopic(int parser);
   std::string nowhere(int parser);

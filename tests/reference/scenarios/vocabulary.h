@@ -5,10 +5,40 @@
 
 namespace kivo_3_3::scenarios::vocabulary {
 
-constexpr const char* names[] = {"level",   "le",       "l",         "length", "a",     "ab",
-                                 "abc",     "no-a",     "color",     "mode",   "input", "v",
-                                 "verbose", "x",        "b",         "out",    "o",     "no-b",
-                                 "-x",      "no-color", "two words", "a=b",    "é",     "fast"};
+// Longer than the 100 characters of a name that count for a misspelt one.
+constexpr const char* longName =
+    "a-name-of-more-than-a-hundred-characters-é-a-name-of-more-than-a-hundred-characters-é-"
+    "a-name-of-more-than-a-hundred-characters";
+constexpr const char* names[] = {"level",
+                                 "le",
+                                 "l",
+                                 "length",
+                                 "a",
+                                 "ab",
+                                 "abc",
+                                 "no-a",
+                                 "color",
+                                 "mode",
+                                 "input",
+                                 "v",
+                                 "verbose",
+                                 "x",
+                                 "b",
+                                 "out",
+                                 "o",
+                                 "no-b",
+                                 "-x",
+                                 "no-color",
+                                 "two words",
+                                 "a=b",
+                                 "é",
+                                 "fast",
+                                 "long-distance",
+                                 "distances",
+                                 "été-étés",
+                                 "control\x01\x7F\"",
+                                 "cut\xC3\xE2\x82",
+                                 longName};
 constexpr const char* shortNames[] = {"l", "v", "x", "b", "o", "le", "ab", "a", "né"};
 
 constexpr const char* numbers[] = {
@@ -19,8 +49,8 @@ constexpr const char* words[] = {"x",         "xyz",       "fast", "faster", "fa
                                  ",,",        "two words", "a",    "b",      "x,x", "1",    "2",
                                  "fast,slow", "a,,b",      "F",    "–5",     "é",   "true", "s",
                                  "fast,fa",   "-5",        "=",    "a:b",    "; x", "nan"};
-constexpr const char* allowedWords[] = {"fast", "faster", "fast", "faster", "slow",
-                                        "a",    "b",      "x",    "xyz",    ""};
+constexpr const char* allowedWords[] = {"fast", "faster", "fast", "faster", "slow",      "a",
+                                        "b",    "x",      "xyz",  "",       "\"\\\t\xFF"};
 constexpr const char* smallNumbers[] = {"1", "2", "0", "10", "7", "31", "-5"};
 
 constexpr const char* types[] = {"s32",  "s32",    "string", "string", "string", "string",
@@ -40,7 +70,8 @@ constexpr const char* groups[] = {"<null>",
                                   "Main:Again",
                                   "Other:",
                                   "kivo_hidden:Not for all",
-                                  ":Without a heading"};
+                                  ":Without a heading",
+                                  "Odd\xED\xA0\x80\x1F:\"In\xF4\x90\x80\x80tro\\\r"};
 constexpr const char* longDescription =
     "A description that is long enough to be wrapped into the second line of its column, or into "
     "a third";
@@ -50,8 +81,14 @@ constexpr const char* descriptions[] = {
     longDescription,
     "Two\nlines",
     "–é–",
+    "\"\\/\b\f\r\t\x1B\x7F\u0085\u2028",
+    "\xFF\xC0\xAF\xE0\x80\x80\xF0\x9F\x98\xF0\x9F\x98\x80",
     "<null>",
     "Averyveryverylongwordthatdoesnotfitintoanycolumnofthehelpandhastobebroken"};
+
+// Of annotations. The last three differ, but not once they are repaired.
+constexpr const char* keys[] = {"hint", "range", "range", "",      "<null>",
+                                "\x01", "\xFF",  "\xFE",  "\uFFFD"};
 
 constexpr const char* oddArguments[] = {"-",        "",    "---x", "--=3",  "-- x",      "--no-",
                                         "–level=3", "—-a", "--l=", "-no-a", "---",       "-=",

@@ -19,16 +19,18 @@ bool& librarySwitch() { return internal::kivoLogEnabled; }
 }  // namespace
 
 const World& libraryWorld() {
-  static const World world = {createParser,  getLastValue,     paragraphString, resolveName,
-                              getDashLength, splitOptionValue, libraryCounter,  librarySwitch};
+  static const World world = {createParser,     getLastValue,   paragraphString, describe,
+                              annotate,         resolveName,    nearestName,     getDashLength,
+                              splitOptionValue, libraryCounter, librarySwitch};
   return world;
 }
 
 const World& referenceWorld() {
-  static const World world = {reference::createParser,    reference::getLastValue,
-                              reference::paragraphString, reference::resolveName,
-                              reference::getDashLength,   reference::splitOptionValue,
-                              reference::positionCounter, reference::traceSwitch};
+  static const World world = {
+      reference::createParser,    reference::getLastValue,  reference::paragraphString,
+      reference::describe,        reference::annotate,      reference::resolveName,
+      reference::nearestName,     reference::getDashLength, reference::splitOptionValue,
+      reference::positionCounter, reference::traceSwitch};
   return world;
 }
 

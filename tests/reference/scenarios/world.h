@@ -14,7 +14,11 @@ struct World {
   Value (*getLastValue)(IParseResult* result, const char* name, int from, int to);
   std::string (*paragraphString)(std::string text, std::string head, unsigned int indent,
                                  unsigned int width);
+  const char* (*describe)(IParser& parser, const ToolInfo& tool, const CommandInfo* commands,
+                          unsigned int count);
+  bool (*annotate)(IParser& parser, const char* option, const char* key, const char* text);
   const char* (*resolveName)(IParser& parser, const char* typed);
+  const char* (*nearestName)(IParser& parser, const char* typed);
   unsigned int (*getDashLength)(const std::string& text, unsigned int pos);
   bool (*splitOptionValue)(const std::string& arg, std::string* name, std::string* value);
   // Process-wide state; each world has its own.
