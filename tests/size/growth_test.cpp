@@ -133,6 +133,66 @@ AllocationCount ofOptionFiles(int count) {
   return parsing(command, {"--option-file=" + folder.path("0")});
 }
 
+// The description of a tool with these commands. The tool has no declarations: it depends on the
+// memory left over from them whether keeping the text takes more.
+AllocationCount describing(const std::vector<CommandInfo>& commands) {
+  Command tool;
+  return countOf([&] {
+    EXPECT_STRNE("", describe(tool.parser(), {"tool", "1.0", "A tool."}, commands.data(),
+                              static_cast<unsigned int>(commands.size())));
+  });
+}
+
+CommandInfo described(Command& command) { return {"command", "A command.", &command.parser()}; }
+
+// Options with everything that an option of a description can have, each in a section of its own.
+AllocationCount ofDescription(int count) {
+  Command command;
+  for (const string& name : repeated("option", count / 10)) {
+    command.parser()
+        .option(name.c_str(), "A description.", vtString, ("in " + name + ":Introduction").c_str())
+        ->allowValue("fast")
+        ->allowDeprecatedValue("quick", "fast")
+        ->defaultValue("fast");
+    annotate(command.parser(), name.c_str(), "placeholder", "SPEED");
+    command.parser().allowSimultaneousActions({name});
+  }
+  return describing({described(command)});
+}
+
+AllocationCount ofDescriptionWithCommands(int count) {
+  std::vector<Command> parsers(static_cast<std::size_t>(count / 100));
+  std::vector<CommandInfo> commands;
+  for (Command& command : parsers) {
+    command.option("text", vtString);
+    commands.push_back(described(command));
+  }
+  return describing(commands);
+}
+
+// Modifiers of which each goes with one action, and no two with the same one.
+AllocationCount ofDescriptionOfModifiers(int count) {
+  Command command;
+  for (const string& name : repeated("action", count)) {
+    command.action(name.c_str());
+    command.modifier(("of-" + name).c_str(), name.c_str(), vtString);
+  }
+  return describing({described(command)});
+}
+
+// Modifiers that go with every action.
+AllocationCount ofDescriptionOfPairs(int modifiers, int actions) {
+  Command command;
+  string all;
+  for (const string& name : repeated("action", actions)) {
+    command.action(name.c_str());
+    all += name + ",";
+  }
+  for (const string& name : repeated("modifier", modifiers))
+    command.modifier(name.c_str(), all.c_str(), vtString);
+  return describing({described(command)});
+}
+
 // A tool that declares another default before each of many parses into one result.
 AllocationCount ofDefaultsBetweenParses(int count) {
   Command command;
@@ -196,6 +256,11 @@ AllocationCount ofASharedSynonym(int count) {
   return parsing(command, arguments);
 }
 
+template <class Count>
+void expectAtMost(double most, const char* what, Count before, Count after) {
+  EXPECT_LE(static_cast<double>(after), most * static_cast<double>(before)) << what;
+}
+
 struct Family {
   const char* name;
   AllocationCount (*cost)(int count);
@@ -211,9 +276,6 @@ TEST_P(Growth, OfAllocationsAndMemoryIsLinear) {
   const AllocationCount once = GetParam().cost(count);
   const AllocationCount twice = GetParam().cost(2 * count);
   const AllocationCount fourTimes = GetParam().cost(4 * count);
-  const auto expectAtMost = [](double most, const char* what, auto before, auto after) {
-    EXPECT_LE(static_cast<double>(after), most * static_cast<double>(before)) << what;
-  };
   expectAtMost(mostForTwice, "allocations", once.allocations, twice.allocations);
   expectAtMost(mostForFourTimes, "bytes taken", once.bytes, fourTimes.bytes);
   expectAtMost(mostForFourTimes, "bytes held", once.peakBytes, fourTimes.peakBytes);
@@ -226,7 +288,19 @@ TEST(GrowthOfDefaults, DeclaredBetweenParsesIsLinearInMemoryHeld) {
   ofDefaultsBetweenParses(count);
   const auto once = ofDefaultsBetweenParses(count).peakBytes;
   const auto fourTimes = ofDefaultsBetweenParses(4 * count).peakBytes;
-  EXPECT_LE(static_cast<double>(fourTimes), mostForFourTimes * static_cast<double>(once));
+  expectAtMost(mostForFourTimes, "bytes held", once, fourTimes);
+}
+
+// A modifier names every action that it goes with. So twice the modifiers and twice the actions are
+// four times the input.
+TEST(GrowthOfDescriptions, IsLinearInThePairsOfModifiersAndActions) {
+  constexpr int count = 100;
+  ofDescriptionOfPairs(count, count);
+  const AllocationCount once = ofDescriptionOfPairs(count, count);
+  const AllocationCount fourTimes = ofDescriptionOfPairs(2 * count, 2 * count);
+  expectAtMost(mostForFourTimes, "allocations", once.allocations, fourTimes.allocations);
+  expectAtMost(mostForFourTimes, "bytes taken", once.bytes, fourTimes.bytes);
+  expectAtMost(mostForFourTimes, "bytes held", once.peakBytes, fourTimes.peakBytes);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -236,7 +310,10 @@ INSTANTIATE_TEST_SUITE_P(
         Family{"StreamLines", ofStreamLines}, Family{"OptionFileLines", ofOptionFileLines},
         Family{"Tokens", ofTokens}, Family{"BytesInAValue", ofBytesInAValue},
         Family{"BytesInAMessage", ofBytesInAMessage}, Family{"Options", ofOptions},
-        Family{"Help", ofHelp}, Family{"OptionFiles", ofOptionFiles},
+        Family{"Help", ofHelp}, Family{"Description", ofDescription},
+        Family{"DescriptionWithCommands", ofDescriptionWithCommands},
+        Family{"DescriptionOfModifiers", ofDescriptionOfModifiers},
+        Family{"OptionFiles", ofOptionFiles},
         Family{"AllowedValuesAndArgumentsWithAHandler", ofAllowedValuesAndArgumentsWithAHandler},
         Family{"NamesOfWhichOneComesTwice", ofNamesOfWhichOneComesTwice},
         Family{"OneNameTwice", ofOneNameTwice}, Family{"ASharedSynonym", ofASharedSynonym}),
