@@ -1,7 +1,7 @@
 #include "reference/description.h"
 
-#include <algorithm>
 #include <map>
+#include <set>
 
 #include "reference/characters.h"
 #include "reference/conversion.h"
@@ -170,24 +170,45 @@ string optionAsJson(std::size_t index, const Declarations& declarations) {
                 annotationsOf(index, declarations.annotations));
 }
 
+// Headings that become equal when they are written are one section.
+string sectionsAsJson(const std::vector<Group>& sections) {
+  std::set<string> written;
+  Texts objects;
+  for (const Group& section : sections)
+    if (written.insert(repaired(section.key)).second)
+      objects.push_back(sectionAsJson(section));
+  return listOfObjects(objects);
+}
+
+string optionsAsJson(const Declarations& declarations) {
+  Texts objects;
+  for (std::size_t index = 0; index < declarations.options.size(); ++index)
+    if (!declarations.options[index].names.empty())
+      objects.push_back(optionAsJson(index, declarations));
+  return listOfObjects(objects);
+}
+
+// Each set is sorted as it is written, and has no name twice.
+string togetherAsJson(const ActionGroups& together) {
+  Texts sets;
+  for (const std::set<string>& actions : together) {
+    std::set<string> written;
+    for (const string& action : actions)
+      written.insert(repaired(action));
+    sets.push_back(listOfTexts(written));
+  }
+  return list(sets);
+}
+
 }  // namespace
 
 string fieldsAsJson(const Declarations& declarations) {
   const auto choose = [&](int flag, const char* set, const char* notSet) {
     return quoted((declarations.flags & flag) != 0 ? set : notSet);
   };
-  Texts sections;
-  for (const Group& section : declarations.sections)
-    sections.push_back(sectionAsJson(section));
-  Texts options;
-  for (std::size_t index = 0; index < declarations.options.size(); ++index)
-    if (!declarations.options[index].names.empty())
-      options.push_back(optionAsJson(index, declarations));
-  Texts together;
-  for (const std::set<string>& actions : declarations.together)
-    together.push_back(listOfTexts(actions));
-  return field("sections", listOfObjects(sections)) + field("options", listOfObjects(options)) +
-         field("together", list(together)) +
+  return field("sections", sectionsAsJson(declarations.sections)) +
+         field("options", optionsAsJson(declarations)) +
+         field("together", togetherAsJson(declarations.together)) +
          field("unknownArguments",
                choose(parserFlags::unknownArgumentIsError, "error", "passed over")) +
          field("dashArguments",

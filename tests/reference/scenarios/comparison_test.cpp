@@ -125,6 +125,57 @@ TEST(ATranscript, ShowsHelpLineByLine) {
             "help 0|topic|0|out\n"));
 }
 
+TEST(ATranscript, ShowsDescriptionsLineByLine) {
+  EXPECT_EQ(
+      "option 0|speed||s32\n"
+      "annotate 0|speed|range|1 to 9\n"
+      "  answers yes\n"
+      "nearest 0|sped\n"
+      "  near 'speed'\n"
+      "describe 0|tool|1.0|A tool.\n"
+      "  #1\n"
+      "  > {\"schema\":\"kivo-description/1\",\"tool\":{\"name\":\"tool\",\"version\":\"1.0\","
+      "\"summary\":\"A tool.\"},\"sections\":[\n"
+      "  > {\"heading\":\"\",\"introduction\":\"\",\"hidden\":false}],\"options\":[\n"
+      "  > {\"names\":[\"speed\"],\"kind\":\"option\",\"type\":\"integer\",\"description\":\"\","
+      "\"section\":\"\",\"hidden\":false,\"separator\":\",\",\"positional\":false,"
+      "\"annotations\":{\"range\":[\"1 to 9\"]}}],\"together\":[],"
+      "\"unknownArguments\":\"passed over\",\"dashArguments\":\"positional\","
+      "\"leftoverArguments\":\"kept\"} (no newline)\n"
+      "the next position is @+0\n",
+      shown("option 0|speed||s32\n"
+            "annotate 0|speed|range|1 to 9\n"
+            "nearest 0|sped\n"
+            "describe 0|tool|1.0|A tool.\n"));
+}
+
+// A world whose descriptions are all written to one buffer.
+World forgetful() {
+  World world = referenceWorld();
+  world.describe = [](IParser&, const ToolInfo& tool, const CommandInfo*,
+                      unsigned int) -> const char* {
+    static string last;
+    return (last = tool.name).c_str();
+  };
+  return world;
+}
+
+TEST(ATranscript, ShowsATextThatDoesNotLiveAsLongAsItsParser) {
+  EXPECT_EQ(
+      "parser 0\n"
+      "  status 0\n"
+      "describe 0|one\n"
+      "  #1\n"
+      "  > one (no newline)\n"
+      "describe 0|two\n"
+      "  #1\n"
+      "  > two (no newline)\n"
+      "endparser 0\n"
+      "  'one' has become 'two'\n"
+      "the next position is @+0\n",
+      transcriptOf("parser 0\ndescribe 0|one\ndescribe 0|two\nendparser 0\n", forgetful()));
+}
+
 TEST(AScenario, SkipsStepsThatBreakTheContract) {
   EXPECT_EQ(
       "positional 0\n"

@@ -98,6 +98,30 @@ constexpr Reached others[] = {
     {", traced", 700},
 };
 
+constexpr Reached described[] = {
+    {"near null", 500},
+    {"near '", 150},
+    {"means null", 150},
+    {"means '", 200},
+    {"> {\"schema\":\"kivo-description/1\"", 1000},
+    {"\"commands\":[", 250},
+    {"\"annotations\":{", 200},
+    {"\"deprecated\":[", 150},
+    {"\"replacement\":\"\"", 20},
+    {"\"allowed\":[", 350},
+    {"\"default\":true", 50},
+    {"\"default\":\"1.23457e+06\"", 20},
+    {"\"actions\":[]", 300},
+    {"\"actions\":[\"", 50},
+    {"\"type\":\"other\"", 60},
+    {"\"separator\":null", 350},
+    {"\"positional\":true", 400},
+    {"\"hidden\":true", 300},
+    {"\"together\":[[", 250},
+    {"\\u0085", 500},
+    {"\uFFFD", 500},
+};
+
 class Reach : public ::testing::Test {
  protected:
   // The number of scenarios that show each part.
@@ -121,6 +145,7 @@ class Reach : public ::testing::Test {
       count(transcript, messages, all);
       count(transcript, traced, all);
       count(transcript, others, all);
+      count(transcript, described, all);
     }
     return all;
   }
@@ -136,6 +161,7 @@ TEST_F(Reach, EveryStatusIsReached) { expectAll(statuses); }
 TEST_F(Reach, EveryMessageIsReached) { expectAll(messages); }
 TEST_F(Reach, EveryTraceLineIsReached) { expectAll(traced); }
 TEST_F(Reach, EventsExceptionsAndReadsAreReached) { expectAll(others); }
+TEST_F(Reach, EveryPartOfADescriptionIsReached) { expectAll(described); }
 
 }  // namespace
 }  // namespace kivo_3_3::scenarios

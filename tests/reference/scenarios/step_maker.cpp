@@ -9,14 +9,17 @@ namespace kivo_3_3::scenarios {
 
 using std::string;
 
-// Most scenarios have one parser and one result.
+// Most scenarios have one parser and one result. Some names differ in few characters only.
 StepMaker::StepMaker(std::uint64_t seed) : m_random(seed) {
   m_parserCount = m_random.chance(65) ? 1 : 1 + m_random.below(4);
   m_resultCount = m_random.chance(60) ? 1 : 1 + m_random.below(3);
   m_hasActions = m_random.chance(35);
   const int names = 3 + m_random.below(7);
-  for (int i = 0; i < names; ++i)
+  for (int i = 0; i < names; ++i) {
     m_names.emplace_back(m_random.oneOf(vocabulary::names));
+    if (m_random.chance(20))
+      m_names.push_back(misspelt(m_names.back()));
+  }
 }
 
 string StepMaker::any(int parser) {

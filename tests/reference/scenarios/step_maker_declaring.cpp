@@ -157,7 +157,7 @@ string StepMaker::defaultValue(int parser) {
 }
 
 string StepMaker::synonym(int parser) {
-  const string added = name();
+  const string added = m_random.chance(20) ? misspelt(declaredName(parser)) : name();
   if (!modelOf(parser).empty())
     modelOf(parser).back().names.push_back(added);
   return (StepText("synonym") << orAtHand(parser) << added).line();

@@ -20,7 +20,8 @@ string StepMaker::resolve(int parser) {
   return (StepText("resolve") << orAtHand(parser) << typed).line();
 }
 
-// Inserts, deletes, replaces or swaps bytes, which may cut a character in two.
+// Inserts, deletes, replaces or swaps bytes, or inserts one between two that it swaps. This may cut
+// a character in two.
 string StepMaker::misspelt(string text) {
   for (int mistakes = m_random.below(4); mistakes > 0 && !text.empty(); --mistakes) {
     const auto any = [&] {
@@ -28,7 +29,7 @@ string StepMaker::misspelt(string text) {
     };
     const std::size_t at = any();
     const char other = m_random.chance(50) ? text[any()] : *m_random.oneOf(vocabulary::shortNames);
-    switch (m_random.below(4)) {
+    switch (m_random.below(5)) {
       case 0:
         text.insert(at, 1, other);
         break;
@@ -37,6 +38,10 @@ string StepMaker::misspelt(string text) {
         break;
       case 2:
         text[at] = other;
+        break;
+      case 3:
+        std::swap(text[at], text[std::min(at + 1, text.size() - 1)]);
+        text.insert(at + 1, 1, other);
         break;
       default:
         std::swap(text[at], text[std::min(at + 1, text.size() - 1)]);
@@ -50,7 +55,9 @@ string StepMaker::nearest(int parser) {
 }
 
 string StepMaker::annotation(int parser) {
-  const string option = m_random.chance(25) ? "<null>" : declaredName(parser);
+  string option = m_random.chance(25) ? "<null>" : declaredName(parser);
+  if (m_random.chance(10))
+    option.insert(0, "no-");
   return (StepText("annotate") << orAtHand(parser) << option
                                << string(m_random.oneOf(vocabulary::keys))
                                << string(m_random.oneOf(vocabulary::descriptions)))

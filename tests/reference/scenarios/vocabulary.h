@@ -5,40 +5,19 @@
 
 namespace kivo_3_3::scenarios::vocabulary {
 
-// Longer than the 100 characters of a name that count for a misspelt one.
+// Two names that differ only after the 100 characters that count for a misspelt one.
 constexpr const char* longName =
     "a-name-of-more-than-a-hundred-characters-é-a-name-of-more-than-a-hundred-characters-é-"
     "a-name-of-more-than-a-hundred-characters";
-constexpr const char* names[] = {"level",
-                                 "le",
-                                 "l",
-                                 "length",
-                                 "a",
-                                 "ab",
-                                 "abc",
-                                 "no-a",
-                                 "color",
-                                 "mode",
-                                 "input",
-                                 "v",
-                                 "verbose",
-                                 "x",
-                                 "b",
-                                 "out",
-                                 "o",
-                                 "no-b",
-                                 "-x",
-                                 "no-color",
-                                 "two words",
-                                 "a=b",
-                                 "é",
-                                 "fast",
-                                 "long-distance",
-                                 "distances",
-                                 "été-étés",
-                                 "control\x01\x7F\"",
-                                 "cut\xC3\xE2\x82",
-                                 longName};
+constexpr const char* otherLongName =
+    "a-name-of-more-than-a-hundred-characters-é-a-name-of-more-than-a-hundred-characters-é-"
+    "a-name-of-more-than-a-hundred-signs";
+constexpr const char* names[] = {
+    "level", "le", "l", "length", "a", "ab", "abc", "no-a", "color", "mode", "input", "v",
+    "verbose", "x", "b", "out", "o", "no-b", "-x", "no-color", "two words", "a=b", "é", "fast",
+    // for misspelt names, and for names that are no UTF-8
+    "long-distance", "distances", "été-étés", "colors", longName, otherLongName,
+    "control\x01\x7F\"", "cut\xC3", "cut\xFF", "cut\u2028", "cut😀"};
 constexpr const char* shortNames[] = {"l", "v", "x", "b", "o", "le", "ab", "a", "né"};
 
 constexpr const char* numbers[] = {
@@ -71,7 +50,8 @@ constexpr const char* groups[] = {"<null>",
                                   "Other:",
                                   "kivo_hidden:Not for all",
                                   ":Without a heading",
-                                  "Odd\xED\xA0\x80\x1F:\"In\xF4\x90\x80\x80tro\\\r"};
+                                  "Odd\xED\xA0\x80\x1F:\"In\xF4\x90\x80\x80tro\\\r",
+                                  "Odd\xEE\xA0\xFF\x1F:Another"};
 constexpr const char* longDescription =
     "A description that is long enough to be wrapped into the second line of its column, or into "
     "a third";
