@@ -10,7 +10,7 @@
 namespace kivo_describe {
 namespace {
 
-Page pageOf(std::vector<Block> blocks) { return {"fx", "1", "Does it.", std::move(blocks)}; }
+Page pageOf(std::vector<Block> blocks) { return {"fx", "Does it.", std::move(blocks)}; }
 
 // The page after the line of the NAME section.
 std::string body(std::vector<Block> blocks) {
@@ -21,18 +21,18 @@ std::string body(std::vector<Block> blocks) {
 
 std::string shown(const std::string& text) { return body({Paragraph{{{own(text)}}}}); }
 
-TEST(ManualPage, BeginsWithTitleDateAndVersion) {
+TEST(ManualPage, BeginsWithTitleAndDate) {
   EXPECT_EQ(
-      ".\\\" -*- coding: utf-8 -*-\n.TH \"F\\-X\" \"1\" \"2024-02-29\" \"f\\-x 1.0\" \"\"\n"
+      ".\\\" -*- coding: utf-8 -*-\n.TH \"F\\-X\" \"1\" \"2024-02-29\" \"f\\-x\" \"\"\n"
       ".nh\n.ad l\n.SH NAME\nf\\-x \\- Does it.\n",
-      manualPage({"f-x", "1.0", "Does it.", {}}, "2024-02-29"));
+      manualPage({"f-x", "Does it.", {}}, "2024-02-29"));
 }
 
-TEST(ManualPage, WithoutVersionAndSummaryTheNameIsStillExplained) {
+TEST(ManualPage, WithoutASummaryTheNameIsStillExplained) {
   EXPECT_EQ(
       ".\\\" -*- coding: utf-8 -*-\n.TH \"FX\" \"1\" \"\" \"fx\" \"\"\n"
       ".nh\n.ad l\n.SH NAME\nfx \\- command\\-line tool\n",
-      manualPage({"fx", "", "", {}}, ""));
+      manualPage({"fx", "", {}}, ""));
 }
 
 TEST(ManualPage, NoCharacterKeepsAMeaningToRoff) {

@@ -12,7 +12,7 @@ namespace {
 
 // The page without its heading.
 std::string body(std::vector<Block> blocks) {
-  const std::string text = markdown({"fx", "1", "Does it.", std::move(blocks)});
+  const std::string text = markdown({"fx", "Does it.", std::move(blocks)});
   EXPECT_EQ(0U, text.rfind("# fx\n\n", 0)) << text;
   return text.substr(6);
 }

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <initializer_list>
-#include <nlohmann/json.hpp>
 #include <set>
 #include <string_view>
 #include <utility>
 
+#include "json_text.h"
 #include "text.h"
 
 // Reads JSON into a Description and refuses whatever a page could not be made of without guessing.
@@ -240,49 +240,10 @@ Description descriptionOf(const Node& node) {
           tool.field("summary").text(), declarationsOf(node), commandsOf(node)};
 }
 
-// Refuses a key that an object has already; the JSON library would keep one of the two values.
-class UniqueKeys {
- public:
-  void look(json::parse_event_t event, const json& value) {
-    if (event == json::parse_event_t::object_start)
-      m_open.emplace_back();
-    else if (event == json::parse_event_t::object_end)
-      m_open.pop_back();
-    else if (event == json::parse_event_t::key &&
-             !m_open.back().insert(value.get<std::string>()).second)
-      refuse("the key '" + value.get<std::string>() + "'", "stands twice in an object");
-  }
-
- private:
-  std::vector<std::set<std::string>> m_open;  // the keys of each object that has no end yet
-};
-
-// Without the number of the error in brackets, with which the JSON library begins its messages.
-std::string explanation(const json::exception& problem) {
-  const std::string text = problem.what();
-  const std::size_t end = text.find("] ");
-  return end == std::string::npos ? text : text.substr(end + 2);
-}
-
-json parsed(const std::string& text) {
-  // The JSON library would pass over a byte order mark.
-  if (text.rfind("\xEF\xBB\xBF", 0) == 0)
-    throw NoDescription("not JSON: a byte order mark at the beginning");
-  UniqueKeys keys;
-  try {
-    return json::parse(text, [&](int, json::parse_event_t event, const json& value) {
-      keys.look(event, value);
-      return true;
-    });
-  } catch (const json::exception& problem) {
-    throw NoDescription("not JSON: " + explanation(problem));
-  }
-}
-
 }  // namespace
 
 Description readDescription(const std::string& json) {
-  const auto root = parsed(json);
+  const auto root = parseJson(json);
   return descriptionOf(Node(root, ""));
 }
 

@@ -59,15 +59,16 @@ char upper(char character) {
                                               : character;
 }
 
-// The title and the section NAME. lexgrog does not accept a name without a summary.
+// The title and the section NAME. The version is not in the title: some programs write page numbers
+// for "%" there, and a long version over the date. lexgrog does not accept a name without a
+// summary.
 std::string opening(const Page& page, const std::string& date) {
   std::string title = page.name;
   std::transform(title.begin(), title.end(), title.begin(), upper);
-  const std::string source = page.version.empty() ? page.name : page.name + ' ' + page.version;
   const std::string summary = page.summary.empty() ? "command-line tool" : page.summary;
   return ".\\\" -*- coding: utf-8 -*-\n"
          ".TH \"" +
-         escaped(title) + "\" \"1\" \"" + date + "\" \"" + escaped(source) +
+         escaped(title) + "\" \"1\" \"" + date + "\" \"" + escaped(page.name) +
          "\" \"\"\n"
          ".nh\n.ad l\n"  // names and values are neither hyphenated nor spaced out
          ".SH NAME\n" +

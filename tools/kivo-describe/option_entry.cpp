@@ -1,7 +1,5 @@
 #include "option_entry.h"
 
-#include <algorithm>
-
 #include "text.h"
 
 // What a page says about one option. Everything that a user has to know of the declaration is here;
@@ -21,15 +19,13 @@ std::string valueName(const Option& option) {
   return squeezed(placeholderOf(option).value_or(isTyped ? option.type : ""));
 }
 
-bool isDeprecatedValue(const Option& option, const std::string& value) {
-  return std::any_of(option.deprecated.begin(), option.deprecated.end(),
-                     [&](const DeprecatedValue& other) { return other.value == value; });
-}
-
 Line allowedValues(const Option& option) {
+  std::set<std::string> deprecated;
+  for (const DeprecatedValue& one : option.deprecated)
+    deprecated.insert(one.value);
   std::vector<Span> values;
   for (const std::string& value : option.allowed) {
-    if (!isDeprecatedValue(option, value))
+    if (deprecated.count(value) == 0)
       values.push_back(literal(value));
   }
   return listOf(values);
@@ -37,9 +33,12 @@ Line allowedValues(const Option& option) {
 
 Line deprecatedValues(const Option& option) {
   Line line;
-  for (const auto& [value, replacement] : option.deprecated)
-    line = (line.empty() ? line : line + Line{own(", ")}) +
-           Line{literal(value), own(" (now "), literal(replacement), own(")")};
+  for (const auto& [value, replacement] : option.deprecated) {
+    if (!line.empty())
+      line.push_back(own(", "));
+    for (const Span& span : {literal(value), own(" (now "), literal(replacement), own(")")})
+      line.push_back(span);
+  }
   return line;
 }
 
@@ -54,20 +53,17 @@ Line shownDefault(const Option& option) {
 }
 
 // The visible actions that a modifier goes with.
-Line actionsOf(const Option& option, const Declarations& declarations, Dashes dashes) {
-  std::vector<Span> actions;
-  for (const Option& action : declarations.options) {
-    const std::string& name = action.names.front();
-    const bool goes =
-        std::find(option.actions.begin(), option.actions.end(), name) != option.actions.end();
-    if (goes && isAction(action))
-      actions.push_back(shownName(name, dashes));
+Line actionsOf(const Option& option, const std::set<std::string>& actions, Dashes dashes) {
+  std::vector<Span> shown;
+  for (const std::string& name : option.actions) {
+    if (actions.count(name) != 0)
+      shown.push_back(shownName(name, dashes));
   }
-  return listOf(actions);
+  return listOf(shown);
 }
 
 // All facts in one line.
-Line facts(const Option& option, const Declarations& declarations, Dashes dashes) {
+Line facts(const Option& option, const std::set<std::string>& actions, Dashes dashes) {
   Line all;
   const auto add = [&](const Line& sentence) {
     all = (all.empty() ? all : all + Line{own(" ")}) + sentence;
@@ -85,7 +81,7 @@ Line facts(const Option& option, const Declarations& declarations, Dashes dashes
   addFact("Range", optionalLine(annotation("range"), plain));
   addFact("Default", shownDefault(option));
   addFact("Environment variable", optionalLine(annotation("environment"), literal));
-  addFact("Only with", actionsOf(option, declarations, dashes));
+  addFact("Only with", actionsOf(option, actions, dashes));
   return all;
 }
 
@@ -117,11 +113,12 @@ Line entryLabel(const Option& option, Dashes dashes) {
   return value.empty() ? listOf(names) : listOf(names) + Line{own(" "), variable(value)};
 }
 
-std::vector<Line> entryText(const Option& option, const Declarations& declarations, Dashes dashes) {
+std::vector<Line> entryText(const Option& option, const std::set<std::string>& actions,
+                            Dashes dashes) {
   const auto reason = firstText(option.annotations, "deprecated");
   const Line all[] = {
       optionalLine(option.description, plain),
-      facts(option, declarations, dashes),
+      facts(option, actions, dashes),
       reason ? Line{own("Deprecated: "), plain(*reason)} : Line{},
   };
   std::vector<Line> lines;

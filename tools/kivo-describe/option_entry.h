@@ -1,5 +1,7 @@
 #pragma once
 
+#include <set>
+#include <string>
 #include <vector>
 
 #include "description.h"
@@ -25,7 +27,8 @@ Span operandName(const Option& operand);
 // All names of an option and what stands for its value, or the name of an operand.
 Line entryLabel(const Option& option, Dashes dashes);
 
-// What there is to say about an option. `declarations` have the actions that it goes with.
-std::vector<Line> entryText(const Option& option, const Declarations& declarations, Dashes dashes);
+// What there is to say about an option. `actions` are the first names of all visible actions.
+std::vector<Line> entryText(const Option& option, const std::set<std::string>& actions,
+                            Dashes dashes);
 
 }  // namespace kivo_describe

@@ -1,6 +1,8 @@
 #include "page.h"
 
 #include <algorithm>
+#include <map>
+#include <set>
 #include <utility>
 
 #include "exit_statuses.h"
@@ -16,6 +18,15 @@ namespace kivo_describe {
 namespace {
 
 using Choice = bool (*)(const Option&);
+
+std::set<std::string> firstNamesOfActions(const Declarations& declarations) {
+  std::set<std::string> names;
+  for (const Option& option : declarations.options) {
+    if (isAction(option))
+      names.insert(option.names.front());
+  }
+  return names;
+}
 
 // Makes the blocks of one page.
 class PageMaker {
@@ -100,47 +111,45 @@ class PageMaker {
   // Lists the chosen options section by section. Sections without a heading come first, because
   // their options would seem to belong to the section before them.
   void addSections(int level, const Declarations& declarations, Choice choice) {
+    std::map<std::string, std::vector<const Option*>> bySection;
+    for (const Option& option : declarations.options) {
+      if (choice(option))
+        bySection[option.section].push_back(&option);
+    }
+    const std::set<std::string> actions = firstNamesOfActions(declarations);
     for (const bool hasHeading : {false, true}) {
       for (const Section& section : declarations.sections) {
-        if (hasHeading != squeezed(section.heading).empty())
-          addSection(level, section, declarations, choice);
+        const auto found = bySection.find(section.heading);
+        if (found != bySection.end() && hasHeading != squeezed(section.heading).empty())
+          addSection(level, section, found->second, actions);
       }
     }
   }
 
-  void addSection(int level, const Section& section, const Declarations& declarations,
-                  Choice choice) {
-    bool isFirst = true;
-    for (const Option& option : declarations.options) {
-      if (!choice(option) || option.section != section.heading)
-        continue;
-      if (isFirst) {
-        addHeading(level, section.heading);
-        addParagraph(section.introduction);
-      }
-      isFirst = false;
+  void addSection(int level, const Section& section, const std::vector<const Option*>& options,
+                  const std::set<std::string>& actions) {
+    addHeading(level, section.heading);
+    addParagraph(section.introduction);
+    for (const Option* const option : options)
       m_blocks.emplace_back(
-          Item{entryLabel(option, m_dashes), entryText(option, declarations, m_dashes)});
-    }
+          Item{entryLabel(*option, m_dashes), entryText(*option, actions, m_dashes)});
   }
 
   void addTogether() {
+    std::set<std::string> known;
+    for (const Option& option : m_own.options) {
+      if (isAction(option))
+        known.insert(option.names.begin(), option.names.end());
+    }
     for (const Texts& set : m_own.together) {
       std::vector<Span> actions;
       for (const std::string& name : set) {
-        if (isNameOfAction(name))
+        if (known.count(name) != 0)
           actions.push_back(shownName(name, m_dashes));
       }
       if (actions.size() > 1)
         m_blocks.emplace_back(Paragraph{{fact("May be given together", listOf(actions))}});
     }
-  }
-
-  bool isNameOfAction(const std::string& name) const {
-    return std::any_of(m_own.options.begin(), m_own.options.end(), [&](const Option& option) {
-      return isAction(option) &&
-             std::find(option.names.begin(), option.names.end(), name) != option.names.end();
-    });
   }
 
   void addExitStatus() {
@@ -174,8 +183,7 @@ class PageMaker {
 }  // namespace
 
 Page makePage(const Description& description) {
-  return {description.name, squeezed(description.version), squeezed(description.summary),
-          PageMaker(description).blocks()};
+  return {description.name, squeezed(description.summary), PageMaker(description).blocks()};
 }
 
 }  // namespace kivo_describe

@@ -30,7 +30,6 @@ using Block = std::variant<Heading, Paragraph, Item>;
 // but single blanks inside, and none has control characters.
 struct Page {
   std::string name;
-  std::string version;  // may be empty
   std::string summary;  // may be empty
   std::vector<Block> blocks;
 };

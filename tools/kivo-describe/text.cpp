@@ -69,7 +69,7 @@ Texts splitAtBlanks(std::string_view text) {
 }
 
 bool isWord(std::string_view text) {
-  return !text.empty() && std::none_of(text.begin(), text.end(), isBlankOrControl);
+  return !text.empty() && text.find_first_of(" \t\n\v\f\r") == std::string_view::npos;
 }
 
 bool isToolName(std::string_view text) {

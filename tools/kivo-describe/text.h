@@ -19,7 +19,7 @@ std::size_t countOfCharacters(std::string_view text);
 // The texts before, between and after single blanks; some may be empty.
 Texts splitAtBlanks(std::string_view text);
 
-// Whether a text is not empty and has neither white space nor control characters of ASCII.
+// Whether a text is not empty and has no white space of ASCII.
 bool isWord(std::string_view text);
 
 // Whether a text consists of letters and digits of ASCII, "_", "-", "." and "+", and begins with a

@@ -1,0 +1,63 @@
+"""Runs programs, and collects what is broken."""
+
+import json
+import os
+import subprocess
+import tempfile
+from pathlib import Path
+
+from common import TIMEOUT
+from rendering import Reader
+
+
+def environment(**more):
+    return {"PATH": os.environ.get("PATH", "/usr/bin:/bin"), "LC_ALL": "C.UTF-8", **more}
+
+
+def run(arguments, data=b"", env=None, **more):
+    """Status, standard output and standard error of a process."""
+    more.setdefault("stdout", subprocess.PIPE)
+    source = {} if "stdin" in more else {"input": data}
+    done = subprocess.run(arguments, stderr=subprocess.PIPE, env=env or environment(), check=False,
+                          timeout=TIMEOUT, **source, **more)
+    return done.returncode, done.stdout or b"", done.stderr
+
+
+def read_markdown(markdown):
+    """Renders Markdown; the Reader has what the HTML says."""
+    _, out, _ = run(["cmark-gfm", "--unsafe", "-e", "table"], markdown)
+    reader = Reader()
+    reader.feed(out.decode(errors="replace"))
+    reader.close()
+    return reader
+
+
+def encoded(description):
+    return json.dumps(description, ensure_ascii=False).encode()
+
+
+class Report:
+    """Counts the checks and keeps the failed ones, by the rule that they break."""
+
+    SHOWN = 3  # cases of one broken rule that are printed
+
+    def __init__(self):
+        self.checks = 0
+        self.broken = {}
+
+    def check(self, good, rule, detail="", data=b""):
+        self.checks += 1
+        if not good:
+            self.broken.setdefault(rule, []).append((detail, data))
+        return good
+
+    def write(self):
+        """Prints the broken rules and writes the input of their shortest cases to files."""
+        folder = None
+        for rule, cases in sorted(self.broken.items()):
+            print(f"BROKEN: {rule} ({len(cases)} times)")
+            for detail, data in sorted(cases, key=lambda case: len(case[1]))[:self.SHOWN]:
+                folder = folder or Path(tempfile.mkdtemp(prefix="kivo-pages-"))
+                name = folder / f"{len(list(folder.iterdir()))}.json"
+                name.write_bytes(data)
+                print(f"  {detail[:400]}\n    {name}")
