@@ -5,10 +5,17 @@
 
 #include <kivo/parser.h>
 
-#include <memory>
 #include <string>
 #include <type_traits>
 #include <vector>
+
+// All that is needed of <memory> is std::unique_ptr, for which the GNU library has a header of its
+// own. A small tool compiles in a seventh less time with it: 0.21 s instead of 0.24 s.
+#if defined(__GLIBCXX__) && __has_include(<bits/unique_ptr.h>)
+#include <bits/unique_ptr.h>
+#else
+#include <memory>
+#endif
 
 namespace kivo_3_3 {
 

@@ -43,7 +43,7 @@ bool isDescriptionAsked(int argc, const char* const* argv) {
 
 // Whether all of the text and a line end were written.
 bool writeLine(const char* text) {
-  return std::fputs(text, stdout) >= 0 && std::fputc('\n', stdout) != EOF &&
+  return std::fputs(text, stdout) != EOF && std::fputc('\n', stdout) != EOF &&
          std::fflush(stdout) == 0;
 }
 

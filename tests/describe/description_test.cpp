@@ -1,9 +1,12 @@
 // The description of whole tools, to the character.
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <kivo/kivo.h>
+#include <unistd.h>
 
 #include <climits>
+#include <cstdio>
 #include <limits>
 #include <string>
 
@@ -467,6 +470,28 @@ TEST_F(Asked, OtherArgumentsDoNot) {
   EXPECT_EQ("not asked -1", asked({"tool", "kivooption=kivodescribe=json "}));
   EXPECT_EQ("not asked -1", asked({"tool", "-kivooption=kivodescribe=json"}));
   EXPECT_FALSE(describeIfAsked(*parser, {"", "", ""}, 2, nullptr));
+}
+
+TEST_F(Asked, ArgumentsAfterTheLastOneDoNot) {
+  const char* const argv[] = {"tool", "kivooption=kivodescribe=json"};
+  EXPECT_FALSE(describeIfAsked(*parser, {"", "", ""}, 1, argv));
+  EXPECT_FALSE(describeIfAsked(*parser, {"", "", ""}, 0, argv));
+  EXPECT_FALSE(describeIfAsked(*parser, {"", "", ""}, -1, argv));
+}
+
+TEST_F(Asked, TheStatusIsOneIfTheDescriptionCannotBeWritten) {
+  const char* const argv[] = {"tool", "kivooption=kivodescribe=json"};
+  int status = -1;
+  std::fflush(stdout);
+  const int output = dup(STDOUT_FILENO);
+  const int full = open("/dev/full", O_WRONLY);
+  dup2(full, STDOUT_FILENO);
+  EXPECT_TRUE(describeIfAsked(*parser, {"tool", "", ""}, 2, argv, &status));
+  dup2(output, STDOUT_FILENO);
+  close(full);
+  close(output);
+  std::clearerr(stdout);
+  EXPECT_EQ(1, status);
 }
 
 TEST_F(Asked, TheStatusIsOneIfThereIsNoDescription) {

@@ -211,6 +211,13 @@ string randomWord(std::mt19937& random) {
   return word;
 }
 
+TEST_F(Names, AByteThatIsNotUtf8IsLikeNoCharacter) {
+  parser->option("abXcd", "", vtNull);
+  parser->option("ab\U0010FF01cd", "", vtNull);
+  EXPECT_EQ("abXcd", nearest("ab\xFF"
+                             "cd"));
+}
+
 TEST_F(Names, TheNearestIsThatOfAModel) {
   std::mt19937 random(20261122);
   int found = 0;
