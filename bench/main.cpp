@@ -81,15 +81,27 @@ void parseFile(benchmark::State& state, Subject& subject) {
       [&](auto digest) { return digest == subject.expected; });
 }
 
+bool namesAllOptions(const std::string& text, const Workload& workload) {
+  return std::all_of(workload.options.begin(), workload.options.end(), [&](const Option& option) {
+    return text.find(option.name) != std::string::npos;
+  });
+}
+
 void help(benchmark::State& state, Subject& subject) {
-  const auto namesAll = [&](const std::string& text) {
-    const auto& options = subject.workload.options;
-    return std::all_of(options.begin(), options.end(), [&](const Option& option) {
-      return text.find(option.name) != std::string::npos;
-    });
-  };
   measure(
-      state, subject, [&] { return subject.peer->help(); }, namesAll);
+      state, subject, [&] { return subject.peer->help(); },
+      [&](const std::string& text) { return namesAllOptions(text, subject.workload); });
+}
+
+// Includes the declarations.
+void describe(benchmark::State& state, Subject& subject) {
+  if (subject.peer->describe().empty()) {
+    state.SkipWithError("left out: it does not describe its tools");
+    return;
+  }
+  measure(
+      state, subject, [&] { return subject.peer->describe(); },
+      [&](const std::string& text) { return namesAllOptions(text, subject.workload); });
 }
 
 // The message must quote the wrong part: the text after the last "-" or "=" of the argument.
@@ -106,6 +118,8 @@ Workload wrongArgument(const char* argument) {
   workload.arguments = {argument};
   return workload;
 }
+
+Workload toolOfSize(int size) { return size == 24 ? typicalTool() : manyOptions(size, 0); }
 
 struct Family {
   const char* name;
@@ -129,8 +143,7 @@ const Family families[] = {
      parse},
     {"W3", Work::longCommandLine, argumentCounts, longCommandLine, parse},
     {"W4", Work::optionFile, argumentCounts, longOptionFile, parseFile},
-    {"W5", Work::help, toolSizes, [](int n) { return n == 24 ? typicalTool() : manyOptions(n, 0); },
-     help},
+    {"W5", Work::help, toolSizes, toolOfSize, help},
     {"W6/parse3", Work::abbreviations, toolSizes, [](int n) { return abbreviatedNames(n, 3); },
      parse},
     {"W6/parse50", Work::abbreviations, toolSizes, [](int n) { return abbreviatedNames(n, 50); },
@@ -138,6 +151,7 @@ const Family families[] = {
     {"W7/unknown", Work::unknownOption, one, [](int) { return wrongArgument("--mystery"); }, error},
     {"W7/ambiguous", Work::ambiguousOption, one, [](int) { return wrongArgument("--re"); }, error},
     {"W7/value", Work::badValue, one, [](int) { return wrongArgument("--jobs=many"); }, error},
+    {"W8", Work::describe, toolSizes, toolOfSize, describe},
 };
 
 // A failure, or the reason why the peer refuses the work, is reported as the error of the

@@ -21,6 +21,7 @@ enum class Work {
   longCommandLine,
   optionFile,
   help,
+  describe,
   abbreviations,
   unknownOption,
   ambiguousOption,
@@ -49,6 +50,9 @@ class Peer {
   // Like run(), with the arguments in the option file.
   virtual std::uint64_t runFile() { return 0; }
   virtual std::string help() { return {}; }
+
+  // What the tool declares, for programs to read; empty if the library cannot say it.
+  virtual std::string describe() { return {}; }
 
   // Parses wrong arguments and returns the error message.
   virtual std::string error() { return {}; }

@@ -61,6 +61,12 @@ class Kivo final : public Peer {
 
   std::string help() override { return m_parser->getDescription(false); }
 
+  // A parser keeps each description until its end, so each one is made of a new parser.
+  std::string describe() override {
+    declare();
+    return kivo::describe(*m_parser, {"tool", "1.0", "Does the work."});
+  }
+
   std::string error() override {
     const kivo::ResultHandle result = kivo::makeResult(*m_parser);
     m_parser->parseArgsVector(argc(), argv(), result.get());

@@ -23,7 +23,7 @@ class Figures:
                  "W2/parse3": "W2 three arguments", "W7/unknown": "W7 unknown option",
                  "W7/ambiguous": "W7 ambiguous option", "W7/value": "W7 bad value"}
         each = {"W2/declare": "W2 declare one", "W3": "W3 one argument", "W4": "W4 one line",
-                "W5": "W5 help, one option"}
+                "W5": "W5 help, one option", "W8": "W8 declare + describe, one option"}
         if family in whole:
             self.put(whole[family], size, peer, time)
         elif family in each:
