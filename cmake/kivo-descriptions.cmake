@@ -7,7 +7,8 @@
 # puts the page into ${CMAKE_INSTALL_MANDIR}/man1, where man finds it.
 #
 # Does nothing, and says so, if the tool cannot run on this machine (a cross build without
-# CMAKE_CROSSCOMPILING_EMULATOR) or if kivo-describe is not there.
+# CMAKE_CROSSCOMPILING_EMULATOR) or if kivo-describe is not there: it is a Debian package of its own,
+# and a project that includes the sources of the library sets KIVO_BUILD_DESCRIBE to build it.
 function(kivo_install_descriptions target)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "NAME" "")
   if(arg_UNPARSED_ARGUMENTS)

@@ -139,6 +139,17 @@ TEST_F(Delivered, TypedTextsAreSharedWhereNamesAreStoredApart) {
   EXPECT_EQ(characters(underFirst), characters(underSecond));
 }
 
+// Another parser gives one of the names to an option of its own, which separates the names.
+TEST_F(Delivered, TypedTextsAreStillSharedWhenNamesAreSeparatedLater) {
+  command.parse({"--name=xyz"});
+  const ParserHandle other = makeParser();
+  other->option("n", "", vtString);
+  const char* const arguments[] = {"tool", "--n=abc"};
+  EXPECT_EQ(1, other->parseArgsVector(2, arguments, &result()));  // it does not know "name"
+  EXPECT_STREQ("xyz", characters(result().get("n")));
+  EXPECT_EQ(characters(result().get("name")), characters(result().get("n")));
+}
+
 TEST_F(Delivered, TypedTextsAreSharedWhereAnOptionHasOneNameTwice) {
   command.option("twice,twice", vtString);
   command.parse({"--twice=a", "--twice=b"});

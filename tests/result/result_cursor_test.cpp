@@ -550,6 +550,22 @@ TEST(ReadingDefaults, TheEmptyRangeAtTheEndDeliversOnlyDefaults) {
   EXPECT_EQ(1, result.next("depth").isEmpty);
 }
 
+// From some ten thousand texts on, the slots of later values are prefetched, up to the last value.
+TEST(ReadingManyValues, EndsAtTheLastOne) {
+  constexpr int count = 40000;
+  const ParserHandle parser = makeParser(parserFlags::noTokenizer);
+  parser->option("a", "", vtString);
+  string line;
+  for (int i = 0; i < count; ++i)
+    line += "--a=" + std::to_string(i) + '\n';
+  const ResultHandle result = makeResult(*parser);
+  ASSERT_EQ(0, parser->parseStream(line.c_str(), result.get()));
+  int next = 0;
+  for (const Value& value : values(*result, "a"))
+    EXPECT_EQ(std::to_string(next++), value.text);
+  EXPECT_EQ(count, next);
+}
+
 }  // namespace
 
 }  // namespace kivo_3_3

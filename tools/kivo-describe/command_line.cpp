@@ -3,7 +3,7 @@
 #include <kivo/kivo.h>
 
 #include <new>
-#include <vector>
+#include <utility>
 
 #include "exit_codes.h"
 
@@ -45,8 +45,13 @@ void annotateAll(kivo::IParser& parser) {
                  "date of that day; otherwise it has none.");
 }
 
+template <class Handle>
+Handle existing(Handle handle) {
+  return handle != nullptr ? std::move(handle) : throw std::bad_alloc();
+}
+
 std::string help(kivo::IParser& parser) {
-  return std::string("kivo-describe -FORMAT [FILE]\n\n") + parser.getDescription(false) + '\n';
+  return std::string("kivo-describe -FORMAT [FILE]\n\n") + parser.getDescription(false);
 }
 
 int usageError(const char* reason, std::string& error) {
@@ -84,10 +89,8 @@ int readSettings(kivo::IParser& parser, kivo::IParseResult& result, Settings& se
 }  // namespace
 
 int readCommandLine(int argc, const char* const* argv, Settings& settings, std::string& error) {
-  const kivo::ParserHandle parser = kivo::makeParser(parserFlags);
-  const kivo::ResultHandle result = parser ? kivo::makeResult(*parser) : nullptr;
-  if (result == nullptr)
-    throw std::bad_alloc();
+  const auto parser = existing(kivo::makeParser(parserFlags));
+  const auto result = existing(kivo::makeResult(*parser));
   declareAll(*parser);
   annotateAll(*parser);
   int described = kivo::status::success;

@@ -6,6 +6,7 @@
 #include <exception>
 #include <iostream>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <system_error>
 
@@ -73,18 +74,21 @@ int run(int argc, const char* const* argv) {
                              : settings.format->write(readDescription(readInput(settings.file))));
 }
 
+int statusOf(const std::exception& problem) {
+  if (dynamic_cast<const InputError*>(&problem) != nullptr)
+    return inputUnreadable.number;
+  if (dynamic_cast<const NoDescription*>(&problem) != nullptr)
+    return inputInvalid.number;
+  const bool isMistake = dynamic_cast<const std::invalid_argument*>(&problem) != nullptr;
+  return isMistake ? kivo::status::usageError : kivo::status::exceptionCaught;
+}
+
 int main(int argc, const char* const* argv) {
   static_cast<void>(std::signal(SIGPIPE, SIG_IGN));  // a closed pipe is unwritable output
   try {
     return run(argc, argv);
-  } catch (const InputError& problem) {
-    return fail(inputUnreadable.number, problem.what());
-  } catch (const NoDescription& problem) {
-    return fail(inputInvalid.number, problem.what());
-  } catch (const std::invalid_argument& problem) {
-    return fail(kivo::status::usageError, problem.what());
   } catch (const std::exception& problem) {
-    return fail(kivo::status::exceptionCaught, problem.what());
+    return fail(statusOf(problem), problem.what());
   }
 }
 
