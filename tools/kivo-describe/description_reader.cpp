@@ -103,9 +103,9 @@ Annotations annotationsOf(const Node& owner) {
     return annotations;
   const Node node = owner.field("annotations");
   node.eachField([&](const std::string& key, const Node& texts) {
-    annotations[key] = texts.filledList(textOf);
+    if (Texts read = textsOf(texts); !read.empty())
+      annotations[key] = std::move(read);
   });
-  node.require(!annotations.empty(), "is empty");
   return annotations;
 }
 
@@ -121,9 +121,7 @@ DeprecatedValue deprecatedValueOf(const Node& node) {
 std::string defaultOf(const Node& node, const std::string& type) {
   if (type == "boolean")
     return node.truth() ? "true" : "false";
-  std::string text = node.text();
-  node.require(!text.empty(), "is empty");
-  return text;
+  return node.text();
 }
 
 std::optional<std::string> separatorOf(const Node& node) {
@@ -137,12 +135,10 @@ std::optional<std::string> separatorOf(const Node& node) {
 void readOptionalFields(const Node& node, Option& option) {
   if (option.kind == "modifier")
     option.actions = textsOf(node.field("actions"));
-  else
-    node.require(!node.has("actions"), "has actions but is no modifier");
   if (node.has("allowed"))
-    option.allowed = node.field("allowed").filledList(textOf);
+    option.allowed = textsOf(node.field("allowed"));
   if (node.has("deprecated"))
-    option.deprecated = node.field("deprecated").filledList(deprecatedValueOf);
+    option.deprecated = node.field("deprecated").list(deprecatedValueOf);
   if (node.has("default"))
     option.defaultValue = defaultOf(node.field("default"), option.type);
   option.annotations = annotationsOf(node);
@@ -162,13 +158,6 @@ Option optionOf(const Node& node) {
   option.positional = node.field("positional").truth();
   readOptionalFields(node, option);
   return option;
-}
-
-Texts actionSetOf(const Node& node) {
-  Texts names = textsOf(node);
-  node.require(std::set<std::string>(names.begin(), names.end()).size() == names.size(),
-               "has a name twice");
-  return names;
 }
 
 // The sections of a description by their headings.
@@ -193,7 +182,7 @@ Declarations declarationsOf(const Node& node) {
   Declarations declarations;
   declarations.sections = node.field("sections").list(sectionOf);
   declarations.options = node.field("options").list(optionOf);
-  declarations.together = node.field("together").list(actionSetOf);
+  declarations.together = node.field("together").list(textsOf);
   declarations.unknownArguments = node.field("unknownArguments").oneOf({"error", "passed over"});
   declarations.dashArguments = node.field("dashArguments").oneOf({"options", "positional"});
   declarations.leftoverArguments = node.field("leftoverArguments").oneOf({"positional", "kept"});
