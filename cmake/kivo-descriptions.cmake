@@ -3,8 +3,14 @@
 #   kivo_install_descriptions(TARGET [NAME name])
 #
 # TARGET is an executable of the same project that calls kivo::describeIfAsked(). The build runs it
-# and makes NAME.1, a manual page; NAME is the name of the executable unless given. The installation
-# puts the page into ${CMAKE_INSTALL_MANDIR}/man1, where man finds it.
+# and makes a manual page and completion scripts; NAME is the name of the executable unless given.
+# The installation puts them below ${CMAKE_INSTALL_DATADIR} and ${CMAKE_INSTALL_MANDIR}, where man and
+# each shell look for them:
+#
+#   man1/NAME.1   bash-completion/completions/NAME   zsh/site-functions/_NAME
+#   fish/vendor_completions.d/NAME.fish
+#
+# For a Debian package, with the prefix /usr, zsh looks in zsh/vendor-completions instead.
 #
 # Does nothing, and says so, if the tool cannot run on this machine (a cross build without
 # CMAKE_CROSSCOMPILING_EMULATOR) or if kivo-describe is not there: it is a Debian package of its own,
@@ -28,7 +34,7 @@ function(kivo_install_descriptions target)
     set(obstacle "kivo-describe was not found")
   endif()
   if(obstacle)
-    message(NOTICE "No manual page of ${target} will be installed: ${obstacle}")
+    message(NOTICE "No manual page and no completion of ${target} will be installed: ${obstacle}")
     return()
   endif()
 
@@ -37,14 +43,37 @@ function(kivo_install_descriptions target)
       --modify LD_LIBRARY_PATH=path_list_prepend:$<TARGET_FILE_DIR:kivo::kivo>
       ${CMAKE_CROSSCOMPILING_EMULATOR})
   set(description ${CMAKE_CURRENT_BINARY_DIR}/${name}.json)
-  set(page ${CMAKE_CURRENT_BINARY_DIR}/${name}.1)
   add_custom_command(
-    OUTPUT ${description} ${page}
+    OUTPUT ${description}
     COMMAND ${run} $<TARGET_FILE:${target}> kivooption=kivodescribe=json > ${description}
-    COMMAND ${run} $<TARGET_FILE:kivo::kivo-describe> -man ${description} > ${page}
-    DEPENDS ${target} kivo::kivo-describe
+    DEPENDS ${target}
     COMMENT "Describing ${target}"
     VERBATIM)
-  add_custom_target(${target}_descriptions ALL DEPENDS ${page})
-  install(FILES ${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  set(zsh_folder site-functions)
+  if(CMAKE_INSTALL_PREFIX MATCHES "^/usr$" AND EXISTS /etc/debian_version)
+    set(zsh_folder vendor-completions)
+  endif()
+  set(made "")
+  foreach(format IN ITEMS "man ${name}.1 ${CMAKE_INSTALL_MANDIR}/man1"
+                          "bash ${name}.bash ${CMAKE_INSTALL_DATADIR}/bash-completion/completions"
+                          "zsh _${name} ${CMAKE_INSTALL_DATADIR}/zsh/${zsh_folder}"
+                          "fish ${name}.fish ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d")
+    separate_arguments(format)
+    list(GET format 1 file)
+    list(GET format 2 destination)
+    list(GET format 0 format)
+    set(file ${CMAKE_CURRENT_BINARY_DIR}/${file})
+    add_custom_command(
+      OUTPUT ${file}
+      COMMAND ${run} $<TARGET_FILE:kivo::kivo-describe> -${format} ${description} > ${file}
+      DEPENDS ${description} kivo::kivo-describe
+      VERBATIM)
+    list(APPEND made ${file})
+    if(format STREQUAL "bash")  # found by the name of the tool alone
+      install(FILES ${file} DESTINATION ${destination} RENAME ${name})
+    else()
+      install(FILES ${file} DESTINATION ${destination})
+    endif()
+  endforeach()
+  add_custom_target(${target}_descriptions ALL DEPENDS ${made})
 endfunction()

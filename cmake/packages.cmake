@@ -79,11 +79,11 @@ CMake and pkg-config, and the sources of two example tools.")
 set(CPACK_DEBIAN_KIVO_DESCRIBE_PACKAGE_NAME kivo-describe)
 set(CPACK_DEBIAN_KIVO_DESCRIBE_PACKAGE_SECTION devel)
 set(CPACK_DEBIAN_KIVO_DESCRIBE_PACKAGE_MULTIARCH foreign)
-set(CPACK_DEBIAN_KIVO_DESCRIBE_DESCRIPTION "command-line parsing for tools (manual pages from declarations)
+set(CPACK_DEBIAN_KIVO_DESCRIBE_DESCRIPTION "command-line parsing for tools (manual pages, completion)
 ${about}
 
-This package holds the program that makes a manual page of what such a tool
-says about its command line, for those who build one.")
+This package holds the program that makes a manual page and completion scripts
+of what such a tool says about its command line, for those who build one.")
 
 set(CPACK_DEBIAN_KIVO_DOCUMENTATION_PACKAGE_NAME libkivo-doc)
 set(CPACK_DEBIAN_KIVO_DOCUMENTATION_PACKAGE_ARCHITECTURE all)

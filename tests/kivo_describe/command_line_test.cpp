@@ -7,7 +7,7 @@
 #include "sample_description.h"
 
 // kivo-describe as a process: its own actions, and what it does with its arguments. pages.py tests
-// what it writes, and more of what it refuses.
+// what it writes, and more of what it refuses; the folder "completion" tests its scripts.
 
 namespace kivo_describe {
 namespace {
@@ -41,10 +41,13 @@ class KivoDescribe : public ::testing::Test {
 TEST_F(KivoDescribe, ShowsItsHelp) {
   const std::string help =
       "kivo-describe -FORMAT [FILE]\n\n"
+      "    bash       Write a completion script for bash.\n"
+      "    fish       Write a completion script for fish.\n"
       "    help       Show this help.\n"
       "    man        Write a manual page of section 1.\n"
       "    markdown   Write a page in Markdown.\n"
-      "    version    Show the version.\n";
+      "    version    Show the version.\n"
+      "    zsh        Write a completion script for zsh.\n";
   EXPECT_EQ((Outcome{0, help, ""}), run({"-help"}));
   EXPECT_EQ((Outcome{0, help, ""}), run({"--h"}));
 }

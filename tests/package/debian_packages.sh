@@ -47,7 +47,7 @@ holds() {
 }
 holds "$package" "lib/$multiarch/libkivo[.]so[.][0-9.]+"
 holds libkivo-dev "include/.*[.]h|share/kivo/description[.]schema[.]json|lib/$multiarch/(libkivo[.]so|(cmake|pkgconfig)/.*)"
-holds kivo-describe "bin/kivo-describe|lib/$multiarch/cmake/kivo/kivo-describe-targets.*[.]cmake|share/man/man1/kivo-describe[.]1[.]gz"
+holds kivo-describe "bin/kivo-describe|lib/$multiarch/cmake/kivo/kivo-describe-targets.*[.]cmake|share/man/man1/kivo-describe[.]1[.]gz|share/(bash-completion/completions/|zsh/vendor-completions/_|fish/vendor_completions.d/)kivo-describe([.]fish)?"
 holds libkivo-doc "share/man/man7/kivo[.]7[.]gz"
 dpkg-deb --raw-extract "$library" "$scratch/raw"
 for control in symbols shlibs triggers md5sums; do
@@ -92,6 +92,10 @@ quietly cmake --install "$scratch/build" --prefix "$scratch/installed"
 for tool in greet textkit; do
   page=$(LC_ALL=C.UTF-8 man -M "$scratch/installed/share/man" "$tool") || fail "no page of $tool"
   grep -q "^ *$tool - " <<<"$page" || fail "the page of $tool: $page"
+  for script in bash-completion/completions/$tool zsh/site-functions/_$tool \
+    fish/vendor_completions.d/$tool.fish; do
+    [ -s "$scratch/installed/share/$script" ] || fail "no $script"
+  done
 done
 
 # The package of a tool that was built like this must depend on the package of the library.

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Builds and installs a project whose CMakeLists.txt asks for the manual page of its tool, and shows
-# the page with man. Then configures the project where the tool cannot run, and without
-# kivo-describe: no page must be made, and the project must say so.
+# Builds and installs a project whose CMakeLists.txt asks for the manual page and the completion of
+# its tool, and shows the page with man. Then configures the project where the tool cannot run, and
+# without kivo-describe: nothing must be made, and the project must say so.
 #   describe.sh PREFIX
 set -euo pipefail
 prefix=$1
@@ -29,14 +29,20 @@ for text in "hello-world - Greets the world." "-loud, -l, -no-loud" "Shout." "Ve
   grep -qF -e "$text" <<<"$page" || fail "the page lacks: $text"
 done
 
+data=$scratch/native-prefix/share
+for script in bash-completion/completions/hello-world zsh/site-functions/_hello-world \
+  fish/vendor_completions.d/hello-world.fish; do
+  [ -s "$data/$script" ] || fail "no $script"
+done
+
 make emulated -DCMAKE_SYSTEM_NAME=Linux -DCMAKE_CROSSCOMPILING_EMULATOR=env
 [ "$(shown "$scratch/emulated-prefix")" = "$page" ] || fail "an emulator changes the page"
 
 # Checks that a project says what is missing, and installs the tool alone.
 saysSo() {
   local name=$1 reason=$2
-  grep -qF "No manual page of described will be installed: $reason" "$scratch/log" ||
-    { cat "$scratch/log"; fail "$name: said nothing of the manual page"; }
+  grep -qF "No manual page and no completion of described will be installed: $reason" "$scratch/log" ||
+    { cat "$scratch/log"; fail "$name: said nothing of what is missing"; }
   [ "$(cd "$scratch/$name-prefix" && find . -type f)" = ./bin/described ] ||
     fail "$name: other files than the tool were installed"
 }
@@ -49,4 +55,4 @@ rm "$scratch/without/bin/kivo-describe" "$(find "$scratch/without" -name kivo-de
 prefix=$scratch/without
 make undescribed
 saysSo undescribed "kivo-describe was not found"
-echo "installed a manual page, and none where that is not possible"
+echo "installed a manual page and completion, and none where that is not possible"

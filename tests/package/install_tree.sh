@@ -19,7 +19,9 @@ soname=libkivo.so.${version%.*}
 expected_files() {
   (cd "$source" && find include/kivo -name '*.h')
   printf '%s\n' include/bedrock/assertion.h include/stratum2/variant.h share/man/man7/kivo.7 \
-    share/kivo/description.schema.json bin/kivo-describe share/man/man1/kivo-describe.1
+    share/kivo/description.schema.json bin/kivo-describe share/man/man1/kivo-describe.1 \
+    share/bash-completion/completions/kivo-describe share/zsh/site-functions/_kivo-describe \
+    share/fish/vendor_completions.d/kivo-describe.fish
   for file in libkivo.so "$soname" "libkivo.so.$version" pkgconfig/kivo.pc \
     cmake/kivo/kivo-{config,config-version,targets,targets-CONFIGURATION}.cmake \
     cmake/kivo/kivo-{descriptions,describe-targets,describe-targets-CONFIGURATION}.cmake; do

@@ -21,7 +21,7 @@ constexpr int parserFlags =
 
 constexpr kivo::ToolInfo toolInfo = {
     "kivo-describe", KIVO_DESCRIBE_VERSION,
-    "Makes a manual page of what a tool says about its command line."};
+    "Makes manual pages and completion scripts of what a tool says about its command line."};
 
 void declareAll(kivo::IParser& parser) {
   for (const Format& format : formats())

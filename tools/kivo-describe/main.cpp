@@ -15,7 +15,7 @@
 #include "exit_codes.h"
 #include "text.h"
 
-// kivo-describe makes manual pages and other texts of the description of a tool.
+// kivo-describe makes manual pages and completion scripts of the description of a tool.
 //
 // A text is written when all of it is known: after a failure there is no output, and one line on
 // standard error.

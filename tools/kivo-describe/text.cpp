@@ -51,6 +51,14 @@ std::string squeezed(std::string_view text) {
   return result;
 }
 
+bool hasControlCharacter(std::string_view text) {
+  for (; !text.empty(); text.remove_prefix(1)) {
+    if (text.front() != ' ' && lengthOfBlankOrControl(text) != 0)
+      return true;
+  }
+  return false;
+}
+
 std::size_t countOfCharacters(std::string_view text) {
   return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;

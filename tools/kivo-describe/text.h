@@ -14,6 +14,9 @@ namespace kivo_describe {
 // White space is that of ASCII; control characters are those of Unicode.
 std::string squeezed(std::string_view text);
 
+// Whether one of the control characters of Unicode is in the text.
+bool hasControlCharacter(std::string_view text);
+
 std::size_t countOfCharacters(std::string_view text);
 
 // The texts before, between and after single blanks; some may be empty.

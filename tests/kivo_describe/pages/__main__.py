@@ -23,6 +23,8 @@ import tempfile
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
+sys.path.insert(0, str(Path(__file__).parent.parent / "shared"))
+
 from descriptions import fixtures
 from page_checks import Case, check_batches
 from programs import Report, run
@@ -58,7 +60,7 @@ def parse_arguments():
 def main():
     arguments = parse_arguments()
     path = os.path.abspath(arguments.describe)
-    report = Report()
+    report = Report("kivo-pages-")
     descriptions = all_descriptions(arguments, path, report)
     with tempfile.TemporaryDirectory() as folder, ThreadPoolExecutor(2) as pool:
         cases = [Case(path, report, made, folder, n) for n, made in enumerate(descriptions)]

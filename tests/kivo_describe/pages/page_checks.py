@@ -5,11 +5,12 @@ import random
 import re
 from pathlib import Path
 
+from building import encoded
 from common import EPOCH, FORMATS, LONG, SECRET, WIDTH
 from expectations import (annotation, exit_lines, expected, forms, hidden_texts, listed, scopes,
     strings, texts_of, without_hidden)
-from programs import encoded, environment, read_markdown, run
-from rendering import Page, page_of_terminal, plain
+from programs import environment, run
+from rendering import Page, page_of_terminal, plain, read_markdown
 from texts import CONTROL, holds, holds_word, joined, normal, pattern
 
 

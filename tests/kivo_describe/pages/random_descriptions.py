@@ -3,8 +3,8 @@
 import random
 import re
 
+from building import declarations, option, section
 from common import SECRET
-from descriptions import declarations, option, section
 from material import EMPTY, HOSTILE, TYPES
 
 

@@ -5,10 +5,11 @@ import json
 import os
 from pathlib import Path
 
+from building import command, describe, encoded, option, section
 from common import FORMATS, LEFT_OUT
-from descriptions import command, describe, hostile, option, section
+from descriptions import hostile
 from material import HOSTILE
-from programs import encoded, run
+from programs import run
 
 
 def small():

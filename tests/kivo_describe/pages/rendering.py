@@ -3,6 +3,7 @@
 import html.parser
 import re
 
+from programs import run
 from texts import joined, normal, squeeze
 
 
@@ -105,3 +106,12 @@ class Reader(html.parser.HTMLParser):
 
     def handle_pi(self, data):
         self.odd.append(f"<?{data}>")
+
+
+def read_markdown(markdown):
+    """Renders Markdown; the Reader has what the HTML says."""
+    _, out, _ = run(["cmark-gfm", "--unsafe", "-e", "table"], markdown)
+    reader = Reader()
+    reader.feed(out.decode(errors="replace"))
+    reader.close()
+    return reader

@@ -3,11 +3,12 @@
 import re
 import tempfile
 
+from building import describe, encoded, option, section
 from common import EPOCH, FORMATS, WIDTH
-from descriptions import describe, hostile, option, section
+from descriptions import hostile
 from material import HOSTILE, ODD
-from programs import encoded, environment, read_markdown, run
-from rendering import plain
+from programs import environment, run
+from rendering import plain, read_markdown
 from texts import normal
 
 

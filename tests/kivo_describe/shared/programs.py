@@ -1,13 +1,11 @@
 """Runs programs, and collects what is broken."""
 
-import json
 import os
 import subprocess
 import tempfile
 from pathlib import Path
 
-from common import TIMEOUT
-from rendering import Reader
+TIMEOUT = 60  # seconds for one process
 
 
 def environment(**more):
@@ -23,25 +21,13 @@ def run(arguments, data=b"", env=None, **more):
     return done.returncode, done.stdout or b"", done.stderr
 
 
-def read_markdown(markdown):
-    """Renders Markdown; the Reader has what the HTML says."""
-    _, out, _ = run(["cmark-gfm", "--unsafe", "-e", "table"], markdown)
-    reader = Reader()
-    reader.feed(out.decode(errors="replace"))
-    reader.close()
-    return reader
-
-
-def encoded(description):
-    return json.dumps(description, ensure_ascii=False).encode()
-
-
 class Report:
     """Counts the checks and keeps the failed ones, by the rule that they break."""
 
     SHOWN = 3  # cases of one broken rule that are printed
 
-    def __init__(self):
+    def __init__(self, prefix):
+        self.prefix = prefix  # of the folder for the input of failed cases
         self.checks = 0
         self.broken = {}
 
@@ -57,7 +43,7 @@ class Report:
         for rule, cases in sorted(self.broken.items()):
             print(f"BROKEN: {rule} ({len(cases)} times)")
             for detail, data in sorted(cases, key=lambda case: len(case[1]))[:self.SHOWN]:
-                folder = folder or Path(tempfile.mkdtemp(prefix="kivo-pages-"))
+                folder = folder or Path(tempfile.mkdtemp(prefix=self.prefix))
                 name = folder / f"{len(list(folder.iterdir()))}.json"
                 name.write_bytes(data)
                 print(f"  {detail[:400]}\n    {name}")

@@ -1,0 +1,111 @@
+"""What is offered to users of a tool with commands (see cases.py)."""
+
+from tools import ALIKE, FILES, MANY, MANY_LONE, MANY_TWO, NOTHING
+
+COMMANDS = [
+    ("until a command is complete, the next words are offered", MANY, [
+        ("", "remote rename stash status"),
+        ("re", "remote rename"),
+        ("st", "stash status"),
+        ("stash ", "pop push"),
+        ("stash po", "pop"),
+        ("x", NOTHING),
+    ]),
+    ("... and the tool's own names", MANY, [
+        ("-", "-quiet -q -no-quiet -config -dry"),
+        ("-lo", NOTHING),
+        ("stash -d", "-dry"),
+        ("--co", "--config"),
+    ]),
+    ("the tool's own options are walked and take their values", MANY, [
+        ("-config ", "home work"),
+        ("-config=w", "-config=work"),
+        ("-config remote r", "remote rename"),
+        ("-quiet re", "remote rename"),
+        ("-dry stash -config home p", "pop push"),
+    ]),
+    ("a word of a command may be cut short", MANY, [
+        ("rem o", "origin other"),
+        ("ren fi", FILES),
+        ("stas pu", "push"),
+        ("remote add f", "far"),
+        ("rem ado -fo", NOTHING),
+    ]),
+    ("a word in full counts as itself, though others begin that way", ALIKE, [
+        ("list -", "-short"),
+        ("listi -", "-long"),
+        ("lis -", NOTHING),
+    ]),
+    ("... as long as only one goes on", MANY, [
+        ("re -lon", NOTHING),
+        ("re -d", "-dry"),
+        ("st po", NOTHING),
+    ]),
+    ("a word that fits none leaves nothing but names of options", MANY, [
+        ("nothing re", NOTHING),
+        ("nothing remote a", NOTHING),
+        ("nothing -d", "-dry"),
+        ("stash remote -d", "-dry"),
+        ("nothing remote -lon", NOTHING),
+    ]),
+    ("of a whole command and a longer one, the longer wins if the next word fits", MANY, [
+        ("remote add n", "near"),
+        ("remote adopt -lo", NOTHING),
+        ("remote add -fo", "-force"),
+        ("remote -quiet add -fo", "-force"),
+        ("remote ori -lo", "-long"),
+    ]),
+    ("from a complete command on, its options and the tool's own count", MANY, [
+        ("remote -", "-quiet -q -no-quiet -config -dry -long"),
+        ("stash pop -", "-quiet -q -no-quiet -config -dry -index"),
+        ("status -s", "-short"),
+        ("status -config ", "home work"),
+        ("stash pop -sh", NOTHING),
+    ]),
+    ("where both have a name, the command's counts", MANY, [
+        ("remote add -dry ", "humid arid"),
+        ("remote add -dry=", "-dry=humid -dry=arid"),
+        ("remote -dry o", "origin other"),
+        ("-dry remote add f", "far"),
+        ("rename -con", NOTHING),
+        ("stash pop -con", "-config"),
+    ]),
+    ("a command may have no operand", MANY, [
+        ("stash pop ", "-quiet -q -no-quiet -config -dry -index"),
+        ("stash pop i", NOTHING),
+        ("stash push -i", NOTHING),
+    ]),
+    ("after -- words are operands, and no command begins there", MANY, [
+        ("remote -- ", "origin other"),
+        ("remote -- a", NOTHING),
+        ("remote -- add n", NOTHING),
+        ("status -- ", FILES),
+        ("rename -- fi", FILES),
+    ]),
+    ("the next words of longer commands are offered beside the operand's values", MANY, [
+        ("remote ", "origin other add adopt"),
+        ("remote a", "add adopt"),
+        ("remote o", "origin other"),
+    ]),
+    ("the tool's dashes hold for its commands", MANY_TWO, [
+        ("remote -", "--quiet -q --no-quiet --config --dry --long"),
+        ("stash pop ", "--quiet -q --no-quiet --config --dry --index"),
+        ("-", "--quiet -q --no-quiet --config --dry"),
+    ]),
+    ("a first word kivooption=... means nothing here too", MANY, [
+        ("kivooption=trace re", "remote rename"),
+        ("-dry kivooption=trace re", NOTHING),
+    ]),
+    ("with loneDash a dash alone is a value, and no word of a command", MANY_LONE, [
+        ("-config - re", "remote rename"),
+        ("- re", NOTHING),
+    ]),
+    ("... and without loneDash it is neither", MANY, [
+        ("- re", "remote rename"),
+        ("-config - re", "remote rename"),
+    ]),
+    ("a quoted word of a command is one word", MANY, [
+        ("'remote add' n", NOTHING),
+        ("\"remote\" 'add' n", "near"),
+    ]),
+]
