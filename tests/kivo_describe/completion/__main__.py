@@ -2,11 +2,13 @@
 
     /usr/bin/python3 -B tests/kivo_describe/completion KIVO-DESCRIBE [--shell bash|zsh|fish]...
                                                        [--count N] [--seed S] [--textkit TEXTKIT]
+                                                       [--part NAME]...
 
 For each shell: the table of cases (cases.py), the settings that must change nothing, hostile
 texts, tools whose names are alike, N random descriptions with random command lines against the
-model (model.py), the time and the processes that a TAB costs, and what the shells and shellcheck
-say about the scripts. With a TEXTKIT, everything that is offered for it is run.
+model (model.py), the processes that a TAB costs, and what the shells and shellcheck say about the
+scripts. With a TEXTKIT, everything that is offered for it is run. `--part NAME` runs one part alone;
+`--part speed` measures the time of a TAB, which no other run does.
 
 The random descriptions depend on the seed alone. Each broken rule is printed once with its
 shortest cases; the description of a case is written to a file in the folder for temporary files.
@@ -73,7 +75,6 @@ def parts_of(context, arguments):
     parts = {
         "scripts": lambda: check_scripts(context, arguments.seed),
         "table": lambda: by_rules.check_table(context),
-        "speed": lambda: costs.check_speed(context),
         "sizes": lambda: costs.check_sizes(context),
         "descriptions": lambda: by_rules.check_descriptions(context),
         "own": lambda: accepted.check_visible(context, own_description(context)),
@@ -82,6 +83,8 @@ def parts_of(context, arguments):
         **{name: lambda check=check: check(context) for name, check in manners.PARTS.items()},
         "random": lambda: by_rules.check_random(context, arguments.count, arguments.seed),
     }
+    if arguments.part:  # only when it is asked for, because it depends on the load of the machine
+        parts["speed"] = lambda: costs.check_speed(context)
     if arguments.textkit:
         parts["textkit"] = lambda: accepted.check_textkit(context, arguments.textkit)
     return {n: p for n, p in parts.items() if not arguments.part or n in arguments.part}
