@@ -53,15 +53,14 @@ function(kivo_install_descriptions target)
   if(CMAKE_INSTALL_PREFIX MATCHES "^/usr$" AND EXISTS /etc/debian_version)
     set(zsh_folder vendor-completions)
   endif()
+  set(formats man bash zsh fish)
+  set(files ${name}.1 ${name}.bash _${name} ${name}.fish)
+  set(destinations ${CMAKE_INSTALL_MANDIR}/man1
+                   ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+                   ${CMAKE_INSTALL_DATADIR}/zsh/${zsh_folder}
+                   ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
   set(made "")
-  foreach(format IN ITEMS "man ${name}.1 ${CMAKE_INSTALL_MANDIR}/man1"
-                          "bash ${name}.bash ${CMAKE_INSTALL_DATADIR}/bash-completion/completions"
-                          "zsh _${name} ${CMAKE_INSTALL_DATADIR}/zsh/${zsh_folder}"
-                          "fish ${name}.fish ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d")
-    separate_arguments(format)
-    list(GET format 1 file)
-    list(GET format 2 destination)
-    list(GET format 0 format)
+  foreach(format file destination IN ZIP_LISTS formats files destinations)
     set(file ${CMAKE_CURRENT_BINARY_DIR}/${file})
     add_custom_command(
       OUTPUT ${file}

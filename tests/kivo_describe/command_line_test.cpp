@@ -4,8 +4,9 @@
 #include "end_to_end/process.h"
 #include "sample_description.h"
 
-// kivo-describe as a process: its own actions, and what it does with its arguments. pages.py tests
-// what it writes, and more of what it refuses; the folder "completion" tests its scripts.
+// kivo-describe as a process: its own actions, and what it does with its arguments. The folder
+// "pages" tests what it writes, and more of what it refuses; the folder "completion" tests its
+// scripts.
 
 namespace kivo_describe {
 namespace {

@@ -5,7 +5,7 @@
 #include "sample_description.h"
 #include "support/golden_file.h"
 
-// The manual page as roff. What readers of roff make of it is tested by pages.py.
+// The manual page as roff. The folder "pages" tests what readers of roff make of it.
 
 namespace kivo_describe {
 namespace {

@@ -5,7 +5,7 @@
 #include "sample_description.h"
 #include "support/golden_file.h"
 
-// The page as Markdown. What a renderer makes of it is tested by pages.py.
+// The page as Markdown. The folder "pages" tests what a renderer makes of it.
 
 namespace kivo_describe {
 namespace {

@@ -5,6 +5,7 @@
 
 #include "shell_parts.h"
 #include "shell_text.h"
+#include "text.h"
 
 // Writes the script for bash: the fixed part, then a line of data for each option and command. If a
 // text was not quoted as a whole here, bash would run what stands in it.
@@ -21,14 +22,12 @@ constexpr const char* withAllActions = "*";
 // A word of bash. Within $'...', a line end is written as \n and another control character as \2,
 // which stands for all of them.
 std::string quoted(std::string_view text) {
-  const bool hasControls = std::any_of(text.begin(), text.end(), [](char character) {
-    return static_cast<unsigned char>(character) < 0x20 || character == 0x7F;
-  });
+  const bool hasControls = std::any_of(text.begin(), text.end(), isControl);
   std::string result = hasControls ? "$'" : "'";
   for (const char character : text) {
     if (character == '\n')
       result += "\\n";
-    else if (static_cast<unsigned char>(character) < 0x20 || character == 0x7F)
+    else if (isControl(character))
       result += "\\002";
     else if (character == '\'')
       result += hasControls ? "\\'" : "'\\''";

@@ -36,8 +36,10 @@ void declareAll(kivo::IParser& parser) {
 
 void annotateAll(kivo::IParser& parser) {
   kivo::annotate(parser, "file", "placeholder", "FILE");
-  for (const ExitCode& code : exitCodes)
-    kivo::annotate(parser, nullptr, "exitStatus", code.meaning);
+  for (const ExitCode& code : exitCodes) {
+    const std::string line = std::to_string(code.number) + ' ' + code.meaning;
+    kivo::annotate(parser, nullptr, "exitStatus", line.c_str());
+  }
   kivo::annotate(parser, nullptr, "footer",
                  "A tool of the library writes its description to standard output if its first and "
                  "only argument is kivooption=kivodescribe=json. If the environment variable "

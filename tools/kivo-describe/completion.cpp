@@ -7,14 +7,14 @@
 
 #include "text.h"
 
-// Decides what completion scripts offer, as far as it depends on the declarations alone. What it
-// depends on the words typed before is decided by the scripts. If a name or a value got through
-// here that the parser refuses, every shell would offer it.
+// Decides what completion scripts offer, as far as it depends on the declarations alone. The
+// scripts decide what depends on the words typed before. If this file let through a name or a value
+// that the parser refuses, every shell would offer it.
 
 namespace kivo_describe {
 namespace {
 
-// Ranks of actions by the names that they have.
+// The rank of each action.
 using Ranks = std::map<const Option*, std::size_t>;
 
 bool canBeTyped(const std::string& name) {

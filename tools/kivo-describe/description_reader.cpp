@@ -12,7 +12,8 @@
 // Reads JSON into a Description and refuses whatever a page could not be made of without guessing.
 //
 // Generators rely on what is checked here: each option has a name and one of the sections, each
-// list of an annotation has a text, and no two commands have the same words.
+// annotation has a text, and no two commands have the same words. A list that the schema wants to
+// be either filled or left out may be empty, which means the same.
 
 namespace kivo_describe {
 namespace {

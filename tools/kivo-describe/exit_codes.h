@@ -8,9 +8,9 @@ struct ExitCode {
   const char* meaning;
 };
 
-constexpr ExitCode inputUnreadable = {10, "10 The description cannot be read."};
-constexpr ExitCode inputInvalid = {11, "11 The text is not the description of a tool."};
-constexpr ExitCode outputUnwritable = {12, "12 The output cannot be written."};
+constexpr ExitCode inputUnreadable = {10, "The description cannot be read."};
+constexpr ExitCode inputInvalid = {11, "The text is not the description of a tool."};
+constexpr ExitCode outputUnwritable = {12, "The output cannot be written."};
 constexpr ExitCode exitCodes[] = {inputUnreadable, inputInvalid, outputUnwritable};
 
 }  // namespace kivo_describe

@@ -1,7 +1,6 @@
 #include "exit_statuses.h"
 
 #include <algorithm>
-#include <iterator>
 #include <map>
 #include <utility>
 

@@ -59,7 +59,7 @@ std::string readInput(const std::optional<std::string>& file) {
 int write(const std::string& text) {
   std::cout << text << std::flush;
   return std::cout ? kivo::status::success
-                   : fail(outputUnwritable.number, "The output cannot be written.");
+                   : fail(outputUnwritable.number, outputUnwritable.meaning);
 }
 
 int run(int argc, const char* const* argv) {

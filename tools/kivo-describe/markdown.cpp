@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "text.h"
+
 // No text may become markup. Outside of code spans, punctuation that can have a meaning is escaped;
 // some has a meaning only at the beginning of a line, where a list, a heading or a table may begin.
 
@@ -38,11 +40,6 @@ std::string codeSpan(const std::string& text) {
   const bool touches = text.front() == '`' || text.back() == '`';
   const char* const gap = touches ? " " : "";
   return quotes + gap + text + gap + quotes;
-}
-
-bool isLetterOrDigit(char character) {
-  return std::string_view("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789")
-             .find(character) != std::string_view::npos;
 }
 
 // An asterisk beside other characters than these may be no emphasis but an asterisk.

@@ -1,17 +1,11 @@
 #include "shell_text.h"
 
+#include "text.h"
+
 // What the scripts of several shells have in common as texts. If two tools got one identifier, the
 // script that is read later would replace functions of the other.
 
 namespace kivo_describe {
-namespace {
-
-bool isLetterOrDigit(char character) {
-  return (character >= '0' && character <= '9') || (character >= 'A' && character <= 'Z') ||
-         (character >= 'a' && character <= 'z');
-}
-
-}  // namespace
 
 std::string identifierOf(const std::string& tool) {
   constexpr std::string_view digits = "0123456789abcdef";

@@ -8,24 +8,14 @@
 namespace kivo_describe {
 namespace {
 
-// White space and control characters of ASCII.
-bool isBlankOrControl(char character) {
-  return static_cast<unsigned char>(character) <= 0x20 || character == 0x7F;
-}
-
 // The bytes of the blank or control character at the beginning of a text, 0 for another one. The
 // control characters U+0080 to U+009F take two bytes.
 std::size_t lengthOfBlankOrControl(std::string_view text) {
-  if (isBlankOrControl(text.front()))
+  if (text.front() == ' ' || isControl(text.front()))
     return 1;
   const bool isC1 =
       text.size() > 1 && text[0] == '\xC2' && static_cast<unsigned char>(text[1]) < 0xA0;
   return isC1 ? 2 : 0;
-}
-
-bool isLetterOrDigit(char character) {
-  return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
-         (character >= '0' && character <= '9');
 }
 
 bool maybeInToolName(char character) {
@@ -49,6 +39,15 @@ std::string squeezed(std::string_view text) {
     text.remove_prefix(std::max<std::size_t>(length, 1));
   }
   return result;
+}
+
+bool isLetterOrDigit(char character) {
+  return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
+         (character >= '0' && character <= '9');
+}
+
+bool isControl(char character) {
+  return static_cast<unsigned char>(character) < 0x20 || character == 0x7F;
 }
 
 bool hasControlCharacter(std::string_view text) {

@@ -14,6 +14,10 @@ namespace kivo_describe {
 // White space is that of ASCII; control characters are those of Unicode.
 std::string squeezed(std::string_view text);
 
+// Letters, digits and control characters of ASCII.
+bool isLetterOrDigit(char character);
+bool isControl(char character);
+
 // Whether one of the control characters of Unicode is in the text.
 bool hasControlCharacter(std::string_view text);
 

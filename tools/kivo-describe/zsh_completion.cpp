@@ -5,6 +5,7 @@
 
 #include "shell_parts.h"
 #include "shell_text.h"
+#include "text.h"
 
 // Writes the fixed part and, in the place of a mark, what the tool accepts: functions that declare
 // options and commands. Each text of the tool becomes one quoted word: if a text could end its
@@ -16,17 +17,13 @@ namespace {
 constexpr std::string_view toolMark = "KIVO_TOOL";
 constexpr std::string_view dataMark = "# KIVO_DATA\n";
 
-bool isControlCharacter(char character) {
-  return static_cast<unsigned char>(character) < 0x20 || character == 0x7F;
-}
-
 // "$'...'" keeps a text with line ends on one line of the script.
 std::string quotedWithCodes(const std::string& text) {
   constexpr std::string_view digits = "0123456789abcdef";
   std::string result = "$'";
   for (const char character : text) {
     const auto code = static_cast<unsigned char>(character);
-    if (isControlCharacter(character))
+    if (isControl(character))
       result.append("\\x").append({digits[code / 16], digits[code % 16]});
     else if (character == '\'' || character == '\\')
       result.append({'\\', character});
@@ -38,7 +35,7 @@ std::string quotedWithCodes(const std::string& text) {
 
 // A quote is written outside of the quotes, which means the same whether rc_quotes is set or not.
 std::string quoted(const std::string& text) {
-  if (std::any_of(text.begin(), text.end(), isControlCharacter))
+  if (std::any_of(text.begin(), text.end(), isControl))
     return quotedWithCodes(text);
   std::string result = "'";
   for (const char character : text) {

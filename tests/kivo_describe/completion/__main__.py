@@ -112,10 +112,7 @@ def main():
         for shell in arguments.shell or SHELLS:
             check_shell(shell, arguments, report, folder)
         os.chdir("/")
-    report.write()
-    broken = sum(map(len, report.broken.values()))
-    print(f"{report.checks} checks, {broken} broken")
-    return 1 if broken else 0
+    return report.conclude()
 
 
 if __name__ == "__main__":

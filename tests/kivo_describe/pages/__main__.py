@@ -72,10 +72,7 @@ def main():
         check_refusals(path, report, pool)
         check_optional(path, report, pool)
         check_arguments(path, report, folder)
-    report.write()
-    broken = sum(map(len, report.broken.values()))
-    print(f"{len(descriptions)} descriptions, {report.checks} checks, {broken} broken")
-    return 1 if broken else 0
+    return report.conclude(f"{len(descriptions)} descriptions, ")
 
 
 if __name__ == "__main__":

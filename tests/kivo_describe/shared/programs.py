@@ -37,6 +37,13 @@ class Report:
             self.broken.setdefault(rule, []).append((detail, data))
         return good
 
+    def conclude(self, about=""):
+        """Writes the report and returns the exit status. A run without a check fails, too."""
+        self.write()
+        broken = sum(map(len, self.broken.values()))
+        print(f"{about}{self.checks} checks, {broken} broken")
+        return 0 if self.checks and not broken else 1
+
     def write(self):
         """Prints the broken rules and writes the input of their shortest cases to files."""
         folder = None
