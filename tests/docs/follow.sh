@@ -9,7 +9,8 @@
 #   cpp      else: put into the frame between these two lines, saved and compiled
 #   text, cmake   whose first line is "# NAME": saved under that name
 #   sh       one command a line; each is run and has to succeed
-#   console  run; what the commands print has to be what the block shows
+#   console  run; what the commands print has to be what the block shows. A command that ends with
+#            "<TAB>" is completed by bash with the script that was installed below the home folder
 # A block of any other kind but mermaid is an error. For documents other than the guide the
 # library is installed first, by the commands that the guide gives.
 set -euo pipefail
@@ -83,14 +84,20 @@ compile() {
   programs=$((programs + 1))
 }
 
+pressTab() {
+  "$source/scripts/press-tab" "$HOME"/*/share/bash-completion/completions/"${1%% *}" "$1"
+}
+
 # Each command sees the exit status of the previous one.
 converse() {
-  local line status=0
+  local line command status=0
   while IFS= read -r line <&3; do
     [[ $line == '$ '* ]] || continue
     printf '%s\n' "$line"
+    command=${line#'$ '}
+    [[ $command != *'<TAB>' ]] || command="pressTab '${command%'<TAB>'}'"
     (exit "$status") && true
-    eval "${line#'$ '}" 2>&1 </dev/null && status=0 || status=$?
+    eval "$command" 2>&1 </dev/null && status=0 || status=$?
   done 3<"$1"
 }
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Compares the program in the README with examples/greet, and the commands in it with what greet
-# really prints.
+# really prints, or what a TAB offers if a command ends with "<TAB>".
 #   readme.sh SOURCE-DIRECTORY GREET
 set -euo pipefail
 cd "$1"
@@ -13,7 +13,12 @@ PATH=$(dirname "$2"):$PATH
 while IFS= read -r line; do
   [[ $line == '$ '* ]] || continue
   echo "$line"
-  ${line#'$ '} 2>&1 || true
+  command=${line#'$ '}
+  if [[ $command == *'<TAB>' ]]; then
+    scripts/press-tab "$2.bash" "${command%'<TAB>'}"
+  else
+    $command 2>&1 || true
+  fi
 done < <(block console) | diff -u <(block console) -
 grep -q '^\$ greet' <(block console)
 echo "the README shows what there is"
