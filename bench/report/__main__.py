@@ -11,6 +11,7 @@ import os
 import re
 from pathlib import Path
 
+import completion
 import plot
 import tables
 from measure import BASELINES, PEERS, Bench, progress, run
@@ -30,6 +31,7 @@ def machine():
     packages = run(["bash", "-c", "dpkg-query --show --showformat='${Package} ${Version}, ' "
                     "libc6 libpopt-dev libboost-program-options1.74-dev libcli11-dev "
                     "libcxxopts-dev libargs-dev libgflags-dev libbenchmark-dev valgrind "
+                    "bash zsh fish bash-completion "
                     "2>/dev/null || true"]).stdout.rstrip(", ")
     return (f"{datetime.date.today()}, {model.group(1) if model else 'unknown processor'}, "
             f"{os.cpu_count()} cores, load {os.getloadavg()[0]:.1f} at the beginning; "
@@ -43,6 +45,8 @@ def measured(bench):
     cycle, parse = bench.heap("W1/cycle/1"), bench.heap("W1/parse/1")
     line = bench.heap(f"W3/{bench.largest}")
     tools = bench.tools()
+    progress("completion")
+    tabs = completion.measured(bench.source, bench.describe(), bench.rounds * 4)
     rows = tables.targets(figures, line, tools, bench.library_bytes())
     text = "\n".join([
         about,
@@ -51,6 +55,7 @@ def measured(bench):
         "### Memory\n", tables.heap_table(cycle, parse, line, bench.largest),
         "### A ten-option tool\n",
         tables.tool_table(tools, {**BASELINES, **PEERS}),
+        "### A TAB\n", tables.completion_table(completion.rows(tabs)),
         "### What is missing\n", tables.left_out_table(bench.left_out),
     ])
     return figures, text

@@ -48,6 +48,9 @@ class Bench:
     def program(self, peer):
         return self.build / "bench" / f"bench_{peer}"
 
+    def describe(self):
+        return self.build / "tools" / "kivo-describe" / "kivo-describe"
+
     def names(self):
         text = run([self.program("kivo"), "--benchmark_list_tests"]).stdout
         return [name for name in text.split() if int(name.split("/")[-1]) <= self.largest]

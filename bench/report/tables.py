@@ -113,6 +113,10 @@ def tool_table(tools, names):
                   "B1 stripped bytes", "B2 instructions above empty"], rows)
 
 
+def completion_table(rows):
+    return table(["milliseconds", "words offered", "bash", "zsh", "fish"], rows)
+
+
 def left_out_table(left_out):
     works = {}
     for (peer, name), reason in left_out.items():
