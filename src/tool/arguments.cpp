@@ -1,0 +1,122 @@
+#include "tool/arguments.h"
+
+#include <kivo/argument_syntax.h>
+
+#include <algorithm>
+#include <charconv>
+
+namespace kivo_3_3::tool_glue {
+namespace {
+
+constexpr std::string_view loneDash = "-";
+constexpr char markBegin = '\1';
+
+// The numbers that stand after a character of marks in the word.
+void collectNumbers(std::string_view word, std::vector<unsigned int>& numbers) {
+  for (std::size_t at = word.find(markBegin); at != std::string_view::npos;
+       at = word.find(markBegin, at + 1)) {
+    unsigned int number = 0;
+    const char* const first = word.data() + at + 1;
+    if (std::from_chars(first, word.data() + word.size(), number).ptr != first)
+      numbers.push_back(number);
+  }
+}
+
+}  // namespace
+
+Word wordOf(std::string_view text) {
+  if (text == "--")
+    return {Word::end, "", "", false};
+  if (text == loneDash || getDashLength(std::string(text.substr(0, 3)), 0) == 0)
+    return {Word::operand, "", "", false};
+  Word word = {Word::option, "", "", false};
+  word.hasValue = splitOptionValue(std::string(text), &word.name, &word.value);
+  return word;
+}
+
+bool isSwitch(const std::vector<const char*>& words, std::size_t index) {
+  constexpr std::string_view switches = "kivooption=";
+  return index == 1 && std::string_view(words[1]).substr(0, switches.size()) == switches;
+}
+
+Arguments::Arguments(const Scope& scope, const std::vector<const char*>& words)
+    : m_scope(scope), m_words(words) {
+  m_result.reserve(words.size());
+  m_result.push_back(words.front());
+  for (; m_index < words.size(); ++m_index) {
+    const Word word = m_isEnded ? Word{Word::operand, "", "", false} : wordOf(words[m_index]);
+    if (isSwitch(words, m_index)) {
+      m_result.push_back(words[m_index]);
+    } else if (word.sort == Word::operand) {
+      takeOperand(words[m_index]);
+    } else if (word.sort == Word::option) {
+      takeOption(word);
+    } else {
+      m_isEnded = true;
+      m_result.push_back(words[m_index]);
+    }
+  }
+}
+
+void Arguments::takeOperand(const char* text) {
+  const auto& operands = m_scope.operands();
+  const bool isRest = !operands.empty() && operands.back()->use == Use::rest;
+  if (m_operands++ >= operands.size() && !isRest && m_stray == nullptr)
+    m_stray = text;
+  const bool isTaken = *text != '\0' && (m_isEnded || text != loneDash);
+  m_result.push_back(isTaken ? text : marked(text));
+}
+
+void Arguments::takeOption(const Word& word) {
+  const Declaration* const declaration = m_scope.resolve(word.name.c_str());
+  if (declaration == nullptr)
+    m_unknown.push_back(word.name);
+  else if (declaration->isBuiltIn && m_asked == nullptr)
+    m_asked = declaration;
+  if (declaration != nullptr && declaration->takesValue() && word.value.empty())
+    takeNext(*declaration, word);
+  else
+    m_result.push_back(m_words[m_index]);
+}
+
+// An option without a value in its own word.
+void Arguments::takeNext(const Declaration& declaration, const Word& word) {
+  const std::string start = "--" + m_scope.nameOf(declaration) + '=';
+  const char* const next = m_index + 1 < m_words.size() ? m_words[m_index + 1] : nullptr;
+  if (declaration.takesAnyText() && (word.hasValue || (next != nullptr && *next == '\0'))) {
+    m_index += word.hasValue ? 0 : 1;
+    m_result.push_back(m_made.emplace_back(start + marked("")).c_str());
+    return;
+  }
+  if (next != nullptr && next == loneDash) {
+    ++m_index;
+    m_result.push_back(m_made.emplace_back(start + next).c_str());
+    return;
+  }
+  m_result.push_back(m_words[m_index]);
+  if (next != nullptr && *next != '-') {
+    m_result.push_back(next);
+    ++m_index;
+  }
+}
+
+const char* Arguments::marked(const std::string& original) {
+  if (m_mark.empty())
+    chooseMark();
+  m_marked.push_back(original);
+  return m_mark.c_str();
+}
+
+// The mark is in no word of the command line.
+void Arguments::chooseMark() {
+  std::vector<unsigned int> numbers;
+  for (const char* const word : m_words)
+    collectNumbers(word, numbers);
+  std::sort(numbers.begin(), numbers.end());
+  unsigned int number = 0;
+  for (const unsigned int taken : numbers)
+    number += taken == number ? 1 : 0;
+  m_mark = markBegin + std::to_string(number);
+}
+
+}  // namespace kivo_3_3::tool_glue

@@ -1,0 +1,38 @@
+#include "tool/console.h"
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+namespace kivo_3_3::tool_glue {
+
+bool print(const ToolData& tool, const std::string& text, bool isError) {
+  const OwnedCallable& output = tool.root().output;
+  if (output) {
+    Text unused;
+    const char* const characters = text.c_str();
+    output(&characters, &isError, unused);
+    return true;
+  }
+  std::FILE* const stream = isError ? stderr : stdout;
+  return std::fwrite(text.data(), 1, text.size(), stream) == text.size() &&
+         std::fflush(stream) == 0;
+}
+
+unsigned int terminalWidth() {
+  constexpr unsigned int least = 60;
+  constexpr unsigned int most = 100;
+  constexpr unsigned int usual = 80;
+  const char* const columns = std::getenv("COLUMNS");
+  unsigned long width = columns != nullptr ? std::strtoul(columns, nullptr, 10) : 0;
+  winsize size{};
+  if (width == 0 && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0)
+    width = size.ws_col;
+  return static_cast<unsigned int>(
+      std::clamp<unsigned long>(width != 0 ? width : usual, least, most));
+}
+
+}  // namespace kivo_3_3::tool_glue

@@ -1,0 +1,48 @@
+#include "tool/declaration.h"
+
+#include <new>
+
+namespace kivo_3_3::tool_glue {
+
+OwnedCallable::OwnedCallable(const Callable& callable) : m_callable(callable) {
+  if (callable.size != 0 && callable.function == nullptr)
+    throw std::bad_alloc();
+}
+
+OwnedCallable& OwnedCallable::operator=(OwnedCallable&& other) noexcept {
+  std::swap(m_callable, other.m_callable);
+  return *this;
+}
+
+OwnedCallable::~OwnedCallable() {
+  if (m_callable.function != nullptr)
+    m_callable.destroy(m_callable.function);
+}
+
+int OwnedCallable::operator()(const void* first, void* second, Text& answer) const {
+  return m_callable.call(m_callable.function, first, second, answer);
+}
+
+Declaration::~Declaration() { forget(); }
+
+bool Declaration::takesValue() const {
+  if (use == Use::flag || use == Use::count || use == Use::action)
+    return false;
+  return type == nullptr || type->kind != Kind::boolean || !choices.empty() || function;
+}
+
+bool Declaration::takesAnyText() const {
+  const bool isText = type == nullptr || type->kind == Kind::object || function;
+  return isText && takesValue() && choices.empty();
+}
+
+void Declaration::forget() {
+  if (staged != nullptr)
+    type->destroy(staged);
+  staged = nullptr;
+  texts.clear();
+  source = Source::none;
+  given = 0;
+}
+
+}  // namespace kivo_3_3::tool_glue

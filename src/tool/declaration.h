@@ -1,0 +1,96 @@
+#pragma once
+
+#include <kivo/tool.h>
+
+#include <deque>
+#include <string>
+#include <utility>
+#include <vector>
+
+// What a tool has declared, and the values that were given for it. A value is converted and checked
+// when it is read, but stays in a variable of the library until the whole command line was read: if
+// it went to the tool's variable at once, a later error would leave half of the variables changed.
+
+namespace kivo_3_3::tool_glue {
+
+/// What a function of the tool writes to.
+struct Text {
+  std::string characters;
+};
+
+/// Owns a function of the tool.
+class OwnedCallable {
+ public:
+  OwnedCallable() = default;
+  /// Throws std::bad_alloc for a function without memory.
+  explicit OwnedCallable(const Callable& callable);
+  OwnedCallable(OwnedCallable&& other) noexcept : m_callable(std::exchange(other.m_callable, {})) {}
+  OwnedCallable& operator=(OwnedCallable&& other) noexcept;
+  ~OwnedCallable();
+
+  explicit operator bool() const { return m_callable.function != nullptr; }
+  /// The status that the function returns; its text is appended to `answer`.
+  int operator()(const void* first, void* second, Text& answer) const;
+
+ private:
+  Callable m_callable = {};
+};
+
+/// Where a value comes from; a later one replaces the values of an earlier one.
+enum class Source : int { none, config, environment, commandLine };
+
+struct DeclaredChoice {
+  std::string text;
+  std::string value;  // its bytes; empty if the text itself is the value
+};
+
+/// A text with its place among those that are given for all options with a function.
+struct PlacedText {
+  unsigned int place;
+  std::string text;
+};
+
+struct Declaration {
+  Declaration(ToolData& owner, Use what, const VariableType* variableType)
+      : tool(owner), use(what), type(variableType) {}
+  Declaration(const Declaration&) = delete;
+  Declaration& operator=(const Declaration&) = delete;
+  ~Declaration();
+
+  const std::string& firstName() const { return names.front(); }
+  bool isOperand() const { return use == Use::operand || use == Use::rest; }
+  bool takesValue() const;
+  /// Whether every text, the empty one too, is a value.
+  bool takesAnyText() const;
+  bool isList() const { return type != nullptr && type->holder == Holder::list; }
+
+  /// Drops the given values.
+  void forget();
+
+  ToolData& tool;
+  const Use use;
+  std::vector<std::string> names;
+  std::string help;
+  std::string section;
+  std::string path;  // of a configuration file
+  void* variable = nullptr;
+  const VariableType* type;  // null if there is no variable
+  OwnedCallable function;
+
+  bool isBuiltIn = false;
+  bool isRequired = false;
+  bool isHidden = false;
+  char separator = '\0';
+  std::string environment, placeholder, deprecated, shownDefault, only;  // empty if there is none
+  std::vector<DeclaredChoice> choices;
+  std::vector<std::pair<std::string, std::string>> deprecatedChoices;
+  std::vector<OwnedCallable> checks;
+  std::string lowest, highest;  // bytes of values; empty if there is no range
+
+  Source source = Source::none;
+  unsigned int given = 0;
+  void* staged = nullptr;         // a variable with the values given so far
+  std::vector<PlacedText> texts;  // for a function
+};
+
+}  // namespace kivo_3_3::tool_glue

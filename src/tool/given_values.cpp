@@ -1,0 +1,221 @@
+#include "tool/given_values.h"
+
+#include <cstring>
+#include <exception>
+#include <new>
+#include <utility>
+
+#include <kivo/status.h>
+
+#include "tool/messages.h"
+#include "tool/operand_reader.h"
+#include "tool/value_text.h"
+
+namespace kivo_3_3::tool_glue {
+namespace {
+
+bool isNumber(Kind kind) {
+  return kind == Kind::integer || kind == Kind::natural || kind == Kind::real;
+}
+
+std::string readCharacter(const char* text, void* value) {
+  if (std::strlen(text) != 1)
+    return "one character";
+  std::memcpy(value, text, 1);
+  return "";
+}
+
+std::string readNumber(const Declaration& declaration, const char* text, const variant_t& typed,
+                       void* value) {
+  const bool isNegative = std::strchr(text, '-') != nullptr;
+  if ((declaration.type->kind == Kind::natural && isNegative) ||
+      !putNumber(*declaration.type, typed, value))
+    return limitsText(*declaration.type);
+  return isInRange(declaration, value) ? "" : rangeText(declaration);
+}
+
+// The value of the choice with this text, if it has one.
+bool readChoice(const Declaration& declaration, const char* text, void* value) {
+  for (const DeclaredChoice& choice : declaration.choices) {
+    if (choice.text == text && !choice.value.empty()) {
+      std::memcpy(value, choice.value.data(), choice.value.size());
+      return true;
+    }
+  }
+  return false;
+}
+
+std::string readObject(const Declaration& declaration, const char* text, void* value) {
+  Text expected;
+  const char* const kept = declaration.tool.texts.emplace_back(text).c_str();
+  if (declaration.function)
+    declaration.function(&kept, value, expected);
+  else
+    declaration.type->read(kept, value, expected);
+  return expected.characters;
+}
+
+// Reads a text into a value. Returns what was expected, or the empty text.
+std::string readValue(const Declaration& declaration, const char* text, const variant_t& typed,
+                      void* value) {
+  const Kind kind = declaration.type->kind;
+  if (declaration.function || kind == Kind::object)
+    return readObject(declaration, text, value);
+  if (readChoice(declaration, text, value))
+    return "";
+  if (kind == Kind::character)
+    return readCharacter(text, value);
+  if (kind == Kind::boolean)
+    *static_cast<bool*>(value) = typed.get<bool>();
+  return isNumber(kind) ? readNumber(declaration, text, typed, value) : "";
+}
+
+std::string check(const Declaration& declaration, const void* value) {
+  for (const OwnedCallable& one : declaration.checks) {
+    Text expected;
+    bool unused = false;
+    one(value, &unused, expected);
+    if (!expected.characters.empty())
+      return expected.characters;
+  }
+  return "";
+}
+
+// A variable for values that nobody gets.
+class Discarded {
+ public:
+  explicit Discarded(const VariableType& type) : m_type(type), variable(type.make()) {}
+  Discarded(const Discarded&) = delete;
+  Discarded& operator=(const Discarded&) = delete;
+  ~Discarded() { m_type.destroy(variable); }
+
+ private:
+  const VariableType& m_type;
+
+ public:
+  void* const variable;
+};
+
+}  // namespace
+
+void GivenValues::startSource(Source source) {
+  m_source = source;
+  m_operands = 0;
+}
+
+void GivenValues::replaceMarks(std::string mark, std::deque<std::string> texts) {
+  m_mark = std::move(mark);
+  m_marked = std::move(texts);
+}
+
+template <class Work>
+bool GivenValues::guarded(Work work) {
+  if (m_failureStatus != 0)
+    return false;
+  try {
+    work();
+  } catch (const std::bad_alloc&) {
+    m_failureStatus = status::exceptionCaught;
+  } catch (const std::exception& problem) {
+    m_failure = problem.what();
+    m_failureStatus = status::unidentifiedProblem;
+  } catch (...) {
+    m_failureStatus = status::unidentifiedProblem;
+  }
+  return m_failureStatus == 0;
+}
+
+bool GivenValues::onOptionParse(const char* name) {
+  return guarded([&] {
+    Declaration* const declaration = m_scope.withFirstName(name);
+    if (declaration == nullptr || declaration->isOperand())
+      return;
+    if (declaration->use == Use::action && m_source != Source::commandLine)
+      return refuse("An action is given on the command line alone: " +
+                    shownName(declaration->firstName()));
+    if (declaration->use == Use::action)
+      m_actions.push_back(declaration);
+    give(*declaration);
+  });
+}
+
+bool GivenValues::onValueParse(const char* name, const Value& value) {
+  return guarded([&] {
+    Declaration* const declaration = m_scope.withFirstName(name);
+    if (declaration == nullptr || value.text == nullptr)
+      return;
+    const bool isMark = !m_mark.empty() && m_mark == value.text && !m_marked.empty();
+    std::string original;
+    if (isMark) {
+      original = std::move(m_marked.front());
+      m_marked.pop_front();
+    }
+    const char* const text = isMark ? original.c_str() : value.text;
+    if (declaration->isOperand())
+      takeOperand(text);
+    else
+      take(*declaration, text, value.value);
+  });
+}
+
+bool GivenValues::isOutranked(const Declaration& declaration) const {
+  return m_source < declaration.source;
+}
+
+void GivenValues::give(Declaration& declaration) {
+  if (isOutranked(declaration))
+    return;
+  declaration.source = m_source;
+  ++declaration.given;
+}
+
+void GivenValues::giveTruth(Declaration& declaration, bool truth) {
+  give(declaration);
+  take(declaration, "", truth);
+}
+
+void GivenValues::takeOperand(const char* text) {
+  const std::vector<Declaration*>& operands = m_scope.operands();
+  Declaration& declaration = *operands[std::min(m_operands++, operands.size() - 1)];
+  give(declaration);
+  if (parserType(declaration) == vtString && declaration.choices.empty() &&
+      declaration.separator == '\0')
+    return take(declaration, text, variant_t());
+  const ReadOperand values = readOperand(declaration, text);
+  if (!values.failure.empty())
+    return refuse(values.failure);
+  for (const auto& [item, typed] : values.values)
+    take(declaration, item.c_str(), typed);
+}
+
+void GivenValues::take(Declaration& declaration, const char* text, const variant_t& typed) {
+  if (declaration.type == nullptr) {
+    if (!isOutranked(declaration))
+      declaration.texts.push_back({m_place++, text});
+    return;
+  }
+  if (isOutranked(declaration)) {
+    const Discarded discarded(*declaration.type);
+    return read(declaration, text, typed, discarded.variable);
+  }
+  if (declaration.staged == nullptr)
+    declaration.staged = declaration.type->make();
+  read(declaration, text, typed, declaration.staged);
+}
+
+void GivenValues::read(Declaration& declaration, const char* text, const variant_t& typed,
+                       void* variable) {
+  void* const value = declaration.type->add(variable);
+  std::string expected = readValue(declaration, text, typed, value);
+  if (expected.empty())
+    expected = check(declaration, value);
+  if (!expected.empty())
+    refuse(doesNotTake(declaration, text, expected));
+}
+
+void GivenValues::refuse(std::string reason) {
+  m_failure = std::move(reason);
+  m_failureStatus = status::usageError;
+}
+
+}  // namespace kivo_3_3::tool_glue

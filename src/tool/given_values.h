@@ -1,0 +1,63 @@
+#pragma once
+
+#include <kivo/event_handler.h>
+
+#include <deque>
+#include <string>
+
+#include "tool/scope.h"
+
+// Receives what the parser reads, converts and checks it, and keeps it until it is delivered.
+
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+
+namespace kivo_3_3::tool_glue {
+
+class GivenValues final : public EventHandler {
+ public:
+  explicit GivenValues(const Scope& scope) : m_scope(scope) {}
+
+  /// Values that follow come from here.
+  void startSource(Source source);
+  /// A value `mark` stands for the next one of these texts, which the parser would not take.
+  void replaceMarks(std::string mark, std::deque<std::string> texts);
+
+  bool onOptionParse(const char* name) override;
+  bool onValueParse(const char* name, const Value& value) override;
+
+  /// Counts an option without a value.
+  void give(Declaration& declaration);
+  /// A value for a boolean that does not come from the parser.
+  void giveTruth(Declaration& declaration, bool truth);
+
+  /// Why a value was refused; empty if none was.
+  const std::string& failure() const { return m_failure; }
+  /// The status of the failure: memory ran out, a function of the tool threw, or a wrong value.
+  int failureStatus() const { return m_failureStatus; }
+  /// The actions that were given, in command-line order.
+  const std::vector<Declaration*>& actions() const { return m_actions; }
+
+ private:
+  void take(Declaration& declaration, const char* text, const variant_t& typed);
+  void takeOperand(const char* text);
+  void read(Declaration& declaration, const char* text, const variant_t& typed, void* variable);
+  void refuse(std::string reason);
+  bool isOutranked(const Declaration& declaration) const;
+  template <class Work>
+  bool guarded(Work work);
+
+  const Scope& m_scope;
+  Source m_source = Source::none;
+  std::size_t m_operands = 0;
+  unsigned int m_place = 0;
+  std::string m_mark;
+  std::deque<std::string> m_marked;
+  std::vector<Declaration*> m_actions;
+  std::string m_failure;
+  int m_failureStatus = 0;
+};
+
+}  // namespace kivo_3_3::tool_glue
+
+#pragma GCC diagnostic pop

@@ -1,0 +1,243 @@
+#include "tool/help_page.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "tool/messages.h"
+#include "tool/value_text.h"
+
+namespace kivo_3_3::tool_glue {
+namespace {
+
+constexpr std::size_t indent = 2;        // of an entry
+constexpr std::size_t widestEntry = 28;  // beside which the text begins; longer ones get a line
+constexpr std::size_t gap = 2;           // between an entry and its text
+
+struct Entry {
+  std::string name;
+  std::string text;
+};
+
+bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
+// Characters, each of which counts as one column.
+std::size_t columnsOf(const std::string& text) {
+  return static_cast<std::size_t>(
+      std::count_if(text.begin(), text.end(), [](char byte) { return !isContinuation(byte); }));
+}
+
+// Takes as many characters from the beginning of a word as fit.
+std::string takeColumns(std::string& word, std::size_t columns) {
+  std::size_t end = 0;
+  for (; end < word.size() && (columns != 0 || isContinuation(word[end])); ++end)
+    columns -= isContinuation(word[end]) ? 0U : 1U;
+  const std::string taken = word.substr(0, end);
+  word.erase(0, end);
+  return taken;
+}
+
+// Breaks a text at blanks, and a word that is too long between two of its characters.
+class Paragraph {
+ public:
+  Paragraph(std::size_t indented, std::size_t width)
+      : m_indent(indented), m_room(width > indented + 1 ? width - indented : 1) {}
+
+  std::string laidOut(const std::string& text) {
+    std::string word;
+    for (const char character : text + ' ') {
+      if (character != ' ' && character != '\n')
+        word += character;
+      else if (!word.empty())
+        add(std::exchange(word, ""));
+    }
+    flush();
+    return std::move(m_result);
+  }
+
+ private:
+  void add(std::string word) {
+    const std::size_t columns = columnsOf(word);
+    if (m_used != 0 && m_used + 1 + columns > m_room)
+      flush();
+    if (m_used != 0) {
+      m_line += ' ';
+      ++m_used;
+    }
+    while (columnsOf(word) > m_room) {
+      m_line += takeColumns(word, m_room);
+      flush();
+    }
+    m_line += word;
+    m_used += columnsOf(word);
+  }
+  void flush() {
+    if (m_line.empty())
+      return;
+    m_result += std::string(m_indent, ' ') + m_line + '\n';
+    m_line.clear();
+    m_used = 0;
+  }
+
+  std::size_t m_indent;
+  std::size_t m_room;
+  std::size_t m_used = 0;  // columns
+  std::string m_line;
+  std::string m_result;
+};
+
+std::string laidOut(const std::vector<Entry>& entries, std::size_t width) {
+  std::size_t widest = 0;
+  for (const Entry& entry : entries) {
+    const std::size_t columns = columnsOf(entry.name);
+    widest = columns <= widestEntry ? std::max(widest, columns) : widest;
+  }
+  const std::size_t begin = indent + (widest != 0 ? widest : widestEntry) + gap;
+  std::string result;
+  for (const Entry& entry : entries) {
+    std::string text = Paragraph(begin, width).laidOut(entry.text);
+    const std::size_t used = indent + columnsOf(entry.name);
+    result += std::string(indent, ' ') + entry.name;
+    if (used + gap <= begin && !text.empty())
+      result += text.substr(used);
+    else
+      result += '\n' + text;
+  }
+  return result;
+}
+
+std::string upper(std::string text) {
+  for (char& character : text)
+    character =
+        character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A') : character;
+  return text;
+}
+
+std::string placeholderOf(const Declaration& declaration) {
+  if (!declaration.placeholder.empty())
+    return declaration.placeholder;
+  return upper(declaration.firstName());
+}
+
+// "-s, --size=SIZE", "--[no-]color"
+std::string optionName(const Declaration& declaration) {
+  std::vector<std::string> shown;
+  for (const std::string& name : declaration.names)
+    shown.push_back(shownName(name));
+  std::stable_sort(shown.begin(), shown.end(),
+                   [](const std::string& left, const std::string& right) {
+                     return left.size() == 2 && right.size() > 2;
+                   });
+  std::string text = shown.front().size() > 2 ? "    " : "";
+  for (std::string& name : shown) {
+    if (parserType(declaration) == vtBool && name.size() > 2)
+      name.insert(2, "[no-]");
+    text += (&name == &shown.front() ? "" : ", ") + name;
+  }
+  return declaration.takesValue() ? text + '=' + placeholderOf(declaration) : text;
+}
+
+std::string choicesText(const Declaration& declaration) {
+  std::string text;
+  for (const DeclaredChoice& choice : declaration.choices)
+    text += (text.empty() ? " One of: " : ", ") + choice.text;
+  return text.empty() ? text : text + '.';
+}
+
+std::string remark(const char* before, const std::string& text) {
+  return text.empty() ? "" : before + text + '.';
+}
+
+std::string described(const Declaration& declaration) {
+  std::string text = declaration.help;
+  text += choicesText(declaration);
+  text += remark(" From ", rangeText(declaration));
+  text += remark(" Default: ", defaultText(declaration));
+  text += remark(" Environment: ", declaration.environment);
+  text += remark(" Only with: ", declaration.only);
+  text += declaration.isRequired && !declaration.isOperand() ? " Required." : "";
+  text += remark(" Deprecated: ", declaration.deprecated);
+  return text;
+}
+
+std::string operandName(const Declaration& declaration) {
+  const std::string name = placeholderOf(declaration);
+  return declaration.use == Use::rest ? name + "..." : name;
+}
+
+std::string usage(const ToolData& tool, const Scope& scope) {
+  const auto isShown = [](const Declaration* option) { return !option->isHidden; };
+  std::string text = "Usage: " + tool.calledName();
+  if (std::any_of(scope.options().begin(), scope.options().end(), isShown))
+    text += " [OPTION]...";
+  if (!tool.commands.empty())
+    text += " COMMAND ...";
+  for (const Declaration* operand : scope.operands())
+    text += operand->isRequired ? ' ' + operandName(*operand) : " [" + operandName(*operand) + ']';
+  return text;
+}
+
+// Sections in the order of their first declaration.
+class Sections {
+ public:
+  void add(const std::string& heading, Entry entry) {
+    const auto found = std::find_if(m_sections.begin(), m_sections.end(),
+                                    [&](const auto& section) { return section.first == heading; });
+    if (found != m_sections.end())
+      found->second.push_back(std::move(entry));
+    else
+      m_sections.push_back({heading, {std::move(entry)}});
+  }
+  std::string laidOut(std::size_t width) const {
+    std::string text;
+    for (const auto& [heading, entries] : m_sections)
+      text += '\n' + heading + ":\n" + tool_glue::laidOut(entries, width);
+    return text;
+  }
+
+ private:
+  std::vector<std::pair<std::string, std::vector<Entry>>> m_sections;
+};
+
+std::vector<Entry> commandsOf(const ToolData& tool, const std::string& words) {
+  std::vector<Entry> entries;
+  for (const Command& command : tool.commands) {
+    if (words.empty() || (command.words + ' ').compare(0, words.size() + 1, words + ' ') == 0)
+      entries.push_back({command.words, command.help});
+  }
+  return entries;
+}
+
+}  // namespace
+
+std::string commandList(const ToolData& tool, const std::string& words, unsigned int width) {
+  return laidOut(commandsOf(tool, words), width);
+}
+
+std::string helpPage(const ToolData& tool, const Scope& scope, unsigned int width) {
+  const std::string& summary = tool.command != nullptr ? tool.command->help : tool.summary;
+  std::string text = Paragraph(0, width).laidOut(usage(tool, scope));
+  if (!summary.empty())
+    text += '\n' + Paragraph(0, width).laidOut(summary);
+  Sections sections;
+  for (const Declaration* operand : scope.operands()) {
+    if (!operand->isHidden && !operand->help.empty())
+      sections.add("Operands", {operandName(*operand), described(*operand)});
+  }
+  for (Entry& command : commandsOf(tool, ""))
+    sections.add("Commands", std::move(command));
+  for (const Declaration* option : scope.options()) {
+    if (!option->isHidden && option->use == Use::action)
+      sections.add("Actions", {optionName(*option), described(*option)});
+  }
+  for (const Declaration* option : scope.options()) {
+    if (!option->isHidden && option->use != Use::action)
+      sections.add(option->section.empty() ? "Options" : option->section,
+                   {optionName(*option), described(*option)});
+  }
+  text += sections.laidOut(width);
+  for (const std::string& footer : tool.footers)
+    text += '\n' + Paragraph(0, width).laidOut(footer);
+  return text;
+}
+
+}  // namespace kivo_3_3::tool_glue

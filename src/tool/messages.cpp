@@ -1,0 +1,62 @@
+#include "tool/messages.h"
+
+namespace kivo_3_3::tool_glue {
+namespace {
+
+std::string quoted(const std::string& text) { return "'" + text + "'"; }
+
+std::string listed(const std::vector<std::string>& names) {
+  std::string list;
+  for (const std::string& name : names)
+    list += (list.empty() ? "" : ", ") + shownName(name);
+  return list;
+}
+
+}  // namespace
+
+std::string shownName(const std::string& name) { return (name.size() > 1 ? "--" : "-") + name; }
+
+std::string doesNotTake(const Declaration& declaration, const std::string& text,
+                        const std::string& expected) {
+  return (declaration.isOperand() ? "Operand " : "Option ") + quoted(declaration.firstName()) +
+         " does not take " + quoted(text) + ", expected: " + expected;
+}
+
+std::string isRequired(const Declaration& declaration) {
+  return declaration.isOperand()
+             ? "Operand " + quoted(declaration.firstName()) + " is required"
+             : "Option " + quoted(shownName(declaration.firstName())) + " is required";
+}
+
+std::string isDeprecated(const Declaration& declaration) {
+  return "Option " + quoted(shownName(declaration.firstName())) +
+         " is deprecated: " + declaration.deprecated;
+}
+
+std::string isUnexpected(const std::string& argument) { return "Unexpected argument: " + argument; }
+
+std::string excludeEachOther(const std::vector<std::string>& names) {
+  return "At most one of these may be given: " + listed(names);
+}
+
+std::string oneIsRequired(const std::vector<std::string>& names) {
+  return "One of these is required: " + listed(names);
+}
+
+std::string isUnknownCommand(const std::string& word) { return "Unknown command: " + word; }
+
+std::string isAmbiguousCommand(const std::string& word, const std::vector<std::string>& commands) {
+  std::string list;
+  for (const std::string& command : commands)
+    list += (list.empty() ? "" : ", ") + quoted(command);
+  return "Ambiguous command " + quoted(word) + ", it may be: " + list;
+}
+
+std::string didYouMean(const std::vector<std::string>& suggestions) {
+  std::string text;
+  for (const std::string& suggestion : suggestions)
+    text += (text.empty() ? ". Did you mean " : " or ") + quoted(suggestion);
+  return text.empty() ? text : text + "?";
+}
+
+}  // namespace kivo_3_3::tool_glue

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "tool/tool_data.h"
+
+namespace kivo_3_3::tool_glue {
+
+/// Reads a command line and does what it asks for. Returns whether the tool is done, with `status`.
+/// Throws std::bad_alloc, and what an action or a command throws.
+bool run(ToolData& tool, const std::vector<const char*>& words, int& status);
+
+/// Prints an error of the user with the way to the help.
+void printError(const ToolData& tool, const std::string& reason);
+
+/// Makes the parser if there is none. Throws std::bad_alloc.
+IParser& parserOf(ToolData& tool);
+
+/// What "--help" prints.
+std::string helpOf(ToolData& tool);
+
+}  // namespace kivo_3_3::tool_glue

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <kivo/parser.h>
+
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tool/tool_data.h"
+
+// The options that one command line may have: those of the tool and of the command. They are
+// declared on a parser of the library here.
+
+namespace kivo_3_3::tool_glue {
+
+/// What the declarations are for: a parse, or the description of the tool.
+enum class Purpose { parse, description };
+
+class Scope {
+ public:
+  /// Declares everything on the parser. For a description, a command is without the options of its
+  /// tool. Throws std::bad_alloc.
+  Scope(ToolData& tool, IParser& parser, Purpose purpose);
+
+  /// The option for a first name of the parser, or null.
+  Declaration* withFirstName(std::string_view name) const;
+  /// The option that a typed name means, in full or cut short, or null.
+  Declaration* resolve(const char* typed) const;
+  /// The first name that the parser has for an option.
+  const std::string& nameOf(const Declaration& declaration) const;
+
+  const std::vector<Declaration*>& options() const { return m_options; }
+  /// In order; the last one may take all the rest.
+  const std::vector<Declaration*>& operands() const { return m_operands; }
+
+ private:
+  void addAll(ToolData& tool);
+  void add(Declaration& declaration);
+  std::vector<std::string> takeNames(Declaration& declaration);
+  void addOperand(Declaration& declaration);
+  void declare(Declaration& declaration, const std::vector<std::string>& names);
+  void annotateAll(const Declaration& declaration, const std::string& name);
+
+  IParser& m_parser;
+  const Purpose m_purpose;
+  std::vector<Declaration*> m_options;
+  std::vector<Declaration*> m_operands;
+  std::map<std::string, Declaration*, std::less<>> m_taken;       // all names, "no-" forms too
+  std::map<std::string, Declaration*, std::less<>> m_firstNames;  // those of the parser
+  std::map<const Declaration*, std::string> m_nameOf;
+};
+
+/// The type of the values on the parser.
+variant_type_t parserType(const Declaration& declaration);
+
+/// Declares the choices, and at which character values are split.
+void limitValues(IOption& option, const Declaration& declaration);
+
+/// "option 'times,t'", as mistakes name a declaration.
+std::string called(const Declaration& declaration);
+
+}  // namespace kivo_3_3::tool_glue

@@ -1,0 +1,249 @@
+// The exported functions of kivo/tool.h. No exception of a declaration reaches the tool: memory
+// that ran out is remembered until the parse.
+
+#include <kivo/tool.h>
+
+#include <kivo/status.h>
+
+#include <cstdio>
+#include <new>
+#include <type_traits>
+
+#include "tool/console.h"
+#include "tool/run.h"
+
+namespace kivo_3_3 {
+namespace tool_glue {
+namespace {
+
+const char* orEmpty(const char* text) { return text != nullptr ? text : ""; }
+
+// Does something that may run out of memory. Returns `otherwise` if it did.
+template <class Work, class Result>
+Result remembering(ToolData* tool, Result otherwise, Work work) noexcept {
+  if (tool == nullptr)
+    return otherwise;
+  try {
+    return work();
+  } catch (const std::bad_alloc&) {
+    tool->isOutOfMemory = true;
+    return otherwise;
+  }
+}
+
+template <class Work>
+void remembering(ToolData* tool, Work work) noexcept {
+  remembering(tool, 0, [&] {
+    work();
+    return 0;
+  });
+}
+
+ToolData* toolOf(Declaration* declaration) {
+  return declaration != nullptr ? &declaration->tool : nullptr;
+}
+
+std::vector<std::string> splitNames(const char* names) {
+  std::vector<std::string> parts(1);
+  for (const char* at = orEmpty(names); *at != '\0'; ++at) {
+    if (*at == ',')
+      parts.emplace_back();
+    else
+      parts.back() += *at;
+  }
+  return parts;
+}
+
+std::string bytesOf(const void* value, std::size_t size) {
+  return value != nullptr ? std::string(static_cast<const char*>(value), size) : std::string();
+}
+
+// Needs no memory.
+int tellOfMemory(const ToolData* tool) {
+  constexpr const char* text = "Memory has run out.\n";
+  if (tool != nullptr && tool->root().output) {
+    Text unused;
+    bool isError = true;
+    tool->root().output(&text, &isError, unused);
+  } else {
+    std::fputs(text, stderr);
+  }
+  return status::exceptionCaught;
+}
+
+// The arguments of a tool; those of a command are known already.
+std::vector<const char*> wordsOf(const ToolData& tool, int argc, const char* const* argv) {
+  std::vector<const char*> words = tool.words;
+  for (int index = 0; words.size() == static_cast<std::size_t>(index) && tool.parent == nullptr &&
+                      index < argc && argv != nullptr && argv[index] != nullptr;
+       ++index)
+    words.push_back(argv[index]);
+  if (words.empty())
+    words.push_back("");
+  return words;
+}
+
+}  // namespace
+
+int tell(Text& text, const char* answer) {
+  text.characters += orEmpty(answer);
+  return 0;
+}
+
+void note(Declaration* declaration, Note note, const char* text) noexcept {
+  remembering(toolOf(declaration), [&] {
+    std::string* const texts[] = {nullptr,
+                                  nullptr,
+                                  &declaration->environment,
+                                  &declaration->placeholder,
+                                  nullptr,
+                                  &declaration->only,
+                                  &declaration->deprecated,
+                                  &declaration->shownDefault};
+    if (note == Note::required)
+      declaration->isRequired = true;
+    else if (note == Note::hidden)
+      declaration->isHidden = true;
+    else if (note == Note::split)
+      declaration->separator = *orEmpty(text);
+    else
+      *texts[static_cast<int>(note)] = orEmpty(text);
+  });
+}
+
+void limit(Declaration* declaration, Limit limit, const void* first, const void* second) noexcept {
+  remembering(toolOf(declaration), [&] {
+    const std::size_t bytes = declaration->type != nullptr ? declaration->type->bytes : 0;
+    const auto text = [](const void* given) { return orEmpty(static_cast<const char*>(given)); };
+    if (limit == Limit::range) {
+      declaration->lowest = bytesOf(first, bytes);
+      declaration->highest = bytesOf(second, bytes);
+    } else if (limit == Limit::choice) {
+      declaration->choices.push_back({text(first), bytesOf(second, bytes)});
+    } else if (limit == Limit::deprecatedChoice) {
+      declaration->deprecatedChoices.emplace_back(text(first), text(second));
+    } else {
+      declaration->checks.emplace_back(*static_cast<const Callable*>(first));
+    }
+  });
+}
+
+unsigned int timesGiven(const Declaration* declaration) noexcept {
+  return declaration != nullptr ? declaration->given : 0;
+}
+
+}  // namespace tool_glue
+
+using tool_glue::Declaration;
+using tool_glue::orEmpty;
+using tool_glue::remembering;
+using tool_glue::ToolData;
+using tool_glue::Use;
+
+Tool::Tool(const char* name, const char* summary, const char* version) noexcept
+    : m_data(new (std::nothrow) ToolData) {
+  remembering(m_data, [&] {
+    m_data->handle = this;
+    m_data->name = orEmpty(name);
+    m_data->summary = orEmpty(summary);
+    m_data->version = orEmpty(version);
+  });
+}
+
+Tool::~Tool() { delete m_data; }
+
+Declaration* Tool::add(Use use, const char* names, const char* help, void* variable,
+                       const tool_glue::VariableType* type,
+                       const tool_glue::Callable& function) noexcept {
+  Declaration* const none = nullptr;
+  return remembering(m_data, none, [&] {
+    tool_glue::OwnedCallable owned(function);
+    Declaration& declaration = m_data->declarations.emplace_back(*m_data, use, type);
+    declaration.names = tool_glue::splitNames(names);
+    declaration.help = orEmpty(help);
+    declaration.section = m_data->section;
+    declaration.variable = variable;
+    declaration.function = std::move(owned);
+    return &declaration;
+  });
+}
+
+Option<bool> Tool::flag(const char* names, bool& variable, const char* help) noexcept {
+  return add(Use::flag, names, help, &variable, &tool_glue::variableType<bool, 0>, {});
+}
+
+Option<int> Tool::count(const char* names, int& variable, const char* help) noexcept {
+  return add(Use::count, names, help, &variable, &tool_glue::variableType<int, 0>, {});
+}
+
+Option<const char*> Tool::config(const char* names, const char* path, const char* help) noexcept {
+  Declaration* const declaration = add(Use::config, names, help, nullptr, nullptr, {});
+  remembering(declaration != nullptr ? m_data : nullptr, [&] {
+    declaration->path = orEmpty(path);
+    declaration->shownDefault = orEmpty(path);
+  });
+  return declaration;
+}
+
+void Tool::addCommand(const char* words, const char* help,
+                      const tool_glue::Callable& function) noexcept {
+  remembering(m_data, [&] {
+    tool_glue::OwnedCallable owned(function);
+    m_data->commands.push_back({orEmpty(words), orEmpty(help), std::move(owned)});
+  });
+}
+
+void Tool::addToGroup(const char* name, bool isFirst, bool isNeeded) noexcept {
+  remembering(m_data, [&] {
+    if (isFirst)
+      m_data->groups.push_back({{}, isNeeded});
+    m_data->groups.back().names.emplace_back(orEmpty(name));
+  });
+}
+
+void Tool::setOutput(const tool_glue::Callable& function) noexcept {
+  remembering(m_data, [&] { m_data->output = tool_glue::OwnedCallable(function); });
+}
+
+void Tool::section(const char* heading) noexcept {
+  remembering(m_data, [&] { m_data->section = orEmpty(heading); });
+}
+
+void Tool::footer(const char* text) noexcept {
+  remembering(m_data, [&] { m_data->footers.emplace_back(orEmpty(text)); });
+}
+
+void Tool::usageStatus(int status) noexcept {
+  if (m_data != nullptr)
+    m_data->usageStatus = status;
+}
+
+bool Tool::parse(int argc, const char* const* argv, int& status) {
+  try {
+    if (m_data != nullptr && !m_data->isOutOfMemory)
+      return run(*m_data, tool_glue::wordsOf(*m_data, argc, argv), status);
+  } catch (const std::bad_alloc&) {
+    m_data->isOutOfMemory = true;
+  }
+  status = tool_glue::tellOfMemory(m_data);
+  return true;
+}
+
+int Tool::fail(const char* reason) noexcept {
+  remembering(m_data, [&] { printError(*m_data, orEmpty(reason)); });
+  return m_data != nullptr ? m_data->root().usageStatus : status::usageError;
+}
+
+IParser* Tool::parser() noexcept {
+  IParser* const none = nullptr;
+  return remembering(m_data, none, [&] { return &parserOf(*m_data); });
+}
+
+const char* Tool::helpText() noexcept {
+  return remembering(m_data, "", [&] {
+    m_data->help = helpOf(*m_data);
+    return m_data->help.c_str();
+  });
+}
+
+}  // namespace kivo_3_3

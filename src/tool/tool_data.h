@@ -1,0 +1,64 @@
+#pragma once
+
+#include <kivo/handles.h>
+#include <kivo/tool.h>
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "tool/declaration.h"
+
+// All that a Tool hides.
+
+namespace kivo_3_3::tool_glue {
+
+struct Command {
+  std::string words;  // separated by single blanks
+  std::string help;
+  OwnedCallable function;
+};
+
+/// Options of which at most one may be given.
+struct Group {
+  std::vector<std::string> names;
+  bool isNeeded;  // exactly one
+};
+
+struct ToolData {
+  /// The name as a user types it, with the words of the command.
+  std::string calledName() const { return command != nullptr ? name + ' ' + command->words : name; }
+  const ToolData& root() const { return parent != nullptr ? parent->root() : *this; }
+  ToolData& root() { return parent != nullptr ? parent->root() : *this; }
+  /// A tool for a command, which does not own its data.
+  static Tool handleOf(ToolData& data) { return Tool(&data); }
+  static void release(Tool& tool) { tool.m_data = nullptr; }
+
+  std::string name, summary, version;
+  std::vector<std::string> footers;
+  int usageStatus = 2;
+
+  std::string section;                   // of the next declarations
+  std::deque<Declaration> declarations;  // at stable addresses
+  std::deque<Declaration> builtIn;       // help and version
+  std::vector<Group> groups;
+  std::deque<Command> commands;
+  OwnedCallable output;
+
+  ParserHandle parser;
+  std::deque<std::string> texts;  // that variables point to
+  std::string help;
+
+  Tool* handle = nullptr;
+  ToolData* parent = nullptr;  // of a command
+  const Command* command = nullptr;
+  std::vector<const char*> words;  // the command line of a command
+  bool isDescribing = false;
+  bool isParsed = false;
+  bool isOutOfMemory = false;
+};
+
+/// Tells the assertion handler of a mistake in the declarations.
+void reportMistake(const std::string& mistake);
+
+}  // namespace kivo_3_3::tool_glue
