@@ -2,11 +2,10 @@
 
 #include <kivo/describe.h>
 
-#include <bedrock/assertion.h>
-
 #include <algorithm>
 #include <new>
 
+#include "bedrock/assertion.h"
 #include "tool/value_text.h"
 
 namespace kivo_3_3::tool_glue {

@@ -15,6 +15,7 @@ declare -A mayInclude=(
   [help]="options storage base"
   [describe]="options storage base"
   [parser]="recognizers result help describe options storage base"
+  [tool]=""
 )
 violations=0
 
