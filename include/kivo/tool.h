@@ -167,6 +167,8 @@ struct Functions {
   static void show([[maybe_unused]] const void* value, [[maybe_unused]] Text& text) {
     if constexpr (has<FormatValue, T>)
       tell(text, formatValue(*static_cast<const T*>(value)));
+    else if constexpr (std::is_convertible_v<const T&, const char*>)
+      tell(text, *static_cast<const T*>(value));
     else if constexpr (std::is_constructible_v<std::string, const T&>)
       tell(text, std::string(*static_cast<const T*>(value)));
   }
@@ -184,7 +186,8 @@ constexpr VariableType typeOf() {
                 "wide characters are not supported: use char or std::string");
   static_assert(!std::is_pointer_v<T> || isText<T>,
                 "of all pointers, only const char* can receive a value");
-  static_assert(std::is_scalar_v<T> || isText<T> || has<ParseValue, T> || parsers != 0,
+  static_assert(std::is_arithmetic_v<T> || std::is_enum_v<T> || std::is_pointer_v<T> || isText<T> ||
+                    has<ParseValue, T> || parsers != 0,
                 "a type of your own needs parseValue(const char*, T&) or a parser");
   return {sizeof(VariableType),
           sizeof(T),
@@ -221,7 +224,8 @@ class Option {
   Option& required() { return note(tool_glue::Note::required, ""); }
   /// Accepts the numbers from `low` to `high`, both included.
   Option& range(Value low, Value high) {
-    static_assert(std::is_arithmetic_v<Value>, "a range is for numbers");
+    static_assert(std::is_arithmetic_v<Value> && !tool_glue::isOneOf<Value, bool, char>,
+                  "a range is for numbers");
     return limit(tool_glue::Limit::range, &low, &high);
   }
   /// Accepts these texts alone. Users may cut them short.
@@ -232,6 +236,8 @@ class Option {
   }
   /// Accepts these texts alone; the variable gets the value of the given one.
   Option& choices(std::initializer_list<Choice<Value>> choices) {
+    static_assert(tool_glue::kindOf<Value>() != tool_glue::Kind::object,
+                  "choices with values are for numbers, characters and enumerations");
     for (const Choice<Value>& choice : choices)
       limit(tool_glue::Limit::choice, choice.text, &choice.value);
     return *this;
@@ -244,6 +250,8 @@ class Option {
   /// std::string; null or an empty text accepts the value.
   template <class Check>
   Option& check(Check check) {
+    static_assert(!std::is_arithmetic_v<std::invoke_result_t<Check&, const Value&>>,
+                  "a check returns what was expected: null or an empty text accepts the value");
     const auto kept = tool_glue::keep<const Value>(static_cast<Check&&>(check));
     return limit(tool_glue::Limit::check, &kept, nullptr);
   }
@@ -321,9 +329,10 @@ class Tool {
     return declare(tool_glue::Use::operand, name, variable, help);
   }
   /// All further arguments that are no options.
-  template <class T, class Allocator>
-  Option<std::vector<T, Allocator>> rest(const char* name, std::vector<T, Allocator>& variable,
-                                         const char* help) {
+  template <class Variable>
+  Option<Variable> rest(const char* name, Variable& variable, const char* help) {
+    static_assert(tool_glue::Held<std::remove_const_t<Variable>>::holder == tool_glue::Holder::list,
+                  "a rest needs a std::vector");
     return declare(tool_glue::Use::rest, name, variable, help);
   }
   /// An option that names a file with further arguments, one a line. What the command line and the
