@@ -22,6 +22,12 @@ void collectNumbers(std::string_view word, std::vector<unsigned int>& numbers) {
   }
 }
 
+// Whether the parser would split a mark that it gets as a value.
+bool splitsMarks(const Declaration& declaration) {
+  return declaration.separator == markBegin ||
+         (declaration.separator >= '0' && declaration.separator <= '9');
+}
+
 }  // namespace
 
 Word wordOf(std::string_view text) {
@@ -35,8 +41,7 @@ Word wordOf(std::string_view text) {
 }
 
 bool isSwitch(const std::vector<const char*>& words, std::size_t index) {
-  constexpr std::string_view switches = "kivooption=";
-  return index == 1 && std::string_view(words[1]).substr(0, switches.size()) == switches;
+  return index == 1 && words[1] == std::string_view("kivooption=kivologenable=1");
 }
 
 Arguments::Arguments(const Scope& scope, const std::vector<const char*>& words)
@@ -61,7 +66,7 @@ Arguments::Arguments(const Scope& scope, const std::vector<const char*>& words)
 void Arguments::takeOperand(const char* text) {
   const auto& operands = m_scope.operands();
   const bool isRest = !operands.empty() && operands.back()->use == Use::rest;
-  if (m_operands++ >= operands.size() && !isRest && m_stray == nullptr)
+  if (m_operands++ >= operands.size() && !isRest && m_stray == nullptr && m_unknown.empty())
     m_stray = text;
   const bool isTaken = *text != '\0' && (m_isEnded || text != loneDash);
   m_result.push_back(isTaken ? text : marked(text));
@@ -83,7 +88,8 @@ void Arguments::takeOption(const Word& word) {
 void Arguments::takeNext(const Declaration& declaration, const Word& word) {
   const std::string start = "--" + m_scope.nameOf(declaration) + '=';
   const char* const next = m_index + 1 < m_words.size() ? m_words[m_index + 1] : nullptr;
-  if (declaration.takesAnyText() && (word.hasValue || (next != nullptr && *next == '\0'))) {
+  if (declaration.takesAnyText() && !splitsMarks(declaration) &&
+      (word.hasValue || (next != nullptr && *next == '\0'))) {
     m_index += word.hasValue ? 0 : 1;
     m_result.push_back(m_made.emplace_back(start + marked("")).c_str());
     return;

@@ -22,7 +22,7 @@ struct Word {
 };
 Word wordOf(std::string_view text);
 
-/// Whether the first argument is for the library itself.
+/// Whether the word is the first argument and turns on the trace of the library.
 bool isSwitch(const std::vector<const char*>& words, std::size_t index);
 
 class Arguments {
@@ -35,7 +35,8 @@ class Arguments {
   const std::deque<std::string>& marked() const { return m_marked; }
   /// Help or the version, if one of them was asked for.
   const Declaration* asked() const { return m_asked; }
-  /// The first operand for which there is no declaration, or null.
+  /// The first operand for which there is no declaration, or null. After a misspelt option it may
+  /// be the value of that option, and is none.
   const char* stray() const { return m_stray; }
   /// Typed names of options that there are not.
   const std::vector<std::string>& unknownNames() const { return m_unknown; }

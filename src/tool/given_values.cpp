@@ -8,7 +8,6 @@
 #include <kivo/status.h>
 
 #include "tool/messages.h"
-#include "tool/operand_reader.h"
 #include "tool/value_text.h"
 
 namespace kivo_3_3::tool_glue {
@@ -27,9 +26,7 @@ std::string readCharacter(const char* text, void* value) {
 
 std::string readNumber(const Declaration& declaration, const char* text, const variant_t& typed,
                        void* value) {
-  const bool isNegative = std::strchr(text, '-') != nullptr;
-  if ((declaration.type->kind == Kind::natural && isNegative) ||
-      !putNumber(*declaration.type, typed, value))
+  if (!putNumber(*declaration.type, text, typed, value))
     return limitsText(*declaration.type);
   return isInRange(declaration, value) ? "" : rangeText(declaration);
 }
@@ -65,9 +62,32 @@ std::string readValue(const Declaration& declaration, const char* text, const va
     return "";
   if (kind == Kind::character)
     return readCharacter(text, value);
-  if (kind == Kind::boolean)
-    *static_cast<bool*>(value) = typed.get<bool>();
-  return isNumber(kind) ? readNumber(declaration, text, typed, value) : "";
+  if (isNumber(kind))
+    return readNumber(declaration, text, typed, value);
+  if (kind != Kind::boolean || typed.type() != vtBool)
+    return "a choice that stands for a value";
+  *static_cast<bool*>(value) = typed.get<bool>();
+  return "";
+}
+
+// The choice that a deprecated one stands for; another text stands for itself.
+const char* meantBy(const Declaration& declaration, const char* text) {
+  for (const auto& [former, now] : declaration.deprecatedChoices) {
+    if (former == text)
+      return now.c_str();
+  }
+  return text;
+}
+
+// What the parser expects of an operand.
+std::string expectedOf(const Declaration& declaration) {
+  if (declaration.type != nullptr && isNumber(declaration.type->kind) &&
+      declaration.choices.empty())
+    return limitsText(*declaration.type);
+  std::string list;
+  for (const DeclaredChoice& choice : declaration.choices)
+    list += (list.empty() ? "" : ", ") + choice.text;
+  return !list.empty() ? list : "1 or 0";
 }
 
 std::string check(const Declaration& declaration, const void* value) {
@@ -98,6 +118,19 @@ class Discarded {
 
 }  // namespace
 
+std::string refusedUse(const Declaration& declaration) {
+  const int count = static_cast<int>(declaration.given);
+  const bool isGiven = true;
+  std::string expected;
+  if (declaration.given == 0)
+    return "";
+  if (declaration.use == Use::count)
+    expected = isInRange(declaration, &count) ? check(declaration, &count) : rangeText(declaration);
+  else if (declaration.use == Use::flag)
+    expected = check(declaration, &isGiven);
+  return expected.empty() ? "" : doesNotTake(declaration, std::to_string(count), expected);
+}
+
 void GivenValues::startSource(Source source) {
   m_source = source;
   m_operands = 0;
@@ -113,12 +146,16 @@ bool GivenValues::guarded(Work work) {
   if (m_failureStatus != 0)
     return false;
   try {
-    work();
+    try {
+      work();
+    } catch (const std::bad_alloc&) {
+      throw;
+    } catch (const std::exception& problem) {
+      m_failureStatus = status::unidentifiedProblem;
+      m_failure = problem.what();
+    }
   } catch (const std::bad_alloc&) {
     m_failureStatus = status::exceptionCaught;
-  } catch (const std::exception& problem) {
-    m_failure = problem.what();
-    m_failureStatus = status::unidentifiedProblem;
   } catch (...) {
     m_failureStatus = status::unidentifiedProblem;
   }
@@ -176,20 +213,26 @@ void GivenValues::giveTruth(Declaration& declaration, bool truth) {
 
 void GivenValues::takeOperand(const char* text) {
   const std::vector<Declaration*>& operands = m_scope.operands();
+  if (m_operands >= operands.size() && operands.back()->use != Use::rest)
+    return refuse(isUnexpected(text));
   Declaration& declaration = *operands[std::min(m_operands++, operands.size() - 1)];
   give(declaration);
-  if (parserType(declaration) == vtString && declaration.choices.empty() &&
-      declaration.separator == '\0')
+  if (readType(declaration) == vtString && declaration.choices.empty() &&
+      (declaration.separator == '\0' || *text == '\0'))
     return take(declaration, text, variant_t());
-  const ReadOperand values = readOperand(declaration, text);
-  if (!values.failure.empty())
-    return refuse(values.failure);
-  for (const auto& [item, typed] : values.values)
+  const std::vector<OperandValue> values = m_reader.read(declaration, text);
+  if (values.empty())
+    return refuse(doesNotTake(declaration, text, expectedOf(declaration)));
+  for (const auto& [item, typed] : values)
     take(declaration, item.c_str(), typed);
 }
 
-void GivenValues::take(Declaration& declaration, const char* text, const variant_t& typed) {
+void GivenValues::take(Declaration& declaration, const char* given, const variant_t& typed) {
+  const char* const text = meantBy(declaration, given);
   if (declaration.type == nullptr) {
+    const std::string expected = check(declaration, &text);
+    if (!expected.empty())
+      return refuse(doesNotTake(declaration, text, expected));
     if (!isOutranked(declaration))
       declaration.texts.push_back({m_place++, text});
     return;

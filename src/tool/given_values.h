@@ -5,6 +5,7 @@
 #include <deque>
 #include <string>
 
+#include "tool/operand_reader.h"
 #include "tool/scope.h"
 
 // Receives what the parser reads, converts and checks it, and keeps it until it is delivered.
@@ -13,6 +14,9 @@
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
 namespace kivo_3_3::tool_glue {
+
+/// Why a flag or a count may not be given as often as it is; empty if it may.
+std::string refusedUse(const Declaration& declaration);
 
 class GivenValues final : public EventHandler {
  public:
@@ -39,7 +43,7 @@ class GivenValues final : public EventHandler {
   const std::vector<Declaration*>& actions() const { return m_actions; }
 
  private:
-  void take(Declaration& declaration, const char* text, const variant_t& typed);
+  void take(Declaration& declaration, const char* given, const variant_t& typed);
   void takeOperand(const char* text);
   void read(Declaration& declaration, const char* text, const variant_t& typed, void* variable);
   void refuse(std::string reason);
@@ -50,6 +54,7 @@ class GivenValues final : public EventHandler {
   const Scope& m_scope;
   Source m_source = Source::none;
   std::size_t m_operands = 0;
+  OperandReader m_reader;
   unsigned int m_place = 0;
   std::string m_mark;
   std::deque<std::string> m_marked;

@@ -3,8 +3,6 @@
 
 #include "tool/operand_reader.h"
 
-#include <kivo/handles.h>
-
 #include <new>
 
 #include "tool/scope.h"
@@ -16,37 +14,41 @@ namespace {
 
 class Collector final : public EventHandler {
  public:
-  explicit Collector(ReadOperand& read) : m_read(read) {}
   bool onValueParse(const char*, const Value& value) override {
-    m_read.values.emplace_back(value.text, value.value);
+    values.emplace_back(value.text, value.value);
     return true;
   }
 
- private:
-  ReadOperand& m_read;
+  std::vector<OperandValue> values;
 };
 
-}  // namespace
-
-ReadOperand readOperand(const Declaration& declaration, const char* text) {
-  ReadOperand read;
-  const ParserHandle parser =
+ParserHandle parserFor(const Declaration& declaration) {
+  ParserHandle parser =
       makeParser(parserFlags::leftoverArgumentsArePositional | parserFlags::noTokenizer);
   if (!parser)
     throw std::bad_alloc();
-  IOption& option = *parser->option(declaration.firstName().c_str(), "", parserType(declaration));
+  IOption& option = *parser->option("operand", "", readType(declaration));
   option.positional();
   limitValues(option, declaration);
-  Collector collector(read);
+  return parser;
+}
+
+}  // namespace
+
+std::vector<OperandValue> OperandReader::read(const Declaration& declaration, const char* text) {
+  ParserHandle& parser = m_parsers[&declaration];
+  if (!parser)
+    parser = parserFor(declaration);
+  Collector collector;
   parser->addHandler(&collector);
   const char* const arguments[] = {"", "--", text};
   const int status = parser->parseArgsVector(3, arguments, nullptr);
   parser->removeHandler(&collector);
   if (status == status::usageError)
-    read.failure = parser->getErrorDesc();
-  else if (status != status::success)
+    return {};
+  if (status != status::success)
     throw std::bad_alloc();
-  return read;
+  return std::move(collector.values);
 }
 
 }  // namespace kivo_3_3::tool_glue

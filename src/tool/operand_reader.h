@@ -1,7 +1,9 @@
 #pragma once
 
+#include <kivo/handles.h>
 #include <kivo/value.h>
 
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -10,12 +12,17 @@
 
 namespace kivo_3_3::tool_glue {
 
-struct ReadOperand {
-  std::string failure;  // empty if there is none
-  std::vector<std::pair<std::string, variant_t>> values;
-};
+/// The text of a value and the value.
+using OperandValue = std::pair<std::string, variant_t>;
 
-/// Converts an operand as the parser converts the value of an option of the same type.
-ReadOperand readOperand(const Declaration& declaration, const char* text);
+class OperandReader {
+ public:
+  /// Converts an operand as the parser converts the value of an option of the same type. Empty if
+  /// it is refused.
+  std::vector<OperandValue> read(const Declaration& declaration, const char* text);
+
+ private:
+  std::map<const Declaration*, ParserHandle> m_parsers;
+};
 
 }  // namespace kivo_3_3::tool_glue

@@ -127,6 +127,8 @@ class CommandLine {
       throw;
     } catch (const std::exception& problem) {
       return statusOf(m_tool, status::unidentifiedProblem, problem.what());
+    } catch (...) {
+      return statusOf(m_tool, status::unidentifiedProblem, "");
     }
     return std::nullopt;
   }
@@ -171,6 +173,9 @@ class CommandLine {
   std::string missing() const {
     for (const auto* list : {&m_scope.options(), &m_scope.operands()}) {
       for (const Declaration* one : *list) {
+        std::string refusal = refusedUse(*one);
+        if (!refusal.empty())
+          return refusal;
         if (one->isRequired && one->given == 0 && isConcerned(*one, m_values))
           return isRequired(*one);
       }

@@ -23,6 +23,19 @@ std::string joined(const std::vector<std::string>& parts, char separator) {
 // Nobody can type it, in full or cut short: the parser splits an argument at white space.
 std::string untypable(const std::string& name) { return ' ' + name; }
 
+// Whether a choice sets nothing: it has to stand for an enumerator or a truth.
+bool lacksValues(const Declaration& declaration) {
+  if (declaration.type == nullptr || declaration.function)
+    return false;
+  const bool needsValues = declaration.type->kind == Kind::enumeration ||
+                           (declaration.type->kind == Kind::boolean && declaration.takesValue());
+  const auto& choices = declaration.choices;
+  return needsValues && (choices.empty() || std::any_of(choices.begin(), choices.end(),
+                                                        [](const DeclaredChoice& choice) {
+                                                          return choice.value.empty();
+                                                        }));
+}
+
 }  // namespace
 
 void reportMistake(const std::string& mistake) {
@@ -56,6 +69,12 @@ variant_type_t parserType(const Declaration& declaration) {
     default:
       return vtString;
   }
+}
+
+variant_type_t readType(const Declaration& declaration) {
+  const variant_type_t type = parserType(declaration);
+  const bool isLong = type == vtDouble && declaration.type->bytes > sizeof(double);
+  return isLong ? vtString : type;
 }
 
 Scope::Scope(ToolData& tool, IParser& parser, Purpose purpose)
@@ -125,7 +144,8 @@ void Scope::declare(Declaration& declaration, const std::vector<std::string>& na
                                                           : declaration.section.c_str();
   // Of several operands, the parser gives all arguments to the first one.
   const bool takesAnything = declaration.isOperand() && m_purpose == Purpose::parse;
-  const variant_type_t type = takesAnything ? vtString : parserType(declaration);
+  const variant_type_t readAs = takesAnything ? vtString : readType(declaration);
+  const variant_type_t type = m_purpose == Purpose::parse ? readAs : parserType(declaration);
   IOption* option = nullptr;
   if (declaration.use == Use::action)
     option = m_parser.action(list.c_str(), help, type, group);
@@ -139,13 +159,15 @@ void Scope::declare(Declaration& declaration, const std::vector<std::string>& na
       return reportMistake(called(declaration) + " has too many names or a third one that is long");
     throw std::bad_alloc();
   }
+  if (lacksValues(declaration))
+    reportMistake(called(declaration) + " needs choices that stand for values");
   m_firstNames.emplace(first, &declaration);
   m_nameOf.emplace(&declaration, first);
   if (declaration.isOperand())
     option->positional();
   if (!takesAnything)
     limitValues(*option, declaration);
-  if (m_purpose == Purpose::description && declaration.shownDefault.empty())
+  if (m_purpose == Purpose::description && shownDefault(declaration).empty())
     setDefault(*option, declaration);
   if (m_purpose == Purpose::description)
     annotateAll(declaration, first);
@@ -168,7 +190,7 @@ void Scope::annotateAll(const Declaration& declaration, const std::string& name)
   tell("range", rangeText(declaration));
   tell("environment", declaration.environment);
   tell("required", declaration.isRequired ? "required" : "");
-  tell("shownDefault", declaration.shownDefault);
+  tell("shownDefault", shownDefault(declaration));
   tell("deprecated", declaration.deprecated);
 }
 

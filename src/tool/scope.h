@@ -55,6 +55,9 @@ class Scope {
 /// The type of the values on the parser.
 variant_type_t parserType(const Declaration& declaration);
 
+/// The type of the values while a command line is read: the parser has no long double.
+variant_type_t readType(const Declaration& declaration);
+
 /// Declares the choices, and at which character values are split.
 void limitValues(IOption& option, const Declaration& declaration);
 

@@ -5,6 +5,9 @@
 #include <cstring>
 #include <iterator>
 #include <limits>
+#include <sstream>
+#include <string_view>
+#include <system_error>
 #include <type_traits>
 
 namespace kivo_3_3::tool_glue {
@@ -38,23 +41,78 @@ auto withNumberType(const VariableType& type, Use use) {
   }
 }
 
+// The type in which a number is read before it becomes a `Number`.
+template <class Number>
+using Widest =
+    std::conditional_t<std::is_floating_point_v<Number>,
+                       std::conditional_t<std::is_same_v<Number, long double>, long double, double>,
+                       std::conditional_t<std::is_signed_v<Number>, s64_t, u64_t>>;
+
+template <class Number, class Given>
+bool fits(Number stored, Given given) {
+  if constexpr (std::is_floating_point_v<Number>)
+    return std::isfinite(stored) || !std::isfinite(given);
+  else
+    return stored == given;
+}
+
+// The digits of a hexadecimal number, 0x1F or 1Fh; empty for another text.
+std::string_view hexadecimalDigits(std::string_view text) {
+  const bool hasPrefix = text.substr(0, 2) == "0x" || text.substr(0, 2) == "0X";
+  if (hasPrefix)
+    text.remove_prefix(2);
+  else if (!text.empty() && (text.back() == 'h' || text.back() == 'H'))
+    text.remove_suffix(1);
+  else
+    return {};
+  const bool isDigits = text.find_first_not_of("0123456789ABCDEFabcdef") == std::string_view::npos;
+  return isDigits ? text : std::string_view();
+}
+
+bool isWideNatural(const VariableType& type) {
+  return type.kind == Kind::natural && type.bytes == sizeof(u64_t);
+}
+
+// Reads a number as the library does: in the global locale, and with 64 bits and without a sign in
+// hexadecimal too. Letters after the number are refused.
+template <class T>
+bool readText(const VariableType& type, const char* text, T& number) {
+  if constexpr (std::is_same_v<T, u64_t>) {
+    const std::string_view digits = hexadecimalDigits(text);
+    if (isWideNatural(type) && !digits.empty())
+      return std::from_chars(digits.data(), digits.data() + digits.size(), number, 16).ec ==
+             std::errc();
+  }
+  std::istringstream stream{std::string(text)};
+  stream.exceptions(std::ios::badbit);  // memory that runs out is no wrong number
+  stream >> number;
+  char rest = 0;
+  return !stream.fail() && (stream.eof() || !(stream >> rest));
+}
+
+// Whether the parser reads a text for the type too mildly: of an unsigned number of 64 bits it
+// passes over letters after the number, and it has no long double.
+bool isReadHere(const VariableType& type, std::string_view text) {
+  if (type.kind == Kind::real)
+    return type.bytes > sizeof(double);
+  return isWideNatural(type) && text.find_first_not_of("0123456789") != std::string_view::npos;
+}
+
 bool isNumber(const VariableType& type) {
   return type.kind == Kind::integer || type.kind == Kind::natural || type.kind == Kind::real;
 }
 
-std::string text(long double number) {
-  char buffer[64];
-  const auto end = std::to_chars(std::begin(buffer), std::end(buffer), static_cast<double>(number),
-                                 std::chars_format::general, 6);
-  return std::string(std::begin(buffer), end.ptr);
-}
-
 template <class T>
 std::string numberText(T number) {
-  if constexpr (std::is_floating_point_v<T>)
-    return text(number);
-  else
+  if constexpr (std::is_floating_point_v<T>) {
+    constexpr int digits = 6;  // as the library shows numbers
+    char buffer[64];
+    const auto end = std::to_chars(std::begin(buffer), std::end(buffer), number,
+                                   std::chars_format::general, digits);
+    return std::string(std::begin(buffer), end.ptr);
+  } else {
     return std::to_string(number);
+  }
 }
 
 std::string numberText(const VariableType& type, const void* value) {
@@ -71,8 +129,9 @@ std::string choiceText(const Declaration& declaration, const void* value) {
 
 std::string valueText(const Declaration& declaration, const void* value) {
   const VariableType& type = *declaration.type;
-  if (type.kind == Kind::enumeration || (isNumber(type) && !declaration.choices.empty()))
-    return choiceText(declaration, value);
+  const std::string choice = choiceText(declaration, value);
+  if (!choice.empty() || type.kind == Kind::enumeration)
+    return choice;
   if (isNumber(type))
     return numberText(type, value);
   if (type.kind == Kind::boolean)
@@ -116,12 +175,19 @@ std::string defaultText(const Declaration& declaration) {
   }
 }
 
+std::string shownDefault(const Declaration& declaration) {
+  const bool isNumberList = declaration.isList() && declaration.variable != nullptr &&
+                            isNumber(*declaration.type) &&
+                            declaration.type->at(declaration.variable, 1) != nullptr;
+  return isNumberList ? defaultText(declaration) : declaration.shownDefault;
+}
+
 void setDefault(IOption& option, const Declaration& declaration) {
   const std::string text = defaultText(declaration);
   if (text.empty())
     return;
   const VariableType& type = *declaration.type;
-  if (type.kind == Kind::boolean)
+  if (type.kind == Kind::boolean && declaration.choices.empty())
     option.defaultValue(true);
   else if (isNumber(type) && declaration.choices.empty())
     withNumberType(type, [&](auto zero) {
@@ -136,25 +202,20 @@ void setDefault(IOption& option, const Declaration& declaration) {
     option.defaultValue(text.c_str());
 }
 
-bool putNumber(const VariableType& type, const variant_t& number, void* value) {
+bool putNumber(const VariableType& type, const char* text, const variant_t& typed, void* value) {
+  const bool isRead = typed.type() != vtNull && typed.type() != vtString && !isReadHere(type, text);
   return withNumberType(type, [&](auto zero) {
     using Number = decltype(zero);
-    Number stored{};
-    bool fits = true;
-    if constexpr (std::is_floating_point_v<Number>) {
-      const double given = number.get<double>();
-      stored = static_cast<Number>(given);
-      fits = std::isfinite(stored) || !std::isfinite(given);
-    } else if constexpr (std::is_signed_v<Number>) {
-      stored = static_cast<Number>(number.get<s64_t>());
-      fits = stored == number.get<s64_t>();
-    } else {
-      stored = static_cast<Number>(number.get<u64_t>());
-      fits = stored == number.get<u64_t>();
-    }
-    if (fits)
-      std::memcpy(value, &stored, sizeof stored);
-    return fits;
+    Widest<Number> given{};
+    if (isRead)
+      given = typed.get<Widest<Number>>();
+    else if (!readText(type, text, given))
+      return false;
+    const auto stored = static_cast<Number>(given);
+    if (!fits(stored, given) || (std::is_unsigned_v<Number> && std::strchr(text, '-') != nullptr))
+      return false;
+    std::memcpy(value, &stored, sizeof stored);
+    return true;
   });
 }
 

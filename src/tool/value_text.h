@@ -19,11 +19,17 @@ std::string limitsText(const VariableType& type);
 /// What the variable holds: the default. Empty if there is nothing to show.
 std::string defaultText(const Declaration& declaration);
 
+/// What is shown instead of the default: the tool's own text, or a list of numbers, which cannot be
+/// the default of a parser's option. Empty if the default is shown.
+std::string shownDefault(const Declaration& declaration);
+
 /// Sets the value of the variable as default of the parser's option.
 void setDefault(IOption& option, const Declaration& declaration);
 
-/// Whether the number fits into a value of the type; if so, the value is set.
-bool putNumber(const VariableType& type, const variant_t& number, void* value);
+/// Sets the value to a number that the parser has read from the text as `typed`. Where the parser
+/// has not read a number, or where it passes over letters, the text is read here. False for a text
+/// that is no number, and for a number that the type cannot hold.
+bool putNumber(const VariableType& type, const char* text, const variant_t& typed, void* value);
 
 /// Whether the number is in the range of the declaration.
 bool isInRange(const Declaration& declaration, const void* value);
