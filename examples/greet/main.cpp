@@ -1,31 +1,20 @@
-#include <kivo/kivo.h>
+#include <kivo/tool.h>
 
 #include <iostream>
 
-int main(int argc, const char* const* argv) {
-  const kivo::ParserHandle parser =
-      kivo::makeParser(kivo::parserFlags::unknownArgumentIsError |
-                       kivo::parserFlags::dashArgumentsAreNeverPositional);
-  parser->option("times,t", "How often to greet", kivo::vtU32)->defaultValue(1);
-  parser->option("tone", "How to greet", kivo::vtString)
-      ->allowValue("friendly")
-      ->allowValue("formal");
-  parser->option("name", "Whom to greet", kivo::vtString)->positional();
+int main(int argc, char** argv) {
+  unsigned int times = 1;
+  std::string tone = "friendly";
+  std::vector<std::string> names;
 
-  int described = 0;
-  if (kivo::describeIfAsked(*parser, {"greet", "1.0", "Greets people."}, argc, argv, &described))
-    return described;
+  kivo::Tool tool("greet", "Greets people.", "1.0");
+  tool.option("times,t", times, "How often to greet.").range(1, 100);
+  tool.option("tone", tone, "How to greet.").choices({"friendly", "formal"});
+  tool.rest("name", names, "Whom to greet.").required();
+  if (const std::optional<int> exit = tool.parse(argc, argv))
+    return *exit;  // help, the version or an error has been printed
 
-  const kivo::ResultHandle result = kivo::makeResult(*parser);
-  const int status = parser->parseArgsVector(argc, argv, result.get());
-  if (status != kivo::status::success) {
-    std::cerr << "greet: " << parser->getErrorDesc() << '\n';
-    return status;
-  }
-
-  const auto times = kivo::valueOr(*result, "times", 1U);
-  const auto tone = kivo::valueOr<std::string>(*result, "tone", "friendly");
-  for (const kivo::Value& name : kivo::values(*result, "name"))
+  for (const std::string& name : names)
     for (unsigned int i = 0; i < times; ++i)
-      std::cout << (tone == "formal" ? "Good day, " : "Hello ") << name.text << '\n';
+      std::cout << (tone == "formal" ? "Good day, " : "Hello ") << name << '\n';
 }

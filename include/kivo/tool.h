@@ -69,7 +69,7 @@ inline int tell(Text& text, const std::string& answer) { return tell(text, answe
 inline int tell(Text&, int status) { return status; }
 
 template <class Function, class First, class Second>
-decltype(auto) call(Function& function, First& first, [[maybe_unused]] Second& second) {
+decltype(auto) call(Function& function, First& first, Second& second) {
   if constexpr (std::is_invocable_v<Function&, First&, Second&>)
     return function(first, second);
   else if constexpr (std::is_invocable_v<Function&, First&>)
@@ -149,7 +149,7 @@ struct Functions {
       return variable;
   }
   static const void* at(const void* variable, unsigned long index) {
-    [[maybe_unused]] const Variable& source = *static_cast<const Variable*>(variable);
+    const Variable& source = *static_cast<const Variable*>(variable);
     if constexpr (holder == Holder::list)
       return index < source.size() ? &source[index] : nullptr;
     else if constexpr (holder == Holder::optional)
@@ -157,14 +157,13 @@ struct Functions {
     else
       return index == 0 ? variable : nullptr;
   }
-  static void read([[maybe_unused]] const char* text, [[maybe_unused]] void* value,
-                   [[maybe_unused]] Text& expected) {
+  static void read(const char* text, void* value, Text& expected) {
     if constexpr (has<ParseValue, T>)
       tell(expected, parseValue(text, *static_cast<T*>(value)));
     else if constexpr (isText<T>)
       *static_cast<T*>(value) = text;
   }
-  static void show([[maybe_unused]] const void* value, [[maybe_unused]] Text& text) {
+  static void show(const void* value, Text& text) {
     if constexpr (has<FormatValue, T>)
       tell(text, formatValue(*static_cast<const T*>(value)));
     else if constexpr (std::is_convertible_v<const T&, const char*>)
@@ -178,16 +177,11 @@ template <class Variable, int parsers>
 constexpr VariableType typeOf() {
   using T = typename Held<Variable>::Value;
   using Of = Functions<Variable>;
-  static_assert(!isOneOf<Variable, std::vector<bool>>,
-                "std::vector<bool> is not supported: use std::vector<char>");
-  static_assert(Held<T>::holder == Holder::one,
-                "a list or an optional inside of another one is not supported");
-  static_assert(!isOneOf<T, wchar_t, char16_t, char32_t>,
-                "wide characters are not supported: use char or std::string");
-  static_assert(!std::is_pointer_v<T> || isText<T>,
-                "of all pointers, only const char* can receive a value");
-  static_assert(std::is_arithmetic_v<T> || std::is_enum_v<T> || std::is_pointer_v<T> || isText<T> ||
-                    has<ParseValue, T> || parsers != 0,
+  static_assert(!isOneOf<Variable, std::vector<bool>>, "std::vector<bool>: use std::vector<char>");
+  static_assert(Held<T>::holder == Holder::one, "a list or an optional of lists or optionals");
+  static_assert(!isOneOf<T, wchar_t, char16_t, char32_t>, "wide characters are not supported");
+  static_assert(!std::is_pointer_v<T> || isText<T>, "a pointer can only be const char*");
+  static_assert(kindOf<T>() != Kind::object || isText<T> || has<ParseValue, T> || parsers != 0,
                 "a type of your own needs parseValue(const char*, T&) or a parser");
   return {sizeof(VariableType),
           sizeof(T),
@@ -237,7 +231,7 @@ class Option {
   /// Accepts these texts alone; the variable gets the value of the given one.
   Option& choices(std::initializer_list<Choice<Value>> choices) {
     static_assert(tool_glue::kindOf<Value>() != tool_glue::Kind::object,
-                  "choices with values are for numbers, characters and enumerations");
+                  "a text or a type of your own has choices without values");
     for (const Choice<Value>& choice : choices)
       limit(tool_glue::Limit::choice, choice.text, &choice.value);
     return *this;

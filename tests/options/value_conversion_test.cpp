@@ -289,6 +289,14 @@ TEST(ValueToText, UnderOtherTagsThereIsNoText) {
     EXPECT_EQ(nullptr, valueToText(static_cast<variant_type_t>(tag), 1, garbage)) << tag;
 }
 
+TEST(AppendValue, AddsToTheEndOfTheText) {
+  std::string text = "all: ";
+  EXPECT_TRUE(appendValue(vtBool, true, text));
+  EXPECT_TRUE(appendValue(vtString, "one", text));
+  EXPECT_TRUE(appendValue(vtS32, 2, text));
+  EXPECT_EQ("all: 1one2", text);
+}
+
 TEST(Conversion, FollowsTheGlobalLocale) {
   const GlobalLocale global(localeWithDecimalComma());
   EXPECT_EQ("1.234.567", textOf(vtS32, 1234567));

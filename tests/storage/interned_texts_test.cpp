@@ -167,12 +167,40 @@ TEST(InternedTexts, StayUnchangedWhenMemoryRunsOut) {
   }
 }
 
+// Up to some number, texts are compared one by one: all of those before a text, and the text.
 TEST_F(Interned, StepsAreCounted) {
   EXPECT_EQ(0u, texts.countSteps());
-  texts.intern("a");
-  EXPECT_EQ(1u, texts.countSteps());
-  texts.intern("b");
-  EXPECT_LE(2u, texts.countSteps());
+  std::deque<string> all;
+  while (all.size() < 15)
+    texts.intern(all.emplace_back(std::to_string(all.size())).c_str());
+  EXPECT_EQ(120u, texts.countSteps());
+  texts.intern("one more");
+  EXPECT_LE(16u, texts.countSteps());
+  EXPECT_GT(100u, texts.countSteps());
+  while (all.size() < 300)
+    texts.intern(all.emplace_back(std::to_string(all.size())).c_str());
+  EXPECT_LE(301u, texts.countSteps());
+  EXPECT_GT(700u, texts.countSteps());
+}
+
+// The mark of a text may be any bit of 64.
+TEST(InternedTexts, AreFoundWhateverTheyBeginWith) {
+  for (int character = 1; character < 256; ++character) {
+    OwnedMemoryOf<640> memory;
+    InternedTexts texts(memory);
+    const string text(1, static_cast<char>(character));
+    EXPECT_EQ(text.c_str(), texts.intern(text.c_str()));
+    EXPECT_EQ(text.c_str(), texts.intern(string(text).c_str())) << character;
+  }
+}
+
+TEST_F(Interned, EqualTextsHaveOneAddressAtEverySize) {
+  std::deque<string> all;
+  for (int size = 1; size <= 140; ++size) {
+    texts.intern(all.emplace_back("text " + std::to_string(size)).c_str());
+    for (const string& text : all)
+      ASSERT_EQ(text.c_str(), texts.intern(string(text).c_str())) << size;
+  }
 }
 
 }  // namespace

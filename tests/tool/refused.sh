@@ -42,7 +42,7 @@ refuses "$isConst" 'const int number = 1; tool.option("n", number, "");'
 refuses "$isConst" 'const std::string text; tool.operand("n", text, "");'
 refuses "$isConst" 'const std::vector<int> list; tool.rest("n", list, "");'
 
-isPointer="of all pointers, only const char* can receive a value"
+isPointer="a pointer can only be const char*"
 refuses "$isPointer" 'int* number = nullptr; tool.option("n", number, "");'
 refuses "$isPointer" 'char* text = nullptr; tool.option("n", text, "");'
 refuses "$isPointer" 'const void* any = nullptr; tool.option("n", any, "");'
@@ -50,16 +50,16 @@ refuses "$isPointer" 'const unsigned char* text = nullptr; tool.option("n", text
 refuses "$isPointer" 'const wchar_t* text = nullptr; tool.option("n", text, "");'
 refuses "$isPointer" 'std::vector<int*> list; tool.rest("n", list, "");'
 
-isNested="a list or an optional inside of another one is not supported"
+isNested="a list or an optional of lists or optionals"
 refuses "$isNested" 'std::optional<std::vector<int>> list; tool.option("n", list, "");'
 refuses "$isNested" 'std::vector<std::optional<int>> list; tool.option("n", list, "");'
 refuses "$isNested" 'std::vector<std::vector<int>> list; tool.rest("n", list, "");'
 refuses "$isNested" 'std::optional<std::optional<int>> one; tool.option("n", one, "");'
 
-refuses "std::vector<bool> is not supported: use std::vector<char>" \
+refuses "std::vector<bool>: use std::vector<char>" \
   'std::vector<bool> list; tool.option("n", list, "");'
 
-isWide="wide characters are not supported: use char or std::string"
+isWide="wide characters are not supported"
 refuses "$isWide" 'wchar_t letter = 0; tool.option("n", letter, "");'
 refuses "$isWide" 'char16_t letter = 0; tool.option("n", letter, "");'
 refuses "$isWide" 'std::optional<char32_t> letter; tool.option("n", letter, "");'
@@ -82,7 +82,7 @@ refuses "$isRange" 'char letter = 0; tool.option("n", letter, "").range(0, 9);'
 refuses "$isRange" 'bool truth = false; tool.flag("n", truth, "").range(false, true);'
 refuses "$isRange" 'Tone tone{}; tool.option("n", tone, "").range(Tone::warm, Tone::cold);'
 
-refuses "choices with values are for numbers, characters and enumerations" \
+refuses "a text or a type of your own has choices without values" \
   'std::string text; tool.option("n", text, "").choices({{"a", "b"}, {"c", "d"}});'
 
 refuses "a check returns what was expected: null or an empty text accepts the value" \
