@@ -206,9 +206,11 @@ void GivenValues::give(Declaration& declaration) {
   ++declaration.given;
 }
 
-void GivenValues::giveTruth(Declaration& declaration, bool truth) {
-  give(declaration);
-  take(declaration, "", truth);
+bool GivenValues::giveTruth(Declaration& declaration, bool truth) {
+  return guarded([&] {
+    give(declaration);
+    take(declaration, truth ? "true" : "false", truth);
+  });
 }
 
 void GivenValues::takeOperand(const char* text) {

@@ -32,8 +32,8 @@ class GivenValues final : public EventHandler {
 
   /// Counts an option without a value.
   void give(Declaration& declaration);
-  /// A value for a boolean that does not come from the parser.
-  void giveTruth(Declaration& declaration, bool truth);
+  /// A value for a boolean that does not come from the parser. Returns whether it was accepted.
+  bool giveTruth(Declaration& declaration, bool truth);
 
   /// Why a value was refused; empty if none was.
   const std::string& failure() const { return m_failure; }

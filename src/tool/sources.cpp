@@ -54,11 +54,12 @@ int readTruth(Declaration& declaration, const std::string& text, GivenValues& va
               std::string& failure) {
   if (!isTrue(text) && !isFalse(text))
     return refuse(declaration, "1, 0, true or false", failure);
-  if (declaration.use == Use::option)
-    values.giveTruth(declaration, isTrue(text));
-  else if (isTrue(text))
+  if (declaration.use != Use::option && isTrue(text))
     values.give(declaration);
-  return status::success;
+  if (declaration.use != Use::option || values.giveTruth(declaration, isTrue(text)))
+    return status::success;
+  failure = "Environment variable " + declaration.environment + ": " + values.failure();
+  return values.failureStatus();
 }
 
 int readCount(Declaration& declaration, const std::string& text, GivenValues& values,

@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <functional>
 #include <new>
 #include <stdexcept>
@@ -240,6 +241,56 @@ TEST(ToolDeclarations, AChoiceIsCheckedAndRangedToo) {
   tool.option("level", level, "").choices({"1", "20"}).range(1, 9);
   EXPECT_EQ(2, tool.run({"--level=20"}));
   EXPECT_EQ(refused("Option 'level' does not take '20', expected: 1 to 9"), tool.err);
+}
+
+// A variable of the environment for the lifetime of this object.
+class Environment {
+ public:
+  Environment(const char* name, const char* text) : m_name(name) { setenv(name, text, 1); }
+  Environment(const Environment&) = delete;
+  Environment& operator=(const Environment&) = delete;
+  ~Environment() { unsetenv(m_name); }
+
+ private:
+  const char* m_name;
+};
+
+TEST(ToolDeclarations, AValueThatLosesIsCheckedAndDeliveredToNobody) {
+  int number = 1;
+  std::string called;
+  const auto call = [&](const char* text) { called += text; };
+  const Environment first("TRIED_NUMBER", "5");
+  const Environment second("TRIED_EACH", "lost");
+  Tried tool;
+  tool.option("number", number, "").env("TRIED_NUMBER").range(1, 9);
+  tool.each("each", call, "").env("TRIED_EACH");
+  EXPECT_EQ(-1, tool.run({"--number=2", "--each=won"}));
+  EXPECT_EQ(2, number);
+  EXPECT_EQ("won", called);
+  Tried other;
+  other.option("number", number, "").env("TRIED_NUMBER").range(1, 4);
+  EXPECT_EQ(2, other.run({"--number=3"}));
+  EXPECT_EQ(refused("Environment variable TRIED_NUMBER: Option 'number' does not take '5',"
+                    " expected: 1 to 4"),
+            other.err);
+  EXPECT_EQ(2, number);
+}
+
+TEST(ToolDeclarations, ATruthOfTheEnvironmentIsCheckedToo) {
+  bool truth = false;
+  const Environment variable("TRIED_TRUTH", "1");
+  const auto check = [](bool given) { return given ? "another day" : ""; };
+  Tried tool;
+  tool.option("truth", truth, "").env("TRIED_TRUTH").check(check);
+  EXPECT_EQ(2, tool.run({}));
+  EXPECT_EQ(refused("Environment variable TRIED_TRUTH: Option 'truth' does not take 'true',"
+                    " expected: another day"),
+            tool.err);
+  EXPECT_FALSE(truth);
+  Tried other;
+  other.option("truth", truth, "").env("TRIED_TRUTH");
+  EXPECT_EQ(-1, other.run({}));
+  EXPECT_TRUE(truth);
 }
 
 TEST(ToolDeclarations, GivenTellsHowOften) {
