@@ -162,7 +162,14 @@ bool GivenValues::guarded(Work work) {
   return m_failureStatus == 0;
 }
 
+bool GivenValues::isNotifiedBy(IParser& parser) {
+  m_isNotified = false;
+  parser.onOptionParse("");
+  return m_isNotified;
+}
+
 bool GivenValues::onOptionParse(const char* name) {
+  m_isNotified = true;
   return guarded([&] {
     Declaration* const declaration = m_scope.withFirstName(name);
     if (declaration == nullptr || declaration->isOperand())

@@ -27,6 +27,9 @@ class GivenValues final : public EventHandler {
   /// A value `mark` stands for the next one of these texts, which the parser would not take.
   void replaceMarks(std::string mark, std::deque<std::string> texts);
 
+  /// Whether events of the parser arrive here: it cannot tell that it had no memory for a handler.
+  bool isNotifiedBy(IParser& parser);
+
   bool onOptionParse(const char* name) override;
   bool onValueParse(const char* name, const Value& value) override;
 
@@ -52,6 +55,7 @@ class GivenValues final : public EventHandler {
   bool guarded(Work work);
 
   const Scope& m_scope;
+  bool m_isNotified = false;
   Source m_source = Source::none;
   std::size_t m_operands = 0;
   OperandReader m_reader;

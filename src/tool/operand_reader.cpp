@@ -14,11 +14,16 @@ namespace {
 
 class Collector final : public EventHandler {
  public:
+  bool onOptionParse(const char*) override {
+    isNotified = true;
+    return true;
+  }
   bool onValueParse(const char*, const Value& value) override {
     values.emplace_back(value.text, value.value);
     return true;
   }
 
+  bool isNotified = false;  // false if the parser had no memory for the handler
   std::vector<OperandValue> values;
 };
 
@@ -44,10 +49,10 @@ std::vector<OperandValue> OperandReader::read(const Declaration& declaration, co
   const char* const arguments[] = {"", "--", text};
   const int status = parser->parseArgsVector(3, arguments, nullptr);
   parser->removeHandler(&collector);
+  if (!collector.isNotified || (status != status::success && status != status::usageError))
+    throw std::bad_alloc();
   if (status == status::usageError)
     return {};
-  if (status != status::success)
-    throw std::bad_alloc();
   return std::move(collector.values);
 }
 

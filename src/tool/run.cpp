@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <iterator>
 #include <new>
 #include <optional>
 #include <string_view>
@@ -108,18 +109,18 @@ class CommandLine {
   /// Gives the variables their values and calls the functions of options.
   std::optional<int> deliver() {
     std::vector<std::pair<unsigned int, std::pair<Declaration*, const char*>>> calls;
-    for (const auto* list : {&m_scope.options(), &m_scope.operands()}) {
-      for (Declaration* declaration : *list) {
-        if (declaration->source == Source::none || !isDelivered(*declaration))
-          continue;
-        deliver(*declaration);
-        for (const PlacedText& text : declaration->texts) {
-          if (declaration->use == Use::each)
-            calls.push_back({text.place, {declaration, text.text.c_str()}});
-        }
+    const std::vector<Declaration*> delivered = toDeliver();
+    for (Declaration* declaration : delivered) {
+      if (!declaration->deprecated.empty())
+        print(m_tool, m_tool.root().name + ": " + isDeprecated(*declaration) + '\n', true);
+      for (const PlacedText& text : declaration->texts) {
+        if (declaration->use == Use::each)
+          calls.push_back({text.place, {declaration, text.text.c_str()}});
       }
     }
     std::sort(calls.begin(), calls.end());
+    for (Declaration* declaration : delivered)  // needs no memory: all variables are set, or none
+      deliver(*declaration);
     try {
       for (const auto& [place, call] : calls)
         callWith(*call.first, call.second);
@@ -140,13 +141,15 @@ class CommandLine {
     m_values.startSource(Source::commandLine);
     m_values.replaceMarks(m_arguments.mark(), m_arguments.marked());
     const ResultHandle result = makeResult(parser);
-    if (!result)
+    if (!result || !m_values.isNotifiedBy(parser))
       throw std::bad_alloc();
     const auto& words = m_arguments.words();
     const int status =
         parser.parseArgsVector(static_cast<int>(words.size()), words.data(), result.get());
     if (m_values.failureStatus() != 0)
       return statusOf(m_tool, m_values.failureStatus(), m_values.failure());
+    if (status == status::unidentifiedProblem)  // of the parser itself: it had no memory
+      throw std::bad_alloc();
     if (status != status::success) {
       const std::string reason = parser.getErrorDesc();
       return statusOf(m_tool, status, reason + suggestionFor(m_scope, m_arguments, reason));
@@ -165,8 +168,18 @@ class CommandLine {
     return failure.empty() ? std::nullopt : std::optional<int>(refused(m_tool, failure));
   }
 
-  bool isDelivered(const Declaration& declaration) const {
-    return declaration.source == Source::commandLine || isConcerned(declaration, m_values);
+  // What was given and concerns the command line.
+  std::vector<Declaration*> toDeliver() const {
+    std::vector<Declaration*> delivered;
+    for (const auto* list : {&m_scope.options(), &m_scope.operands()}) {
+      std::copy_if(
+          list->begin(), list->end(), std::back_inserter(delivered),
+          [&](const Declaration* declaration) {
+            return declaration->source == Source::commandLine ||
+                   (declaration->source != Source::none && isConcerned(*declaration, m_values));
+          });
+    }
+    return delivered;
   }
 
   // What is required and was not given.
@@ -205,8 +218,6 @@ class CommandLine {
   }
 
   void deliver(Declaration& declaration) {
-    if (!declaration.deprecated.empty())
-      print(m_tool, m_tool.root().name + ": " + isDeprecated(declaration) + '\n', true);
     if (declaration.use == Use::flag && declaration.variable != nullptr)
       *static_cast<bool*>(declaration.variable) = true;
     else if (declaration.use == Use::count)

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <new>
 #include <system_error>
 #include <vector>
 
@@ -31,6 +32,8 @@ int parseInto(IParser& parser, GivenValues& values, std::vector<const char*> arg
     failure += values.failure();
     return values.failureStatus();
   }
+  if (status == status::unidentifiedProblem)  // of the parser itself: it had no memory
+    throw std::bad_alloc();
   if (status != status::success)
     failure += parser.getErrorDesc();
   return status;

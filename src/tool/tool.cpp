@@ -71,6 +71,15 @@ int tellOfMemory(const ToolData* tool) {
   return status::exceptionCaught;
 }
 
+// Null if there is no memory for it, or for an empty container in it.
+ToolData* makeData() noexcept {
+  try {
+    return new ToolData;
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
+
 // The arguments of a tool; those of a command are known already.
 std::vector<const char*> wordsOf(const ToolData& tool, int argc, const char* const* argv) {
   std::vector<const char*> words = tool.words;
@@ -141,7 +150,7 @@ using tool_glue::ToolData;
 using tool_glue::Use;
 
 Tool::Tool(const char* name, const char* summary, const char* version) noexcept
-    : m_data(new (std::nothrow) ToolData) {
+    : m_data(tool_glue::makeData()) {
   remembering(m_data, [&] {
     m_data->handle = this;
     m_data->name = orEmpty(name);
