@@ -2,6 +2,7 @@
 #include <string>
 #include <vector>
 
+#include "support/console_capture.h"
 #include "tried.h"
 
 // Empty values, lone dashes, and the words with which the layer hands them to the parser.
@@ -118,6 +119,21 @@ TEST(ToolArguments, WhatStandsAfterTwoDashesIsOperands) {
             read({"--text=x", "a", "--", "--text=y", "--", "--help", "-t"}));
 }
 
+TEST(ToolArguments, HelpWinsOverErrorsButNotOverValues) {
+  for (const std::initializer_list<const char*> words :
+       {std::initializer_list<const char*>{"--number=x", "--help"},
+        {"--wrong", "-h"},
+        {"--number", "-h"},
+        {"stray", "--he"}}) {
+    int number = 0;
+    Tried tool;
+    tool.option("number", number, "");
+    EXPECT_EQ(0, tool.run(words));
+    EXPECT_EQ(tool.help(), tool.out);
+  }
+  EXPECT_EQ("text=[--help] each= rest=[-h]", read({"--text=--help", "--", "-h"}));
+}
+
 TEST(ToolArguments, AValueThatLooksLikeAnOptionIsToldSo) {
   EXPECT_EQ(refused("Option 'text' received value from the next argument: '--each', but it seems to"
                     " be an option. Use '-option=value' declaration form or make sure that value is"
@@ -130,7 +146,15 @@ TEST(ToolArguments, AValueThatLooksLikeAnOptionIsToldSo) {
   EXPECT_EQ(refused("Option 'text' requires a value in argument: '--text'"), read({"--text"}));
 }
 
-TEST(ToolArguments, TheTraceSwitchIsNoOperand) {
+TEST(ToolArguments, TheTraceSwitchIsNoOperandIfItComesFirst) {
+  const testing::ConsoleCapture console;
+  EXPECT_EQ("text=[default] each= rest=[x]", read({"kivooption=kivologenable=1", "x"}));
+  EXPECT_NE("", console.out() + console.err());
+  EXPECT_EQ("text=[default] each= rest=[x][kivooption=kivologenable=1]",
+            read({"x", "kivooption=kivologenable=1"}));
+}
+
+TEST(ToolArguments, AnotherSwitchOfTheLibraryIsAnOperand) {
   Tried tool;
   EXPECT_EQ(2, tool.run({"kivooption=other"}));
   EXPECT_EQ(refused("Unexpected argument: kivooption=other"), tool.err);

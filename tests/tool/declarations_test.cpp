@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "support/console_capture.h"
 #include "tried.h"
 
 // What a tool declares, and what the modifiers of a declaration ask for.
@@ -92,6 +93,7 @@ TEST(ToolDeclarations, EachIsCalledInTheOrderOfTheCommandLineAcrossOptions) {
 
 TEST(ToolDeclarations, EachKeepsItsChoicesAndItsChecks) {
   std::string called;
+  const testing::ConsoleCapture console;
   const auto call = [&](const char* text) { called += text; };
   Tried tool;
   tool.each("tone", call, "").choices({"warm", "cold"}).deprecatedChoice("mild", "warm");
@@ -195,6 +197,7 @@ TEST(ToolDeclarations, ADeprecatedChoiceGivesTheValueOfTheOtherOne) {
   std::string text;
   Tone tone = Tone::warm;
   Tone operand = Tone::warm;
+  const testing::ConsoleCapture console;
   Tried tool;
   tool.option("text", text, "").choices({"old", "new"}).deprecatedChoice("ancient", "new");
   tool.option("tone", tone, "")
