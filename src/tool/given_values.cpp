@@ -186,7 +186,7 @@ bool GivenValues::onOptionParse(const char* name) {
 bool GivenValues::onValueParse(const char* name, const Value& value) {
   return guarded([&] {
     Declaration* const declaration = m_scope.withFirstName(name);
-    if (declaration == nullptr || value.text == nullptr)
+    if (declaration == nullptr)
       return;
     const bool isMark = !m_mark.empty() && m_mark == value.text && !m_marked.empty();
     std::string original;

@@ -1,3 +1,5 @@
+#include <kivo/parser.h>
+
 #include <cstdlib>
 #include <functional>
 #include <new>
@@ -427,6 +429,15 @@ TEST(ToolDeclarations, AnOperandIsNoOptionAndDisturbsNoAbbreviation) {
   other.operand("file", file, "");
   EXPECT_EQ(2, other.run({"--file=x"}));
   EXPECT_EQ(refused("Unknown option: --file=x"), other.err);
+}
+
+TEST(ToolDeclarations, AnOptionOfTheParserDisturbsNoDeclaration) {
+  int number = 0;
+  Tried tool;
+  tool.option("number", number, "");
+  tool.parser()->option("own", "", vtString);
+  EXPECT_EQ(-1, tool.run({"--own", "x", "--number=3"}));
+  EXPECT_EQ(3, number);
 }
 
 TEST(ToolDeclarations, ModifiersChainInAnyOrder) {

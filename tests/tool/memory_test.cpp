@@ -21,7 +21,7 @@ struct Variables {
   std::vector<int> numbers;
 };
 
-// Declares and parses. The status is -1 if the tool should go on.
+// Declares and parses. The status of the action is -1.
 int run(Variables& variables) {
   Tool tool("tool", "Tries a tool.", "1.0");
   tool.output([](const char*, bool) {});
@@ -31,9 +31,11 @@ int run(Variables& variables) {
   tool.option("words", variables.words, "").split(',');
   tool.count("v", variables.count, "");
   tool.rest("numbers", variables.numbers, "");
-  const char* const words[] = {"tool",     "-n", "3", "--text=", "--words=a,a text that is long",
-                               "--tone=w", "-v", "7", "8"};
-  return tool.parse(9, words).value_or(-1);
+  tool.action("go", "", [] { return -1; });
+  const char* const words[] = {
+      "tool",     "--go", "-n", "3", "--text=", "--words=a,a text that is long",
+      "--tone=w", "-v",   "7",  "8"};
+  return tool.parse(10, words).value_or(0);
 }
 
 class ToolMemory : public ::testing::TestWithParam<Failing> {};
