@@ -69,6 +69,8 @@ std::string choiceText(const Declaration& declaration, const void* value) {
   return "";
 }
 
+}  // namespace
+
 std::string valueText(const Declaration& declaration, const void* value) {
   const VariableType& type = *declaration.type;
   if (type.kind == Kind::enumeration || (isNumber(type) && !declaration.choices.empty()))
@@ -83,8 +85,6 @@ std::string valueText(const Declaration& declaration, const void* value) {
   type.show(value, shown);
   return shown.characters;
 }
-
-}  // namespace
 
 std::string rangeText(const Declaration& declaration) {
   if (declaration.lowest.empty())
