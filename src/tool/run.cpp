@@ -195,7 +195,7 @@ class CommandLine {
     }
     for (const ToolData* tool = &m_tool; tool != nullptr; tool = tool->parent) {
       for (const Group& group : tool->groups) {
-        const std::string failure = wrongIn(*tool, group);
+        std::string failure = wrongIn(*tool, group);
         if (!failure.empty())
           return failure;
       }
@@ -328,7 +328,7 @@ int writeDescription(ToolData& tool) {
   annotateOrThrow(*tool.parser, nullptr, "dashes", "two");
   annotateOrThrow(*tool.parser, nullptr, "loneDash", "operand");
   for (const std::string& footer : tool.footers)
-    annotateOrThrow(*tool.parser, nullptr, "footer", footer.c_str());
+    annotateOrThrow(*tool.parser, nullptr, "footer", footer);
   const std::string text =
       describe(*tool.parser, {tool.name.c_str(), tool.version.c_str(), tool.summary.c_str()},
                commands.data(), static_cast<unsigned int>(commands.size()));
