@@ -59,6 +59,13 @@ TEST_F(Commands, MayBeCutShort) {
   EXPECT_EQ("list", called);
 }
 
+TEST_F(Commands, InFullAreNotAmbiguous) {
+  tool.command("package", "Make a package.",
+               [this](Tool& inner) { return note(inner, "package"); });
+  EXPECT_EQ(7, tool.run({"pack", "a"}));
+  EXPECT_EQ("pack a", called);
+}
+
 TEST_F(Commands, AreRefusedIfCutTooShort) {
   EXPECT_EQ(2, tool.run({"pa", "a"}));
   EXPECT_EQ(
@@ -315,6 +322,15 @@ TEST(CommandOptions, DoNotMakeAmbiguousWhatWasTypedBeforeTheCommand) {
   EXPECT_FALSE(ofCommand);
 }
 
+TEST(CommandOptions, MayBeTurnedOffBeforeTheCommandByANameThatBeginsAnother) {
+  bool ofTool = true;
+  Tried tool;
+  tool.option("verb,no-verbs", ofTool, "Of the tool.");
+  tool.command("pack", "Pack files.", [](Tool& inner) { return inner.parse().value_or(7); });
+  EXPECT_EQ(7, tool.run({"--no-verb", "pack"})) << tool.err;
+  EXPECT_FALSE(ofTool);
+}
+
 TEST(CommandOptions, TakeTheNextWordWhereLongerCommandsGoOn) {
   std::string name;
   Tried tool;
@@ -324,7 +340,7 @@ TEST(CommandOptions, TakeTheNextWordWhereLongerCommandsGoOn) {
   });
   tool.command("remote add", "Add a remote.",
                [](Tool& inner) { return inner.parse().value_or(8); });
-  EXPECT_EQ(7, tool.run({"remote", "--name", "here", "--name", "add"})) << tool.err;
+  EXPECT_EQ(7, tool.run({"remote", "--name", "add", "--name", "add"})) << tool.err;
   EXPECT_EQ("add", name);
 }
 

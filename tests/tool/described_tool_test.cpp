@@ -132,12 +132,12 @@ TEST_F(Described, OperandsKeepTheirOrderAndNamesThatNobodyTypes) {
   EXPECT_EQ(R"({"names":[" from"],"kind":"option","type":"integer","description":"From.",)"
             R"("section":"","hidden":false,"separator":null,"positional":true,"default":"5"})",
             option(" from"));
-  EXPECT_EQ(
-      R"({"names":[" to"],"kind":"option","type":"string","description":"To.",)"
-      R"("section":"","hidden":false,"separator":",","positional":true})"
-      R"(],"together":[],"unknownArguments":"error","dashArguments":"options",)"
-      R"("leftoverArguments":"positional","annotations":{"dashes":["two"],"loneDash":["operand"]}})",
-      option(" to"));
+  EXPECT_EQ(R"({"names":[" to"],"kind":"option","type":"string","description":"To.",)"
+            R"("section":"","hidden":false,"separator":",","positional":true})"
+            R"(],"together":[],"unknownArguments":"error","dashArguments":"options",)"
+            R"("leftoverArguments":"positional",)"
+            R"("annotations":{"dashes":["two"],"loneDash":["operand"]}})",
+            option(" to"));
 }
 
 TEST_F(Described, ToolsTellTheirFooters) {
