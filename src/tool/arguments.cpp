@@ -9,6 +9,7 @@ namespace kivo_3_3::tool_glue {
 namespace {
 
 constexpr std::string_view loneDash = "-";
+constexpr std::string_view traceSwitch = "kivooption=kivologenable=1";
 constexpr char markBegin = '\1';
 
 // The numbers that stand after a character of marks in the word.
@@ -28,6 +29,19 @@ bool splitsMarks(const Declaration& declaration) {
          (declaration.separator >= '0' && declaration.separator <= '9');
 }
 
+// Whether a name in full or cut short is the "no-" form of a boolean.
+bool turnsOff(const Declaration& declaration, const std::string& typed) {
+  if (parserType(declaration) != vtBool)
+    return false;
+  bool begins = false;
+  for (const std::string& name : declaration.names) {
+    if ("no-" + name == typed)
+      return true;
+    begins |= name.compare(0, typed.size(), typed) == 0;
+  }
+  return !begins;
+}
+
 }  // namespace
 
 Word wordOf(std::string_view text) {
@@ -40,17 +54,20 @@ Word wordOf(std::string_view text) {
   return word;
 }
 
+bool isValue(std::string_view text) { return text.empty() || text[0] != '-' || text == loneDash; }
+
 bool isSwitch(const std::vector<const char*>& words, std::size_t index) {
   return index == 1 && words[1] == std::string_view("kivooption=kivologenable=1");
 }
 
-Arguments::Arguments(const Scope& scope, const std::vector<const char*>& words)
-    : m_scope(scope), m_words(words) {
+Arguments::Arguments(const Scope& scope, const ToolData& tool,
+                     const std::vector<const char*>& words)
+    : m_scope(scope), m_early(tool.early), m_words(words) {
   m_result.reserve(words.size());
   m_result.push_back(words.front());
   for (; m_index < words.size(); ++m_index) {
     const Word word = m_isEnded ? Word{Word::operand, "", "", false} : wordOf(words[m_index]);
-    if (isSwitch(words, m_index)) {
+    if (tool.mayHaveSwitch && m_index == 1 && words[1] == traceSwitch) {
       m_result.push_back(words[m_index]);
     } else if (word.sort == Word::operand) {
       takeOperand(words[m_index]);
@@ -68,20 +85,33 @@ void Arguments::takeOperand(const char* text) {
   const bool isRest = !operands.empty() && operands.back()->use == Use::rest;
   if (m_operands++ >= operands.size() && !isRest && m_stray == nullptr && m_unknown.empty())
     m_stray = text;
-  const bool isTaken = *text != '\0' && (m_isEnded || text != loneDash);
+  const bool isTaken =
+      *text != '\0' && (m_isEnded || text != loneDash) && !isSwitch(m_words, m_index);
   m_result.push_back(isTaken ? text : marked(text));
 }
 
 void Arguments::takeOption(const Word& word) {
-  const Declaration* const declaration = m_scope.resolve(word.name.c_str());
+  const auto early = m_early.find(m_index);
+  const Declaration* const declaration =
+      early != m_early.end() ? early->second : m_scope.resolve(word.name.c_str());
   if (declaration == nullptr)
     m_unknown.push_back(word.name);
   else if (declaration->isBuiltIn && m_asked == nullptr)
     m_asked = declaration;
   if (declaration != nullptr && declaration->takesValue() && word.value.empty())
     takeNext(*declaration, word);
+  else if (early != m_early.end())
+    takeEarly(*declaration, word);
   else
     m_result.push_back(m_words[m_index]);
+}
+
+// An option before the words of a command, whose options may have made its name ambiguous.
+void Arguments::takeEarly(const Declaration& declaration, const Word& word) {
+  const std::string value = word.hasValue ? '=' + word.value : "";
+  const char* const off = turnsOff(declaration, word.name) ? "no-" : "";
+  m_result.push_back(
+      m_made.emplace_back("--" + (off + m_scope.nameOf(declaration)) + value).c_str());
 }
 
 // An option without a value in its own word.
@@ -99,7 +129,7 @@ void Arguments::takeNext(const Declaration& declaration, const Word& word) {
     m_result.push_back(m_made.emplace_back(start + next).c_str());
     return;
   }
-  m_result.push_back(m_words[m_index]);
+  m_result.push_back(m_made.emplace_back(start.substr(0, start.size() - 1)).c_str());
   if (next != nullptr && *next != '-') {
     m_result.push_back(next);
     ++m_index;

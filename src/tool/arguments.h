@@ -22,12 +22,16 @@ struct Word {
 };
 Word wordOf(std::string_view text);
 
+/// Whether an option takes the word after it as its value.
+bool isValue(std::string_view text);
+
 /// Whether the word is the first argument and turns on the trace of the library.
 bool isSwitch(const std::vector<const char*>& words, std::size_t index);
 
 class Arguments {
  public:
-  Arguments(const Scope& scope, const std::vector<const char*>& words);
+  /// `tool` is that of the words, which may be a command.
+  Arguments(const Scope& scope, const ToolData& tool, const std::vector<const char*>& words);
 
   /// The arguments for the parser, with the name of the tool.
   const std::vector<const char*>& words() const { return m_result; }
@@ -44,11 +48,13 @@ class Arguments {
  private:
   void takeOperand(const char* text);
   void takeOption(const Word& word);
+  void takeEarly(const Declaration& declaration, const Word& word);
   void takeNext(const Declaration& declaration, const Word& word);
   const char* marked(const std::string& original);
   void chooseMark();
 
   const Scope& m_scope;
+  const EarlyOptions& m_early;
   const std::vector<const char*>& m_words;
   std::size_t m_index = 1;
   bool m_isEnded = false;

@@ -1,10 +1,13 @@
 #include "tool/command_search.h"
 
+#include <new>
+#include <optional>
 #include <set>
 #include <utility>
 
 #include "tool/arguments.h"
 #include "tool/messages.h"
+#include "tool/running_command.h"
 #include "tool/suggestions.h"
 
 namespace kivo_3_3::tool_glue {
@@ -30,9 +33,28 @@ const Command* commandWith(const ToolData& tool, const std::string& words) {
   return nullptr;
 }
 
+// The declarations of a command and its tool.
+class DeclaredCommand {
+ public:
+  DeclaredCommand(ToolData& tool, const Command& command) : m_running(tool, command) {
+    m_running.declare();
+    if (!m_parser)
+      throw std::bad_alloc();
+    m_scope.emplace(m_running.data, *m_parser, Purpose::parse);
+  }
+
+  const Command& command() const { return *m_running.data.command; }
+  const Scope& scope() const { return *m_scope; }
+
+ private:
+  RunningCommand m_running;
+  ParserHandle m_parser = makeParser();
+  std::optional<Scope> m_scope;
+};
+
 class Search {
  public:
-  Search(const ToolData& tool, const Scope& scope, const std::vector<const char*>& words)
+  Search(ToolData& tool, const Scope& scope, const std::vector<const char*>& words)
       : m_tool(tool), m_scope(scope), m_words(words) {}
 
   FoundCommand run() {
@@ -55,39 +77,48 @@ class Search {
   }
 
   void takeOption(const Word& word) {
-    const Declaration* const declaration = m_scope.resolve(word.name.c_str());
+    Declaration* const declaration = scope().resolve(word.name.c_str());
     if (declaration == nullptr)
       return;
+    if (m_found.command == nullptr)
+      m_found.early.emplace(m_found.remainingWords.size() - 1, declaration);
     if (declaration->isBuiltIn && m_found.command == nullptr) {
       m_found.asked = declaration;
       m_isOver = true;
     }
     const bool isNextTaken = declaration->takesValue() && word.value.empty() &&
                              !(word.hasValue && declaration->takesAnyText());
-    if (isNextTaken && m_index + 1 < m_words.size() &&
-        wordOf(m_words[m_index + 1]).sort == Word::operand)
+    if (isNextTaken && m_index + 1 < m_words.size() && isValue(m_words[m_index + 1]))
       m_found.remainingWords.push_back(m_words[++m_index]);
   }
 
   // Whether the word belongs to the command.
   bool takeAsCommand(const Word& word, const std::string& text) {
-    if (word.sort == Word::end)
+    if (word.sort == Word::end || !m_found.failure.empty())
       return false;
     const std::vector<std::string> next = nextWords(m_tool, m_found.words);
     std::vector<std::string> fitting;
     for (const std::string& one : next) {
       if (one == text)
         return go(one);
-      if (one.compare(0, text.size(), text) == 0)
+      if (!text.empty() && one.compare(0, text.size(), text) == 0)
         fitting.push_back(one);
     }
     if (fitting.size() == 1)
       return go(fitting.front());
-    m_isOver = true;
+    m_isOver = m_found.command != nullptr;  // else help may follow
     if (m_found.command == nullptr)
       m_found.failure = fitting.empty() ? isUnknownCommand(text) + didYouMean(nearest(next, text))
                                         : isAmbiguousCommand(text, fitting);
     return false;
+  }
+
+  const Scope& scope() {
+    if (m_found.command == nullptr)
+      return m_scope;
+    if (!m_declared || &m_declared->command() != m_found.command)
+      m_declared.emplace(m_tool, *m_found.command);
+    return m_declared->scope();
   }
 
   bool go(const std::string& word) {
@@ -97,17 +128,18 @@ class Search {
     return true;
   }
 
-  const ToolData& m_tool;
+  ToolData& m_tool;
   const Scope& m_scope;
   const std::vector<const char*>& m_words;
   std::size_t m_index = 1;
   bool m_isOver = false;
   FoundCommand m_found;
+  std::optional<DeclaredCommand> m_declared;  // of a command with longer ones
 };
 
 }  // namespace
 
-FoundCommand findCommand(const ToolData& tool, const Scope& scope,
+FoundCommand findCommand(ToolData& tool, const Scope& scope,
                          const std::vector<const char*>& words) {
   return Search(tool, scope, words).run();
 }

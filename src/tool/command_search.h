@@ -16,9 +16,11 @@ struct FoundCommand {
   std::string words;                        // those that were typed, in full
   std::string failure;                      // why there is no command
   std::vector<const char*> remainingWords;  // all but those of the command
+  EarlyOptions early;                       // among these
 };
 
-FoundCommand findCommand(const ToolData& tool, const Scope& scope,
-                         const std::vector<const char*>& words);
+/// Calls the function of a command for its declarations if an option follows its words and the
+/// command is the beginning of longer ones: a next word may be the value of that option.
+FoundCommand findCommand(ToolData& tool, const Scope& scope, const std::vector<const char*>& words);
 
 }  // namespace kivo_3_3::tool_glue

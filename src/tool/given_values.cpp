@@ -177,7 +177,7 @@ bool GivenValues::onOptionParse(const char* name) {
     if (declaration->use == Use::action && m_source != Source::commandLine)
       return refuse("An action is given on the command line alone: " +
                     shownName(declaration->firstName()));
-    if (declaration->use == Use::action)
+    if (declaration->use == Use::action && declaration->given == 0)
       m_actions.push_back(declaration);
     give(*declaration);
   });

@@ -119,9 +119,9 @@ std::string placeholderOf(const Declaration& declaration) {
 }
 
 // "-s, --size=SIZE", "--[no-]color"
-std::string optionName(const Declaration& declaration) {
+std::string optionName(const Declaration& declaration, const std::vector<std::string>& names) {
   std::vector<std::string> shown;
-  for (const std::string& name : declaration.names)
+  for (const std::string& name : names)
     shown.push_back(shownName(name));
   std::stable_sort(shown.begin(), shown.end(),
                    [](const std::string& left, const std::string& right) {
@@ -225,14 +225,14 @@ std::string helpPage(const ToolData& tool, const Scope& scope, unsigned int widt
   }
   for (Entry& command : commandsOf(tool, ""))
     sections.add("Commands", std::move(command));
-  for (const Declaration* option : scope.options()) {
-    if (!option->isHidden && option->use == Use::action)
-      sections.add("Actions", {optionName(*option), described(*option)});
-  }
-  for (const Declaration* option : scope.options()) {
-    if (!option->isHidden && option->use != Use::action)
-      sections.add(option->section.empty() ? "Options" : option->section,
-                   {optionName(*option), described(*option)});
+  for (const bool isAction : {true, false}) {
+    for (const Declaration* option : scope.options()) {
+      const std::vector<std::string> names = scope.typedNames(*option);
+      const std::string section = option->section.empty() ? "Options" : option->section;
+      if (!option->isHidden && (option->use == Use::action) == isAction && !names.empty())
+        sections.add(isAction ? "Actions" : section,
+                     {optionName(*option, names), described(*option)});
+    }
   }
   text += sections.laidOut(width);
   for (const std::string& footer : tool.footers)

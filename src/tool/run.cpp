@@ -7,6 +7,7 @@
 #include <iterator>
 #include <new>
 #include <optional>
+#include <set>
 #include <string_view>
 
 #include "tool/arguments.h"
@@ -14,6 +15,8 @@
 #include "tool/console.h"
 #include "tool/help_page.h"
 #include "tool/messages.h"
+#include "tool/mistakes.h"
+#include "tool/running_command.h"
 #include "tool/scope.h"
 #include "tool/sources.h"
 #include "tool/suggestions.h"
@@ -85,6 +88,21 @@ std::string suggestionFor(const Scope& scope, const Arguments& arguments,
   return "";
 }
 
+// The values are notified by the parser while this object exists.
+class Handling {
+ public:
+  Handling(IParser& parser, GivenValues& values) : m_parser(parser), m_values(values) {
+    parser.addHandler(&values);
+  }
+  Handling(const Handling&) = delete;
+  Handling& operator=(const Handling&) = delete;
+  ~Handling() { m_parser.removeHandler(&m_values); }
+
+ private:
+  IParser& m_parser;
+  GivenValues& m_values;
+};
+
 // One parse of a command line by the parser, with what comes from elsewhere.
 class CommandLine {
  public:
@@ -100,10 +118,8 @@ class CommandLine {
     if (const char* const stray = m_arguments.stray(); stray != nullptr)
       return refused(m_tool, isUnexpected(stray));
     IParser& parser = *m_tool.parser;
-    parser.addHandler(&m_values);
-    const std::optional<int> status = readAll(parser);
-    parser.removeHandler(&m_values);
-    return status;
+    const Handling handling(parser, m_values);
+    return readAll(parser);
   }
 
   /// Gives the variables their values and calls the functions of options.
@@ -195,7 +211,7 @@ class CommandLine {
     }
     for (const ToolData* tool = &m_tool; tool != nullptr; tool = tool->parent) {
       for (const Group& group : tool->groups) {
-        const std::string failure = wrongIn(group);
+        std::string failure = wrongIn(*tool, group);
         if (!failure.empty())
           return failure;
       }
@@ -203,18 +219,19 @@ class CommandLine {
     return "";
   }
 
-  std::string wrongIn(const Group& group) const {
-    const auto given = std::count_if(
-        m_scope.options().begin(), m_scope.options().end(), [&](const Declaration* option) {
-          const bool isMember =
-              std::any_of(option->names.begin(), option->names.end(), [&](const std::string& name) {
-                return std::find(group.names.begin(), group.names.end(), name) != group.names.end();
-              });
-          return isMember && option->given != 0;
-        });
+  // One of the options is needed only where at least one of them goes with the actions.
+  std::string wrongIn(const ToolData& tool, const Group& group) const {
+    std::set<const Declaration*> members;
+    for (const std::string& name : group.names) {
+      const Declaration* const member = m_scope.declared(tool, name);
+      if (member != nullptr && isConcerned(*member, m_values))
+        members.insert(member);
+    }
+    const auto given = std::count_if(members.begin(), members.end(),
+                                     [](const Declaration* member) { return member->given != 0; });
     if (given > 1)
       return excludeEachOther(group.names);
-    return given == 0 && group.isNeeded ? oneIsRequired(group.names) : "";
+    return given == 0 && group.isNeeded && !members.empty() ? oneIsRequired(group.names) : "";
   }
 
   void deliver(Declaration& declaration) {
@@ -238,10 +255,21 @@ class CommandLine {
   GivenValues m_values;
 };
 
+// Calls the functions of the actions, up to the first one that fails. Returns none without actions.
+std::optional<int> act(ToolData& tool, const std::vector<Declaration*>& actions) {
+  std::optional<int> status;
+  for (const Declaration* action : actions) {
+    if (status.value_or(status::success) == status::success)
+      status = work(tool, action->function, *tool.handle);
+  }
+  return status;
+}
+
 // Reads the command line of a tool without commands, or of a command.
 bool runAlone(ToolData& tool, const std::vector<const char*>& words, int& status) {
   const Scope scope(tool, *tool.parser, Purpose::parse);
-  const Arguments arguments(scope, words);
+  reportMistakes(tool, scope);
+  const Arguments arguments(scope, tool, words);
   if (arguments.asked() != nullptr) {
     status = printAsked(tool, scope, *arguments.asked());
     return true;
@@ -250,87 +278,71 @@ bool runAlone(ToolData& tool, const std::vector<const char*>& words, int& status
   std::optional<int> ended = line.read();
   if (!ended)
     ended = line.deliver();
-  for (Declaration* action : line.actions()) {
-    if (!ended || *ended == 0) {
-      Text unused;
-      bool isLast = false;
-      ended = action->function(tool.handle, &isLast, unused);
-    }
-  }
+  if (!ended)
+    ended = act(tool, line.actions());
   status = ended.value_or(status::success);
   return ended.has_value();
 }
 
-// A command while its function runs.
-class RunningCommand {
- public:
-  RunningCommand(ToolData& tool, const Command& command) : m_handle(ToolData::handleOf(data)) {
-    data.name = tool.name;
-    data.parent = &tool;
-    data.command = &command;
-    data.handle = &m_handle;
-  }
-  RunningCommand(const RunningCommand&) = delete;
-  RunningCommand& operator=(const RunningCommand&) = delete;
-  ~RunningCommand() { ToolData::release(m_handle); }
-
-  int run() {
-    Text unused;
-    bool isLast = false;
-    const int status = data.command->function(&m_handle, &isLast, unused);
-    if (!data.isParsed)
-      reportMistake("the command '" + data.command->words + "' returned without parse()");
-    return status;
-  }
-
-  ToolData data;
-
- private:
-  Tool m_handle;
-};
-
-int runCommand(ToolData& tool, FoundCommand found) {
+int runCommand(ToolData& tool, FoundCommand found, bool hasSwitch) {
   RunningCommand running(tool, *found.command);
   running.data.words = std::move(found.remainingWords);
+  running.data.early = std::move(found.early);
+  running.data.mayHaveSwitch = hasSwitch;
   return running.run();
 }
 
+// Lists the commands that begin with the words, unless the command line is wrong.
+int withoutCommand(ToolData& tool, const Scope& scope, const FoundCommand& found) {
+  if (!found.failure.empty())
+    return refused(tool, found.failure);
+  const Arguments arguments(scope, tool, found.remainingWords);
+  if (arguments.stray() != nullptr)
+    return refused(tool, isUnexpected(arguments.stray()));
+  const auto& words = arguments.words();
+  const int wrong =
+      tool.parser->parseArgsVector(static_cast<int>(words.size()), words.data(), nullptr);
+  if (wrong != status::success) {
+    const std::string reason = tool.parser->getErrorDesc();
+    return statusOf(tool, wrong, reason + suggestionFor(scope, arguments, reason));
+  }
+  if (found.words.empty())
+    return refused(tool, "A command is required");
+  return printed(tool, commandList(tool, found.words, terminalWidth()));
+}
+
+// Reads the command line of a tool with commands.
 bool runWithCommands(ToolData& tool, const std::vector<const char*>& words, int& status) {
   FoundCommand found;
   {
     const Scope scope(tool, *tool.parser, Purpose::parse);
+    reportMistakes(tool, scope);
     found = findCommand(tool, scope, words);
-    if (found.asked != nullptr) {
+    if (found.asked != nullptr)
       status = printAsked(tool, scope, *found.asked);
-      return true;
-    }
+    else if (found.command == nullptr)
+      status = withoutCommand(tool, scope, found);
   }
-  if (found.command != nullptr)
-    status = runCommand(tool, std::move(found));
-  else if (!found.failure.empty())
-    status = refused(tool, found.failure);
-  else if (!found.words.empty())
-    status = printed(tool, commandList(tool, found.words, terminalWidth()));
-  else
-    status = refused(tool, "A command is required");
+  if (found.asked == nullptr && found.command != nullptr)
+    status = runCommand(tool, std::move(found), words.size() > 1 && isSwitch(words, 1));
   return true;
 }
 
 // Writes the description of the tool, for which each command declares its options.
 int writeDescription(ToolData& tool) {
   const Scope scope(tool, *tool.parser, Purpose::description);
+  reportMistakes(tool, scope);
   std::deque<RunningCommand> running;
   std::vector<CommandInfo> commands;
   for (const Command& command : tool.commands) {
     RunningCommand& one = running.emplace_back(tool, command);
-    one.data.isDescribing = true;
-    one.run();
+    one.declare();
     commands.push_back({command.words.c_str(), command.help.c_str(), &parserOf(one.data)});
   }
-  annotate(*tool.parser, nullptr, "dashes", "two");
-  annotate(*tool.parser, nullptr, "loneDash", "operand");
+  annotateOrThrow(*tool.parser, nullptr, "dashes", "two");
+  annotateOrThrow(*tool.parser, nullptr, "loneDash", "operand");
   for (const std::string& footer : tool.footers)
-    annotate(*tool.parser, nullptr, "footer", footer.c_str());
+    annotateOrThrow(*tool.parser, nullptr, "footer", footer);
   const std::string text =
       describe(*tool.parser, {tool.name.c_str(), tool.version.c_str(), tool.summary.c_str()},
                commands.data(), static_cast<unsigned int>(commands.size()));
@@ -369,16 +381,19 @@ std::string helpOf(ToolData& tool) {
 }
 
 bool run(ToolData& tool, const std::vector<const char*>& words, int& status) {
-  if (std::exchange(tool.isParsed, true))
-    reportMistake("parse() is called twice");
+  if (std::exchange(tool.isParsed, true)) {
+    reportMistake("parse() is called twice by '" + tool.calledName() + "'");
+    status = status::unidentifiedProblem;
+    return true;
+  }
   parserOf(tool);
   addBuiltIn(tool.root());
   if (tool.isDescribing) {
-    const Scope declared(tool, *tool.parser, Purpose::description);
+    reportMistakes(tool, Scope(tool, *tool.parser, Purpose::description));
     status = status::success;
     return true;
   }
-  if (isDescriptionAsked(words)) {
+  if (tool.parent == nullptr && isDescriptionAsked(words)) {
     status = writeDescription(tool);
     return true;
   }

@@ -13,15 +13,17 @@ namespace {
 
 constexpr const char* hiddenSection = "kivo_hidden";
 
-std::string joined(const std::vector<std::string>& parts, char separator) {
-  std::string result;
-  for (const std::string& part : parts)
-    result += (&part == &parts.front() ? "" : std::string(1, separator)) + part;
-  return result;
-}
+// Before a name that only the layer uses.
+constexpr char hiddenMark = '\1';
 
 // Nobody can type it, in full or cut short: the parser splits an argument at white space.
 std::string untypable(const std::string& name) { return ' ' + name; }
+
+// What the parser would split, or take for the end of the name.
+bool canBeTyped(const std::string& name) {
+  const auto isOdd = [](char one) { return static_cast<unsigned char>(one) <= ' ' || one == '='; };
+  return !name.empty() && name[0] != '-' && std::none_of(name.begin(), name.end(), isOdd);
+}
 
 // Whether a choice sets nothing: it has to stand for an enumerator or a truth.
 bool lacksValues(const Declaration& declaration) {
@@ -38,6 +40,24 @@ bool lacksValues(const Declaration& declaration) {
 
 }  // namespace
 
+std::vector<std::string> splitAt(const std::string& text, char separator) {
+  std::vector<std::string> parts(1);
+  for (const char character : text) {
+    if (character == separator)
+      parts.emplace_back();
+    else
+      parts.back() += character;
+  }
+  return parts;
+}
+
+std::string joined(const std::vector<std::string>& parts, char separator) {
+  std::string result;
+  for (const std::string& part : parts)
+    result += (&part == &parts.front() ? "" : std::string(1, separator)) + part;
+  return result;
+}
+
 void reportMistake(const std::string& mistake) {
   BEDROCK::assertion_failed(mistake.c_str(), __FILE__, __LINE__);
 }
@@ -47,6 +67,12 @@ std::string called(const Declaration& declaration) {
                                    "operand", "rest", "config", "action"};
   return std::string(kinds[static_cast<int>(declaration.use)]) + " '" +
          joined(declaration.names, ',') + "'";
+}
+
+void annotateOrThrow(IParser& parser, const char* option, const char* key,
+                     const std::string& text) {
+  if (!annotate(parser, option, key, text.c_str()))
+    throw std::bad_alloc();
 }
 
 variant_type_t parserType(const Declaration& declaration) {
@@ -100,17 +126,26 @@ void Scope::addAll(ToolData& tool) {
 }
 
 void Scope::addOperand(Declaration& declaration) {
+  const std::string name = untypable(declaration.firstName());
+  const auto [taken, isNew] = m_taken.emplace(name, &declaration);
   if (!m_operands.empty() && m_operands.back()->use == Use::rest)
     reportMistake(called(declaration) + " comes after " + called(*m_operands.back()) +
                   ", which takes all operands");
+  else if (!isNew)
+    reportMistake("the name '" + declaration.firstName() + "' is declared twice, by " +
+                  called(*taken->second) + " and by " + called(declaration));
   else
     m_operands.push_back(&declaration);
 }
 
 void Scope::add(Declaration& declaration) {
-  const std::vector<std::string> names = takeNames(declaration);
-  if (names.empty())
+  std::vector<std::string> names = takeNames(declaration);
+  if (names.empty() && declaration.isBuiltIn)
     return;
+  if (names.empty())  // can be given before the words of the command, and by its environment
+    names.push_back(hiddenMark + declaration.firstName());
+  if (names.size() > 3 || (names.size() == 3 && names.back().size() > 2))
+    return reportMistake(called(declaration) + " has too many names or a third one that is long");
   m_options.push_back(&declaration);
   declare(declaration, names);
 }
@@ -120,32 +155,30 @@ void Scope::add(Declaration& declaration) {
 std::vector<std::string> Scope::takeNames(Declaration& declaration) {
   std::vector<std::string> names;
   for (const std::string& name : declaration.names) {
-    const auto taken = m_taken.find(name);
-    if (taken == m_taken.end()) {
+    if (!canBeTyped(name))
+      reportMistake(called(declaration) + " has a name that cannot be typed: '" + name + "'");
+    const auto [taken, isNew] = m_taken.emplace(name, &declaration);
+    if (isNew) {
       names.push_back(name);
     } else if (&taken->second->tool == &declaration.tool && !declaration.isBuiltIn) {
       reportMistake("the name '" + name + "' is declared twice, by " + called(*taken->second) +
                     " and by " + called(declaration));
     }
   }
-  for (const std::string& name : names) {
-    m_taken.emplace(name, &declaration);
-    if (parserType(declaration) == vtBool)
+  if (parserType(declaration) == vtBool) {
+    for (const std::string& name : names)
       m_taken.emplace("no-" + name, &declaration);
   }
   return names;
 }
 
-void Scope::declare(Declaration& declaration, const std::vector<std::string>& names) {
+IOption& Scope::declareOnParser(const Declaration& declaration,
+                                const std::vector<std::string>& names, variant_type_t type) {
   const std::string list = joined(names, ',');
   const char* const help = declaration.help.c_str();
   const char* const group = declaration.isHidden          ? hiddenSection
                             : declaration.section.empty() ? nullptr
                                                           : declaration.section.c_str();
-  // Of several operands, the parser gives all arguments to the first one.
-  const bool takesAnything = declaration.isOperand() && m_purpose == Purpose::parse;
-  const variant_type_t readAs = takesAnything ? vtString : readType(declaration);
-  const variant_type_t type = m_purpose == Purpose::parse ? readAs : parserType(declaration);
   IOption* option = nullptr;
   if (declaration.use == Use::action)
     option = m_parser.action(list.c_str(), help, type, group);
@@ -153,24 +186,37 @@ void Scope::declare(Declaration& declaration, const std::vector<std::string>& na
     option = m_parser.modifier(list.c_str(), declaration.only.c_str(), help, type, group);
   else
     option = m_parser.option(list.c_str(), help, type, group);
-  const std::string& first = names.front();
-  if (!m_parser.isOptionDeclared(first.c_str(), declaration.use == Use::action, nullptr)) {
-    if (names.size() > 3 || (names.size() == 3 && names.back().size() > 2))
-      return reportMistake(called(declaration) + " has too many names or a third one that is long");
+  if (!isDeclared(names.front(), declaration.use == Use::action))
     throw std::bad_alloc();
-  }
+  return *option;
+}
+
+void Scope::declare(Declaration& declaration, const std::vector<std::string>& names) {
+  // Of several operands, the parser gives all arguments to the first one.
+  const bool takesAnything = declaration.isOperand() && m_purpose == Purpose::parse;
+  const variant_type_t readAs = takesAnything ? vtString : readType(declaration);
+  IOption& option = declareOnParser(
+      declaration, names, m_purpose == Purpose::parse ? readAs : parserType(declaration));
   if (lacksValues(declaration))
     reportMistake(called(declaration) + " needs choices that stand for values");
+  const std::string& first = names.front();
   m_firstNames.emplace(first, &declaration);
   m_nameOf.emplace(&declaration, first);
   if (declaration.isOperand())
-    option->positional();
+    option.positional();
   if (!takesAnything)
-    limitValues(*option, declaration);
+    limitValues(option, declaration);
   if (m_purpose == Purpose::description && shownDefault(declaration).empty())
-    setDefault(*option, declaration);
+    setDefault(option, declaration);
   if (m_purpose == Purpose::description)
     annotateAll(declaration, first);
+}
+
+// The parser looks at all its options for a name that nobody can type.
+bool Scope::isDeclared(const std::string& name, bool amongActions) const {
+  const char* const found = resolveName(m_parser, name.c_str());
+  return (found != nullptr && name == found) ||
+         m_parser.isOptionDeclared(name.c_str(), amongActions, nullptr);
 }
 
 void limitValues(IOption& option, const Declaration& declaration) {
@@ -184,7 +230,7 @@ void limitValues(IOption& option, const Declaration& declaration) {
 void Scope::annotateAll(const Declaration& declaration, const std::string& name) {
   const auto tell = [&](const char* key, const std::string& text) {
     if (!text.empty())
-      annotate(m_parser, name.c_str(), key, text.c_str());
+      annotateOrThrow(m_parser, name.c_str(), key, text);
   };
   tell("placeholder", declaration.placeholder);
   tell("range", rangeText(declaration));
@@ -204,8 +250,25 @@ Declaration* Scope::resolve(const char* typed) const {
   return first != nullptr ? withFirstName(first) : nullptr;
 }
 
+const Declaration* Scope::declared(const ToolData& tool, const std::string& name) const {
+  const auto found = m_taken.find(name);
+  if (found == m_taken.end())
+    return nullptr;
+  const ToolData& owner = found->second->tool;
+  return &owner == &tool || &owner == tool.parent ? found->second : nullptr;
+}
+
 const std::string& Scope::nameOf(const Declaration& declaration) const {
   return m_nameOf.at(&declaration);
+}
+
+std::vector<std::string> Scope::typedNames(const Declaration& declaration) const {
+  std::vector<std::string> names;
+  for (const std::string& name : declaration.names) {
+    if (m_taken.at(name) == &declaration)
+      names.push_back(name);
+  }
+  return names;
 }
 
 }  // namespace kivo_3_3::tool_glue

@@ -28,8 +28,13 @@ class Scope {
   Declaration* withFirstName(std::string_view name) const;
   /// The option that a typed name means, in full or cut short, or null.
   Declaration* resolve(const char* typed) const;
+  /// The option that has a name in full, where a tool or its command has declared it; null if there
+  /// is none, or if a command uses the name of its tool's option for an option of its own.
+  const Declaration* declared(const ToolData& tool, const std::string& name) const;
   /// The first name that the parser has for an option.
   const std::string& nameOf(const Declaration& declaration) const;
+  /// The names that a user can type for an option: without those that a command uses for others.
+  std::vector<std::string> typedNames(const Declaration& declaration) const;
 
   const std::vector<Declaration*>& options() const { return m_options; }
   /// In order; the last one may take all the rest.
@@ -40,7 +45,10 @@ class Scope {
   void add(Declaration& declaration);
   std::vector<std::string> takeNames(Declaration& declaration);
   void addOperand(Declaration& declaration);
+  IOption& declareOnParser(const Declaration& declaration, const std::vector<std::string>& names,
+                           variant_type_t type);
   void declare(Declaration& declaration, const std::vector<std::string>& names);
+  bool isDeclared(const std::string& name, bool amongActions) const;
   void annotateAll(const Declaration& declaration, const std::string& name);
 
   IParser& m_parser;
@@ -51,6 +59,12 @@ class Scope {
   std::map<std::string, Declaration*, std::less<>> m_firstNames;  // those of the parser
   std::map<const Declaration*, std::string> m_nameOf;
 };
+
+std::vector<std::string> splitAt(const std::string& text, char separator);
+std::string joined(const std::vector<std::string>& parts, char separator);
+
+/// Adds a fact to an option of the parser, or to the tool. Throws std::bad_alloc.
+void annotateOrThrow(IParser& parser, const char* option, const char* key, const std::string& text);
 
 /// The type of the values on the parser.
 variant_type_t parserType(const Declaration& declaration);

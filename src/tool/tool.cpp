@@ -11,6 +11,7 @@
 
 #include "tool/console.h"
 #include "tool/run.h"
+#include "tool/scope.h"
 
 namespace kivo_3_3 {
 namespace tool_glue {
@@ -41,17 +42,6 @@ void remembering(ToolData* tool, Work work) noexcept {
 
 ToolData* toolOf(Declaration* declaration) {
   return declaration != nullptr ? &declaration->tool : nullptr;
-}
-
-std::vector<std::string> splitNames(const char* names) {
-  std::vector<std::string> parts(1);
-  for (const char* at = orEmpty(names); *at != '\0'; ++at) {
-    if (*at == ',')
-      parts.emplace_back();
-    else
-      parts.back() += *at;
-  }
-  return parts;
 }
 
 std::string bytesOf(const void* value, std::size_t size) {
@@ -168,7 +158,7 @@ Declaration* Tool::add(Use use, const char* names, const char* help, void* varia
   return remembering(m_data, none, [&] {
     tool_glue::OwnedCallable owned(function);
     Declaration& declaration = m_data->declarations.emplace_back(*m_data, use, type);
-    declaration.names = tool_glue::splitNames(names);
+    declaration.names = tool_glue::splitAt(tool_glue::orEmpty(names), ',');
     declaration.help = orEmpty(help);
     declaration.section = m_data->section;
     declaration.variable = variable;
@@ -204,7 +194,7 @@ void Tool::addCommand(const char* words, const char* help,
 
 void Tool::addToGroup(const char* name, bool isFirst, bool isNeeded) noexcept {
   remembering(m_data, [&] {
-    if (isFirst)
+    if (isFirst || m_data->groups.empty())  // there was no memory for the first one
       m_data->groups.push_back({{}, isNeeded});
     m_data->groups.back().names.emplace_back(orEmpty(name));
   });
@@ -232,6 +222,8 @@ bool Tool::parse(int argc, const char* const* argv, int& status) {
     if (m_data != nullptr && !m_data->isOutOfMemory)
       return run(*m_data, tool_glue::wordsOf(*m_data, argc, argv), status);
   } catch (const std::bad_alloc&) {
+    if (m_data->isWorking)
+      throw;
     m_data->isOutOfMemory = true;
   }
   status = tool_glue::tellOfMemory(m_data);

@@ -4,6 +4,7 @@
 #include <kivo/tool.h>
 
 #include <deque>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,10 @@ struct Group {
   std::vector<std::string> names;
   bool isNeeded;  // exactly one
 };
+
+/// The options of a tool that stand before the words of a command, by their places on its command
+/// line. The command may have options of the same names.
+using EarlyOptions = std::map<std::size_t, Declaration*>;
 
 struct ToolData {
   /// The name as a user types it, with the words of the command.
@@ -53,8 +58,11 @@ struct ToolData {
   ToolData* parent = nullptr;  // of a command
   const Command* command = nullptr;
   std::vector<const char*> words;  // the command line of a command
+  EarlyOptions early;              // those before the words of the command
+  bool mayHaveSwitch = true;       // for the library, as first word
   bool isDescribing = false;
   bool isParsed = false;
+  bool isWorking = false;  // an action or a command runs; what it throws passes through
   bool isOutOfMemory = false;
 };
 

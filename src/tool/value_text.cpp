@@ -127,6 +127,8 @@ std::string choiceText(const Declaration& declaration, const void* value) {
   return "";
 }
 
+}  // namespace
+
 std::string valueText(const Declaration& declaration, const void* value) {
   const VariableType& type = *declaration.type;
   const std::string choice = choiceText(declaration, value);
@@ -142,8 +144,6 @@ std::string valueText(const Declaration& declaration, const void* value) {
   type.show(value, shown);
   return shown.characters;
 }
-
-}  // namespace
 
 std::string rangeText(const Declaration& declaration) {
   if (declaration.lowest.empty())

@@ -16,6 +16,9 @@ std::string rangeText(const Declaration& declaration);
 /// The numbers that the type can hold: "0 to 255".
 std::string limitsText(const VariableType& type);
 
+/// A value of the variable as it may be typed; empty for a value that has no text.
+std::string valueText(const Declaration& declaration, const void* value);
+
 /// What the variable holds: the default. Empty if there is nothing to show.
 std::string defaultText(const Declaration& declaration);
 

@@ -1,0 +1,229 @@
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "support/assertion_recorder.h"
+#include "tried.h"
+
+// What the author of a tool declares wrong reaches the assertion handler.
+
+namespace kivo_3_3 {
+namespace {
+
+using testing::AssertionRecorder;
+
+enum class Tone { none, low, high };
+
+class Mistakes : public ::testing::Test {
+ protected:
+  // The mistakes that a parse reports.
+  std::string reported(std::initializer_list<const char*> arguments = {}) {
+    const AssertionRecorder assertions;
+    static_cast<void>(tool.run(arguments));
+    return assertions.expressions();
+  }
+
+  Tried tool;
+  bool one = false, two = false;
+  std::string text;
+  std::vector<std::string> texts;
+};
+
+TEST_F(Mistakes, AreNotReportedForARightTool) {
+  tool.option("text", text, "A text.").choices({"low", "high"});
+  tool.flag("one", one, "One.").only("list");
+  tool.action("list,l", "List all.", [] { return 0; });
+  tool.flag("two", two, "Two.").only("list,l");
+  tool.atMostOne({"one", "two"});
+  EXPECT_EQ("", reported());
+}
+
+TEST_F(Mistakes, ANameDeclaredTwice) {
+  tool.flag("one,o", one, "One.");
+  tool.option("output,o", text, "A text.");
+  EXPECT_EQ("the name 'o' is declared twice, by flag 'one,o' and by option 'output,o'", reported());
+}
+
+TEST_F(Mistakes, ANameTwiceInOneDeclaration) {
+  tool.flag("one,one", one, "One.");
+  EXPECT_EQ("the name 'one' is declared twice, by flag 'one,one' and by flag 'one,one'",
+            reported());
+}
+
+TEST_F(Mistakes, ANameThatTurnsOffAnotherOption) {
+  tool.option("one", one, "One.");
+  tool.flag("no-one", two, "Two.");
+  EXPECT_EQ("the name 'no-one' is declared twice, by option 'one' and by flag 'no-one'",
+            reported());
+}
+
+TEST_F(Mistakes, AnOperandDeclaredTwice) {
+  tool.operand("file", text, "One.");
+  tool.rest("file", texts, "Others.");
+  EXPECT_EQ("the name 'file' is declared twice, by operand 'file' and by rest 'file'", reported());
+}
+
+TEST_F(Mistakes, AnOperandAfterTheRest) {
+  tool.rest("files", texts, "All.");
+  tool.operand("file", text, "One.");
+  EXPECT_EQ("operand 'file' comes after rest 'files', which takes all operands", reported());
+}
+
+TEST_F(Mistakes, TooManyNames) {
+  tool.flag("one,first,f,1", one, "One.").env("HOME");
+  EXPECT_EQ("flag 'one,first,f,1' has too many names or a third one that is long", reported());
+}
+
+TEST_F(Mistakes, AnEmptyName) {
+  tool.flag("", one, "One.");
+  EXPECT_EQ("flag '' has a name that cannot be typed: ''", reported());
+}
+
+TEST_F(Mistakes, NamesThatNobodyCanType) {
+  tool.option("text, t", text, "A text.");
+  tool.flag("-one,a=b", one, "One.");
+  EXPECT_EQ(
+      "option 'text, t' has a name that cannot be typed: ' t'; "
+      "flag '-one,a=b' has a name that cannot be typed: '-one'; "
+      "flag '-one,a=b' has a name that cannot be typed: 'a=b'",
+      reported());
+}
+
+TEST_F(Mistakes, AnUnknownActionInOnly) {
+  tool.action("list", "List all.", [] { return 0; });
+  tool.flag("one", one, "One.").only("list,lst");
+  EXPECT_EQ("flag 'one' goes only with 'lst', which is not declared", reported());
+}
+
+TEST_F(Mistakes, OnlyWithAnOption) {
+  tool.action("list", "List all.", [] { return 0; });
+  tool.flag("two", two, "Two.");
+  tool.flag("one", one, "One.").only("two");
+  EXPECT_EQ("flag 'one' goes only with 'two', which is no action but flag 'two'", reported());
+}
+
+TEST_F(Mistakes, OnlyWithoutActions) {
+  tool.flag("one", one, "One.").only("list");
+  EXPECT_EQ("flag 'one' goes only with 'list', which is not declared", reported());
+}
+
+TEST_F(Mistakes, ADefaultOutsideTheChoices) {
+  text = "loud";
+  tool.option("tone", text, "How.").choices({"low", "high"});
+  EXPECT_EQ("the default 'loud' of option 'tone' is none of its choices", reported());
+}
+
+TEST_F(Mistakes, AListWithADefaultOutsideTheChoices) {
+  texts = {"low", "loud"};
+  tool.option("tone", texts, "How.").choices({"low", "high"});
+  EXPECT_EQ("the default 'loud' of option 'tone' is none of its choices", reported());
+}
+
+TEST_F(Mistakes, AnEnumeratorOutsideTheChoices) {
+  Tone tone = Tone::none;
+  tool.option("tone", tone, "How.").choices({{"low", Tone::low}, {"high", Tone::high}});
+  EXPECT_EQ("the default '' of option 'tone' is none of its choices", reported());
+}
+
+TEST_F(Mistakes, NoneForANumberAmongItsChoices) {
+  int number = 2;
+  tool.option("number", number, "How many.").choices({{"one", 1}, {"two", 2}});
+  EXPECT_EQ("", reported());
+}
+
+TEST_F(Mistakes, ANumberOutsideItsChoices) {
+  int number = 3;
+  tool.option("number", number, "How many.").choices({{"one", 1}, {"two", 2}});
+  EXPECT_EQ("the default '' of option 'number' is none of its choices", reported());
+}
+
+TEST_F(Mistakes, NoneForAnOptionalWithoutValue) {
+  std::optional<Tone> tone;
+  tool.option("tone", tone, "How.").choices({{"low", Tone::low}, {"high", Tone::high}});
+  EXPECT_EQ("", reported());
+}
+
+TEST_F(Mistakes, ActionsAndCommandsInOneTool) {
+  tool.action("list,l", "List all.", [] { return 0; });
+  tool.command("pack", "Pack files.", [](Tool& inner) { return inner.parse().value_or(0); });
+  EXPECT_EQ("action 'list,l' and command 'pack' are in one tool", reported({"pack"}));
+}
+
+TEST_F(Mistakes, TwoCommandsWithTheSameWords) {
+  tool.command("pack", "Pack files.", [](Tool& inner) { return inner.parse().value_or(0); });
+  tool.command("pack", "Pack all.", [](Tool& inner) { return inner.parse().value_or(0); });
+  EXPECT_EQ(
+      "command 'pack' is declared twice, with the help 'Pack files.' and with the help 'Pack all.'",
+      reported({"pack"}));
+}
+
+TEST_F(Mistakes, ACommandThatNobodyCanType) {
+  for (const char* words : {"", " add", "add  one", "add ", "add -x", "--add"})
+    tool.command(words, "", [](Tool& inner) { return inner.parse().value_or(0); });
+  EXPECT_EQ(
+      "command '' needs words with single blanks between and no dash before; "
+      "command ' add' needs words with single blanks between and no dash before; "
+      "command 'add  one' needs words with single blanks between and no dash before; "
+      "command 'add ' needs words with single blanks between and no dash before; "
+      "command 'add -x' needs words with single blanks between and no dash before; "
+      "command '--add' needs words with single blanks between and no dash before",
+      reported());
+}
+
+TEST_F(Mistakes, ACommandInsideOfACommand) {
+  tool.command("outer", "", [](Tool& inner) {
+    inner.command("inner", "", [](Tool& innermost) { return innermost.parse().value_or(0); });
+    return inner.parse().value_or(0);
+  });
+  EXPECT_EQ("command 'inner' is declared inside of command 'outer'", reported({"outer"}));
+}
+
+TEST_F(Mistakes, AGroupWithAnUnknownName) {
+  tool.flag("one", one, "One.");
+  tool.atMostOne({"one", "two"});
+  EXPECT_EQ("the group 'one,two' has the name 'two', which is no option", reported());
+}
+
+TEST_F(Mistakes, ACommandThatReturnsWithoutParse) {
+  tool.command("pack", "Pack files.", [](Tool&) { return 7; });
+  EXPECT_EQ("the command 'pack' returned without parse()", reported({"pack"}));
+}
+
+TEST_F(Mistakes, ASecondParse) {
+  tool.flag("one", one, "One.");
+  EXPECT_EQ("", reported());
+  EXPECT_EQ("parse() is called twice by 'tool'", reported({"--one"}));
+  EXPECT_FALSE(one);
+}
+
+TEST_F(Mistakes, ASecondParseOfACommand) {
+  tool.command("pack", "Pack files.", [](Tool& inner) {
+    static_cast<void>(inner.parse());
+    return inner.parse().value_or(0);
+  });
+  EXPECT_EQ("parse() is called twice by 'tool pack'", reported({"pack"}));
+}
+
+TEST_F(Mistakes, OfACommandAreReportedWhenItIsParsed) {
+  tool.flag("two", two, "Two.");
+  tool.command("pack", "Pack files.", [this](Tool& inner) {
+    inner.flag("one", one, "One.").only("list");
+    inner.atMostOne({"one", "two", "three"});
+    return inner.parse().value_or(0);
+  });
+  EXPECT_EQ(
+      "flag 'one' goes only with 'list', which is not declared; "
+      "the group 'one,two,three' has the name 'three', which is no option",
+      reported({"pack"}));
+}
+
+TEST_F(Mistakes, MayBeThrown) {
+  tool.flag("one,one", one, "One.");
+  const auto before = BEDROCK::set_assertion_handler(
+      [](const char* mistake, const char*, int) { throw std::logic_error(mistake); });
+  EXPECT_THROW(tool.run({}), std::logic_error);
+  BEDROCK::set_assertion_handler(before);
+}
+
+}  // namespace
+}  // namespace kivo_3_3
