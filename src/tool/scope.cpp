@@ -136,23 +136,25 @@ std::vector<std::string> Scope::takeNames(Declaration& declaration) {
   return names;
 }
 
-void Scope::declare(Declaration& declaration, const std::vector<std::string>& names) {
-  const std::string list = joined(names, ',');
+IOption* Scope::declareAs(const Declaration& declaration, const char* names, variant_type_t type) {
   const char* const help = declaration.help.c_str();
   const char* const group = declaration.isHidden          ? hiddenSection
                             : declaration.section.empty() ? nullptr
                                                           : declaration.section.c_str();
+  if (declaration.use == Use::action)
+    return m_parser.action(names, help, type, group);
+  if (!declaration.only.empty())
+    return m_parser.modifier(names, declaration.only.c_str(), help, type, group);
+  return m_parser.option(names, help, type, group);
+}
+
+void Scope::declare(Declaration& declaration, const std::vector<std::string>& names) {
+  const std::string list = joined(names, ',');
   // Of several operands, the parser gives all arguments to the first one.
   const bool takesAnything = declaration.isOperand() && m_purpose == Purpose::parse;
   const variant_type_t readAs = takesAnything ? vtString : readType(declaration);
   const variant_type_t type = m_purpose == Purpose::parse ? readAs : parserType(declaration);
-  IOption* option = nullptr;
-  if (declaration.use == Use::action)
-    option = m_parser.action(list.c_str(), help, type, group);
-  else if (!declaration.only.empty())
-    option = m_parser.modifier(list.c_str(), declaration.only.c_str(), help, type, group);
-  else
-    option = m_parser.option(list.c_str(), help, type, group);
+  IOption* const option = declareAs(declaration, list.c_str(), type);
   const std::string& first = names.front();
   if (!m_parser.isOptionDeclared(first.c_str(), declaration.use == Use::action, nullptr)) {
     if (names.size() > 3 || (names.size() == 3 && names.back().size() > 2))

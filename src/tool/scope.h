@@ -40,6 +40,7 @@ class Scope {
   void add(Declaration& declaration);
   std::vector<std::string> takeNames(Declaration& declaration);
   void addOperand(Declaration& declaration);
+  IOption* declareAs(const Declaration& declaration, const char* names, variant_type_t type);
   void declare(Declaration& declaration, const std::vector<std::string>& names);
   void annotateAll(const Declaration& declaration, const std::string& name);
 
