@@ -82,7 +82,7 @@ TEST(ToolWithoutMemory, RunsNoAction) {
 }
 
 TEST(ToolWithoutMemory, HasNoHelpAsText) {
-  for (long allowed = 0; allowed < 3; ++allowed) {
+  for (long allowed = 0; allowed < 40; ++allowed) {
     Tool tool("store", "Keeps what it gets, in a folder.", "2.1");
     const AllocationLimit limit(allowed, Failing::forEver);
     EXPECT_EQ("", tool.help());
