@@ -99,7 +99,7 @@ void Arguments::takeOption(const Word& word) {
   else if (declaration->isBuiltIn && m_asked == nullptr)
     m_asked = declaration;
   if (declaration != nullptr && declaration->takesValue() && word.value.empty())
-    takeNext(*declaration, word);
+    takeNext(*declaration, word, early != m_early.end());
   else if (early != m_early.end())
     takeEarly(*declaration, word);
   else
@@ -115,7 +115,7 @@ void Arguments::takeEarly(const Declaration& declaration, const Word& word) {
 }
 
 // An option without a value in its own word.
-void Arguments::takeNext(const Declaration& declaration, const Word& word) {
+void Arguments::takeNext(const Declaration& declaration, const Word& word, bool isEarly) {
   const std::string start = "--" + m_scope.nameOf(declaration) + '=';
   const char* const next = m_index + 1 < m_words.size() ? m_words[m_index + 1] : nullptr;
   if (declaration.takesAnyText() && !splitsMarks(declaration) &&
@@ -129,7 +129,10 @@ void Arguments::takeNext(const Declaration& declaration, const Word& word) {
     m_result.push_back(m_made.emplace_back(start + next).c_str());
     return;
   }
-  m_result.push_back(m_made.emplace_back(start.substr(0, start.size() - 1)).c_str());
+  if (isEarly)
+    m_result.push_back(m_made.emplace_back(start.substr(0, start.size() - 1)).c_str());
+  else
+    m_result.push_back(m_words[m_index]);
   if (next != nullptr && *next != '-') {
     m_result.push_back(next);
     ++m_index;

@@ -49,7 +49,7 @@ class Arguments {
   void takeOperand(const char* text);
   void takeOption(const Word& word);
   void takeEarly(const Declaration& declaration, const Word& word);
-  void takeNext(const Declaration& declaration, const Word& word);
+  void takeNext(const Declaration& declaration, const Word& word, bool isEarly);
   const char* marked(const std::string& original);
   void chooseMark();
 

@@ -220,9 +220,9 @@ TEST_F(Commands, TakeTheSwitchForTracesAsOperand) {
   EXPECT_EQ("pack kivooption=kivologenable=1", called);
 }
 
-TEST_F(Commands, AreFoundAfterASwitchOfTheLibrary) {
-  EXPECT_EQ(7, tool.run({"kivooption=nothing", "pack", "a"}));
-  EXPECT_EQ("pack kivooption=nothing a", called);
+TEST_F(Commands, AreNotFoundAfterAnUnknownSwitch) {
+  EXPECT_EQ(2, tool.run({"kivooption=nothing", "pack", "a"}));
+  EXPECT_EQ("archive: Unknown command: kivooption=nothing\nTry 'archive --help'.\n", tool.err);
 }
 
 TEST_F(Commands, HaveHelpOfTheirOwn) {

@@ -241,7 +241,7 @@ TEST(ToolDeclarations, ChecksGetTheValueAndTellWhatTheyExpect) {
 }
 
 TEST(ToolDeclarations, AChoiceIsCheckedAndRangedToo) {
-  int level = 0;
+  int level = 1;
   Tried tool;
   tool.option("level", level, "").choices({"1", "20"}).range(1, 9);
   EXPECT_EQ(2, tool.run({"--level=20"}));

@@ -134,7 +134,7 @@ TEST_F(Mistakes, NoneForANumberAmongItsChoices) {
 TEST_F(Mistakes, ANumberOutsideItsChoices) {
   int number = 3;
   tool.option("number", number, "How many.").choices({{"one", 1}, {"two", 2}});
-  EXPECT_EQ("the default '' of option 'number' is none of its choices", reported());
+  EXPECT_EQ("the default '3' of option 'number' is none of its choices", reported());
 }
 
 TEST_F(Mistakes, NoneForAnOptionalWithoutValue) {

@@ -284,7 +284,7 @@ TEST(ToolVariables, EnumerationsReceiveTheValueOfTheirChoice) {
 }
 
 TEST(ToolVariables, ChoicesMayStandForNumbersBooleansAndCharacters) {
-  int level = 0;
+  int level = 1;
   bool truth = false;
   char letter = 'x';
   unsigned long long wide = 0;
