@@ -144,10 +144,13 @@ class CommandLine {
     const int status =
         parser.parseArgsVector(static_cast<int>(words.size()), words.data(), result.get());
     if (m_values.failureStatus() != 0)
-      return statusOf(m_tool, m_values.failureStatus(), m_values.failure());
+      return statusOf(m_tool, m_values.failureStatus(),
+                      m_values.failure() + suggestedChoice(m_scope, m_values.failure()));
     if (status != status::success) {
       const std::string reason = parser.getErrorDesc();
-      return statusOf(m_tool, status, reason + suggestionFor(m_scope, m_arguments, reason));
+      return statusOf(
+          m_tool, status,
+          reason + suggestionFor(m_scope, m_arguments, reason) + suggestedChoice(m_scope, reason));
     }
     return readOthers(parser);
   }
@@ -203,7 +206,7 @@ class CommandLine {
     if (!declaration.deprecated.empty())
       print(m_tool, m_tool.root().name + ": " + isDeprecated(declaration) + '\n', true);
     if (declaration.use == Use::flag && declaration.variable != nullptr)
-      *static_cast<bool*>(declaration.variable) = true;
+      *static_cast<bool*>(declaration.variable) = declaration.given != 0;
     else if (declaration.use == Use::count)
       *static_cast<int*>(declaration.variable) = static_cast<int>(declaration.given);
     else if (declaration.staged != nullptr)
