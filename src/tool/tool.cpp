@@ -60,13 +60,19 @@ std::string bytesOf(const void* value, std::size_t size) {
 
 // Needs no memory.
 int tellOfMemory(const ToolData* tool) {
-  constexpr const char* text = "Memory has run out.\n";
-  if (tool != nullptr && tool->root().output) {
+  const char* const name = tool != nullptr ? tool->root().name.c_str() : "";
+  for (const char* const text : {name, *name != '\0' ? ": " : "", "Memory has run out.\n"}) {
+    if (tool == nullptr || !tool->root().output) {
+      std::fputs(text, stderr);
+      continue;
+    }
     Text unused;
     bool isError = true;
-    tool->root().output(&text, &isError, unused);
-  } else {
-    std::fputs(text, stderr);
+    try {
+      tool->root().output(&text, &isError, unused);
+    } catch (const std::bad_alloc&) {
+      break;  // the tool has no memory for it either
+    }
   }
   return status::exceptionCaught;
 }
@@ -197,12 +203,13 @@ void Tool::addToGroup(const char* name, bool isFirst, bool isNeeded) noexcept {
   remembering(m_data, [&] {
     if (isFirst)
       m_data->groups.push_back({{}, isNeeded});
-    m_data->groups.back().names.emplace_back(orEmpty(name));
+    if (!m_data->isOutOfMemory)  // else there may be no group
+      m_data->groups.back().names.emplace_back(orEmpty(name));
   });
 }
 
 void Tool::setOutput(const tool_glue::Callable& function) noexcept {
-  remembering(m_data, [&] { m_data->output = tool_glue::OwnedCallable(function); });
+  remembering(m_data, [&] { m_data->root().output = tool_glue::OwnedCallable(function); });
 }
 
 void Tool::section(const char* heading) noexcept {
@@ -215,7 +222,7 @@ void Tool::footer(const char* text) noexcept {
 
 void Tool::usageStatus(int status) noexcept {
   if (m_data != nullptr)
-    m_data->usageStatus = status;
+    m_data->root().usageStatus = status;
 }
 
 bool Tool::parse(int argc, const char* const* argv, int& status) {
@@ -230,8 +237,11 @@ bool Tool::parse(int argc, const char* const* argv, int& status) {
 }
 
 int Tool::fail(const char* reason) noexcept {
-  remembering(m_data, [&] { printError(*m_data, orEmpty(reason)); });
-  return m_data != nullptr ? m_data->root().usageStatus : status::usageError;
+  const bool isTold = remembering(m_data, false, [&] {
+    printError(*m_data, orEmpty(reason));
+    return true;
+  });
+  return isTold ? m_data->root().usageStatus : tool_glue::tellOfMemory(m_data);
 }
 
 IParser* Tool::parser() noexcept {
