@@ -77,6 +77,21 @@ int tellOfMemory(const ToolData* tool) {
   return status::exceptionCaught;
 }
 
+// Null if there is no memory for it, or for an empty container in it.
+ToolData* makeData() noexcept {
+  try {
+    return new ToolData;
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
+
+// Destroys a function for which there is no tool or declaration.
+void destroyUnless(const void* owner, const Callable& function) {
+  if (owner == nullptr && function.function != nullptr)
+    function.destroy(function.function);
+}
+
 // The arguments of a tool; those of a command are known already.
 std::vector<const char*> wordsOf(const ToolData& tool, int argc, const char* const* argv) {
   std::vector<const char*> words = tool.words;
@@ -118,6 +133,8 @@ void note(Declaration* declaration, Note note, const char* text) noexcept {
 }
 
 void limit(Declaration* declaration, Limit limit, const void* first, const void* second) noexcept {
+  if (limit == Limit::check)
+    destroyUnless(declaration, *static_cast<const Callable*>(first));
   remembering(toolOf(declaration), [&] {
     const std::size_t bytes = declaration->type != nullptr ? declaration->type->bytes : 0;
     const auto text = [](const void* given) { return orEmpty(static_cast<const char*>(given)); };
@@ -129,7 +146,8 @@ void limit(Declaration* declaration, Limit limit, const void* first, const void*
     } else if (limit == Limit::deprecatedChoice) {
       declaration->deprecatedChoices.emplace_back(text(first), text(second));
     } else {
-      declaration->checks.emplace_back(*static_cast<const Callable*>(first));
+      OwnedCallable owned(*static_cast<const Callable*>(first));
+      declaration->checks.push_back(std::move(owned));
     }
   });
 }
@@ -147,7 +165,7 @@ using tool_glue::ToolData;
 using tool_glue::Use;
 
 Tool::Tool(const char* name, const char* summary, const char* version) noexcept
-    : m_data(new (std::nothrow) ToolData) {
+    : m_data(tool_glue::makeData()) {
   remembering(m_data, [&] {
     m_data->handle = this;
     m_data->name = orEmpty(name);
@@ -161,6 +179,7 @@ Tool::~Tool() { delete m_data; }
 Declaration* Tool::add(Use use, const char* names, const char* help, void* variable,
                        const tool_glue::VariableType* type,
                        const tool_glue::Callable& function) noexcept {
+  tool_glue::destroyUnless(m_data, function);
   Declaration* const none = nullptr;
   return remembering(m_data, none, [&] {
     tool_glue::OwnedCallable owned(function);
@@ -193,6 +212,7 @@ Option<const char*> Tool::config(const char* names, const char* path, const char
 
 void Tool::addCommand(const char* words, const char* help,
                       const tool_glue::Callable& function) noexcept {
+  tool_glue::destroyUnless(m_data, function);
   remembering(m_data, [&] {
     tool_glue::OwnedCallable owned(function);
     m_data->commands.push_back({orEmpty(words), orEmpty(help), std::move(owned)});
@@ -209,6 +229,7 @@ void Tool::addToGroup(const char* name, bool isFirst, bool isNeeded) noexcept {
 }
 
 void Tool::setOutput(const tool_glue::Callable& function) noexcept {
+  tool_glue::destroyUnless(m_data, function);
   remembering(m_data, [&] { m_data->root().output = tool_glue::OwnedCallable(function); });
 }
 
