@@ -57,17 +57,17 @@ Word wordOf(std::string_view text) {
 bool isValue(std::string_view text) { return text.empty() || text[0] != '-' || text == loneDash; }
 
 bool isSwitch(const std::vector<const char*>& words, std::size_t index) {
-  return index == 1 && words[1] == std::string_view("kivooption=kivologenable=1");
+  return index == 1 && words[1] == traceSwitch;
 }
 
-Arguments::Arguments(const Scope& scope, const ToolData& tool,
+Arguments::Arguments(const Scope& scope, const EarlyOptions& early, bool mayHaveSwitch,
                      const std::vector<const char*>& words)
-    : m_scope(scope), m_early(tool.early), m_words(words) {
+    : m_scope(scope), m_early(early), m_words(words) {
   m_result.reserve(words.size());
   m_result.push_back(words.front());
   for (; m_index < words.size(); ++m_index) {
     const Word word = m_isEnded ? Word{Word::operand, "", "", false} : wordOf(words[m_index]);
-    if (tool.mayHaveSwitch && m_index == 1 && words[1] == traceSwitch) {
+    if (mayHaveSwitch && isSwitch(words, m_index)) {
       m_result.push_back(words[m_index]);
     } else if (word.sort == Word::operand) {
       takeOperand(words[m_index]);

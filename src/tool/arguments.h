@@ -31,7 +31,10 @@ bool isSwitch(const std::vector<const char*>& words, std::size_t index);
 class Arguments {
  public:
   /// `tool` is that of the words, which may be a command.
-  Arguments(const Scope& scope, const ToolData& tool, const std::vector<const char*>& words);
+  /// `early` are options whose meaning is known; it must outlive the object. The first word may be
+  /// one for the library only if the words may have a switch.
+  Arguments(const Scope& scope, const EarlyOptions& early, bool mayHaveSwitch,
+            const std::vector<const char*>& words);
 
   /// The arguments for the parser, with the name of the tool.
   const std::vector<const char*>& words() const { return m_result; }

@@ -4,8 +4,10 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 
 namespace kivo_3_3::tool_glue {
 
@@ -26,8 +28,12 @@ unsigned int terminalWidth() {
   constexpr unsigned int least = 60;
   constexpr unsigned int most = 100;
   constexpr unsigned int usual = 80;
-  const char* const columns = std::getenv("COLUMNS");
-  unsigned long width = columns != nullptr ? std::strtoul(columns, nullptr, 10) : 0;
+  const char* const variable = std::getenv("COLUMNS");
+  const std::string_view columns = variable != nullptr ? variable : "";
+  unsigned long width = 0;
+  if (std::from_chars(columns.data(), columns.data() + columns.size(), width).ptr !=
+      columns.data() + columns.size())
+    width = 0;
   winsize size{};
   if (width == 0 && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0)
     width = size.ws_col;

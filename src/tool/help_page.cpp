@@ -26,14 +26,11 @@ std::size_t columnsOf(const std::string& text) {
       std::count_if(text.begin(), text.end(), [](char byte) { return !isContinuation(byte); }));
 }
 
-// Takes as many characters from the beginning of a word as fit.
-std::string takeColumns(std::string& word, std::size_t columns) {
-  std::size_t end = 0;
-  for (; end < word.size() && (columns != 0 || isContinuation(word[end])); ++end)
-    columns -= isContinuation(word[end]) ? 0U : 1U;
-  const std::string taken = word.substr(0, end);
-  word.erase(0, end);
-  return taken;
+// Where the characters of a word end that fit, from `begin` on.
+std::size_t endOfColumns(const std::string& word, std::size_t begin, std::size_t columns) {
+  for (; begin < word.size() && (columns != 0 || isContinuation(word[begin])); ++begin)
+    columns -= isContinuation(word[begin]) ? 0U : 1U;
+  return begin;
 }
 
 // Breaks a text at blanks, and a word that is too long between two of its characters.
@@ -55,20 +52,23 @@ class Paragraph {
   }
 
  private:
-  void add(std::string word) {
-    const std::size_t columns = columnsOf(word);
+  void add(const std::string& word) {
+    std::size_t columns = columnsOf(word);
     if (m_used != 0 && m_used + 1 + columns > m_room)
       flush();
     if (m_used != 0) {
       m_line += ' ';
       ++m_used;
     }
-    while (columnsOf(word) > m_room) {
-      m_line += takeColumns(word, m_room);
+    std::size_t begin = 0;
+    for (; columns > m_room; columns -= m_room) {
+      const std::size_t end = endOfColumns(word, begin, m_room);
+      m_line += word.substr(begin, end - begin);
+      begin = end;
       flush();
     }
-    m_line += word;
-    m_used += columnsOf(word);
+    m_line += word.substr(begin);
+    m_used += columns;
   }
   void flush() {
     if (m_line.empty())

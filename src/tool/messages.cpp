@@ -33,6 +33,10 @@ std::string isDeprecated(const Declaration& declaration) {
          " is deprecated: " + declaration.deprecated;
 }
 
+std::string isForCommandLine(const Declaration& declaration) {
+  return "A configuration file cannot give " + quoted(shownName(declaration.firstName()));
+}
+
 std::string isUnexpected(const std::string& argument) { return "Unexpected argument: " + argument; }
 
 std::string excludeEachOther(const std::vector<std::string>& names) {

@@ -163,12 +163,15 @@ class CommandLine {
     const int status =
         parser.parseArgsVector(static_cast<int>(words.size()), words.data(), result.get());
     if (m_values.failureStatus() != 0)
-      return statusOf(m_tool, m_values.failureStatus(), m_values.failure());
+      return statusOf(m_tool, m_values.failureStatus(),
+                      m_values.failure() + suggestedChoice(m_scope, m_values.failure()));
     if (status == status::unidentifiedProblem)  // of the parser itself: it had no memory
       throw std::bad_alloc();
     if (status != status::success) {
       const std::string reason = parser.getErrorDesc();
-      return statusOf(m_tool, status, reason + suggestionFor(m_scope, m_arguments, reason));
+      return statusOf(
+          m_tool, status,
+          reason + suggestionFor(m_scope, m_arguments, reason) + suggestedChoice(m_scope, reason));
     }
     return readOthers(parser);
   }
@@ -236,7 +239,7 @@ class CommandLine {
 
   void deliver(Declaration& declaration) {
     if (declaration.use == Use::flag && declaration.variable != nullptr)
-      *static_cast<bool*>(declaration.variable) = true;
+      *static_cast<bool*>(declaration.variable) = declaration.given != 0;
     else if (declaration.use == Use::count)
       *static_cast<int*>(declaration.variable) = static_cast<int>(declaration.given);
     else if (declaration.staged != nullptr)
@@ -269,7 +272,7 @@ std::optional<int> act(ToolData& tool, const std::vector<Declaration*>& actions)
 bool runAlone(ToolData& tool, const std::vector<const char*>& words, int& status) {
   const Scope scope(tool, *tool.parser, Purpose::parse);
   reportMistakes(tool, scope);
-  const Arguments arguments(scope, tool, words);
+  const Arguments arguments(scope, tool.early, tool.mayHaveSwitch, words);
   if (arguments.asked() != nullptr) {
     status = printAsked(tool, scope, *arguments.asked());
     return true;
@@ -296,7 +299,7 @@ int runCommand(ToolData& tool, FoundCommand found, bool hasSwitch) {
 int withoutCommand(ToolData& tool, const Scope& scope, const FoundCommand& found) {
   if (!found.failure.empty())
     return refused(tool, found.failure);
-  const Arguments arguments(scope, tool, found.remainingWords);
+  const Arguments arguments(scope, tool.early, tool.mayHaveSwitch, found.remainingWords);
   if (arguments.stray() != nullptr)
     return refused(tool, isUnexpected(arguments.stray()));
   const auto& words = arguments.words();

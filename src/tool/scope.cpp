@@ -195,8 +195,8 @@ void Scope::declare(Declaration& declaration, const std::vector<std::string>& na
   // Of several operands, the parser gives all arguments to the first one.
   const bool takesAnything = declaration.isOperand() && m_purpose == Purpose::parse;
   const variant_type_t readAs = takesAnything ? vtString : readType(declaration);
-  IOption& option = declareOnParser(
-      declaration, names, m_purpose == Purpose::parse ? readAs : parserType(declaration));
+  IOption& option = declareOnParser(declaration, names,
+                                    m_purpose == Purpose::parse ? readAs : parserType(declaration));
   if (lacksValues(declaration))
     reportMistake(called(declaration) + " needs choices that stand for values");
   const std::string& first = names.front();

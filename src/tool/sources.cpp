@@ -10,9 +10,12 @@
 #include <memory>
 #include <new>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "tool/arguments.h"
+#include "tool/messages.h"
+#include "tool/suggestions.h"
 
 namespace kivo_3_3::tool_glue {
 namespace {
@@ -22,21 +25,18 @@ constexpr std::size_t mostBytes = std::size_t{16} << 20;  // of a file; an endle
 bool isTrue(const std::string& text) { return text == "1" || text == "true"; }
 bool isFalse(const std::string& text) { return text == "0" || text == "false"; }
 
-// Parses arguments without storing them. Returns the status.
-int parseInto(IParser& parser, GivenValues& values, std::vector<const char*> arguments,
-              std::string& failure) {
-  arguments.insert(arguments.begin(), "");
-  const int status =
-      parser.parseArgsVector(static_cast<int>(arguments.size()), arguments.data(), nullptr);
-  if (values.failureStatus() != 0) {
-    failure += values.failure();
-    return values.failureStatus();
-  }
-  if (status == status::unidentifiedProblem)  // of the parser itself: it had no memory
+// Parses words, the first of which is passed over, without storing them. Returns the status.
+int parseInto(const Scope& scope, IParser& parser, GivenValues& values,
+              const std::vector<const char*>& words, std::string& failure) {
+  const int status = parser.parseArgsVector(static_cast<int>(words.size()), words.data(), nullptr);
+  const bool isFromValues = values.failureStatus() != 0;
+  if (!isFromValues && status == status::unidentifiedProblem)  // the parser had no memory
     throw std::bad_alloc();
-  if (status != status::success)
-    failure += parser.getErrorDesc();
-  return status;
+  if (!isFromValues && status == status::success)
+    return status;
+  const std::string reason = isFromValues ? values.failure() : parser.getErrorDesc();
+  failure += reason + suggestedChoice(scope, reason);
+  return isFromValues ? values.failureStatus() : status;
 }
 
 // The value that a deprecated one stands for: only the command line warns of it.
@@ -53,12 +53,19 @@ int refuse(const Declaration& declaration, const char* expected, std::string& fa
   return status::usageError;
 }
 
+// Nothing is given, but a configuration file does not change that.
+void outrankFile(Declaration& declaration) {
+  declaration.source = std::max(declaration.source, Source::environment);
+}
+
 int readTruth(Declaration& declaration, const std::string& text, GivenValues& values,
               std::string& failure) {
   if (!isTrue(text) && !isFalse(text))
     return refuse(declaration, "1, 0, true or false", failure);
   if (declaration.use != Use::option && isTrue(text))
     values.give(declaration);
+  else if (declaration.use != Use::option)
+    outrankFile(declaration);
   if (declaration.use != Use::option || values.giveTruth(declaration, isTrue(text)))
     return status::success;
   failure = "Environment variable " + declaration.environment + ": " + values.failure();
@@ -71,7 +78,8 @@ int readCount(Declaration& declaration, const std::string& text, GivenValues& va
   const auto [end, problem] = std::from_chars(text.data(), text.data() + text.size(), count);
   constexpr unsigned int most = 1'000'000;
   if (problem != std::errc() || end != text.data() + text.size() || count > most)
-    return refuse(declaration, "a number", failure);
+    return refuse(declaration, "a number up to 1000000", failure);
+  outrankFile(declaration);
   for (; count != 0; --count)
     values.give(declaration);
   return status::success;
@@ -85,7 +93,7 @@ int readVariable(const Scope& scope, IParser& parser, Declaration& declaration,
     return readTruth(declaration, text, values, failure);
   const std::string argument = "--" + scope.nameOf(declaration) + '=' + replaced(declaration, text);
   failure = "Environment variable " + declaration.environment + ": ";
-  return parseInto(parser, values, {argument.c_str()}, failure);
+  return parseInto(scope, parser, values, {"", argument.c_str()}, failure);
 }
 
 struct CloseFile {
@@ -132,43 +140,97 @@ std::vector<Line> linesOf(const std::string& text) {
   return lines;
 }
 
-// Whether the value of an option is in the line after its name.
-bool waitsForNext(const Scope& scope, const std::string& argument) {
-  const Word word = wordOf(argument);
-  if (word.sort != Word::option || !word.value.empty())
-    return false;
-  const Declaration* const declaration = scope.resolve(word.name.c_str());
-  return declaration != nullptr && declaration->takesValue();
-}
+// Reads a file line by line, so that errors can tell the line.
+class LineReader {
+ public:
+  LineReader(const Scope& scope, IParser& parser, GivenValues& values, std::vector<Line> lines)
+      : m_scope(scope), m_parser(parser), m_values(values), m_lines(std::move(lines)) {}
 
-int readLines(const Scope& scope, IParser& parser, const std::string& path,
-              const std::vector<Line>& lines, GivenValues& values, std::string& failure) {
-  bool isEnded = false;
-  for (std::size_t index = 0; index < lines.size(); ++index) {
-    const Line& line = lines[index];
-    if (!isEnded && line.argument == "--") {
-      isEnded = true;
-      continue;
+  /// Returns the status; `failure` gets the number of the line, and what is wrong there.
+  int read(std::string& failure) {
+    for (; m_index < m_lines.size(); ++m_index) {
+      const Line& line = m_lines[m_index];
+      std::string reason;
+      const int status = readLine(line.argument, reason);
+      if (status != status::success) {
+        failure = std::to_string(line.number) + ": " + reason;
+        return status;
+      }
     }
-    std::vector<const char*> arguments{line.argument.c_str()};
-    if (isEnded)
-      arguments.insert(arguments.begin(), "--");
-    else if (waitsForNext(scope, line.argument) && index + 1 < lines.size())
-      arguments.push_back(lines[++index].argument.c_str());
-    std::string reason;
-    const int status = parseInto(parser, values, arguments, reason);
-    if (status != status::success) {
-      failure = path + ':' + std::to_string(line.number) + ": " + reason;
-      return status;
-    }
+    return status::success;
   }
-  return status::success;
-}
 
-// "~/" at the beginning is the home of the user.
+ private:
+  int readLine(const std::string& argument, std::string& reason) {
+    const Word word = m_isEnded ? Word{Word::operand, "", "", false} : wordOf(argument);
+    if (argument.find('\0') != std::string::npos)
+      reason = "A line of text cannot hold a zero byte";
+    else if (word.sort == Word::operand)
+      return readOperandLine(argument, reason);
+    else if (word.sort == Word::option)
+      return readOption(word, argument, reason);
+    else
+      m_isEnded = true;
+    return reason.empty() ? status::success : status::usageError;
+  }
+
+  int readOperandLine(const std::string& argument, std::string& reason) {
+    const auto& operands = m_scope.operands();
+    const bool isRest = !operands.empty() && operands.back()->use == Use::rest;
+    if (m_operands++ < operands.size() || isRest)
+      return parse({"", "--", argument.c_str()}, reason);
+    reason = isUnexpected(argument);
+    return status::usageError;
+  }
+
+  int readOption(const Word& word, const std::string& argument, std::string& reason) {
+    const Declaration* const option = m_scope.resolve(word.name.c_str());
+    if (option == nullptr)
+      return parse({"", argument.c_str()}, reason);
+    if (option->isBuiltIn || option->use == Use::config) {
+      reason = isForCommandLine(*option);
+      return status::usageError;
+    }
+    if (!option->takesValue() || (word.hasValue && option->takesAnyText()) || !word.value.empty())
+      return parse({"", withoutDeprecated(*option, word, argument).c_str()}, reason);
+    const std::string* const next =
+        m_index + 1 < m_lines.size() ? &m_lines[m_index + 1].argument : nullptr;
+    if (next == nullptr || (next->front() == '-' && *next != "-"))
+      return parse({"", argument.c_str()}, reason);
+    ++m_index;
+    const std::string value = replaced(*option, *next);
+    return parse({"", argument.c_str(), value.c_str()}, reason);
+  }
+
+  std::string withoutDeprecated(const Declaration& option, const Word& word,
+                                const std::string& argument) const {
+    const std::string value = replaced(option, word.value);
+    return value == word.value ? argument : "--" + m_scope.nameOf(option) + '=' + value;
+  }
+
+  int parse(const std::vector<const char*>& words, std::string& reason) {
+    const EarlyOptions none;
+    const Arguments arguments(m_scope, none, false, words);
+    m_values.replaceMarks(arguments.mark(), arguments.marked());
+    return parseInto(m_scope, m_parser, m_values, arguments.words(), reason);
+  }
+
+  const Scope& m_scope;
+  IParser& m_parser;
+  GivenValues& m_values;
+  const std::vector<Line> m_lines;
+  std::size_t m_index = 0;
+  std::size_t m_operands = 0;
+  bool m_isEnded = false;
+};
+
+// "~/" at the beginning is the home of the user. Empty, as no file is there, for a user without
+// one.
 std::string atHome(const std::string& path) {
+  if (path.compare(0, 2, "~/") != 0)
+    return path;
   const char* const home = std::getenv("HOME");
-  return path.compare(0, 2, "~/") == 0 && home != nullptr ? home + path.substr(1) : path;
+  return home != nullptr && *home != '\0' ? home + path.substr(1) : "";
 }
 
 }  // namespace
@@ -209,15 +271,17 @@ int readConfiguration(const Scope& scope, IParser& parser, GivenValues& values,
     const std::string path = isNamed ? declaration->texts.back().text : atHome(declaration->path);
     std::string text;
     const int problem = path.empty() ? ENOENT : load(path, text);
-    if (problem == ENOENT && !isNamed)
+    if ((problem == ENOENT || problem == ENOTDIR) && !isNamed)
       continue;
     if (problem != 0) {
       failure = "Cannot read '" + path + "': " + std::generic_category().message(problem);
       return status::usageError;
     }
-    const int status = readLines(scope, parser, path, linesOf(text), values, failure);
-    if (status != status::success)
+    const int status = LineReader(scope, parser, values, linesOf(text)).read(failure);
+    if (status != status::success) {
+      failure.insert(0, path + ':');
       return status;
+    }
   }
   return status::success;
 }

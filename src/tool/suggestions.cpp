@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+#include "tool/messages.h"
+
 namespace kivo_3_3::tool_glue {
 
 std::vector<std::string> nearest(std::vector<std::string> names, const std::string& typed) {
@@ -27,6 +29,26 @@ std::vector<std::string> nearest(std::vector<std::string> names, const std::stri
     names.erase(std::remove(names.begin(), names.end(), found.back()), names.end());
   }
   return found;
+}
+
+std::string suggestedChoice(const Scope& scope, const std::string& reason) {
+  for (const auto* list : {&scope.options(), &scope.operands()}) {
+    for (const Declaration* one : *list) {
+      const std::string start = one->isOperand()
+                                    ? "Operand '" + one->firstName() + "' does not take '"
+                                    : "Option '" + scope.nameOf(*one) + "' does not allow value '";
+      const char* const end = one->isOperand() ? "', expected: " : "'. Possible values";
+      const std::size_t begin = one->choices.empty() ? std::string::npos : reason.find(start);
+      if (begin == std::string::npos)
+        continue;
+      const std::string typed = reason.substr(begin + start.size());
+      std::vector<std::string> texts;
+      for (const DeclaredChoice& choice : one->choices)
+        texts.push_back(choice.text);
+      return didYouMean(nearest(texts, typed.substr(0, typed.rfind(end))));
+    }
+  }
+  return "";
 }
 
 }  // namespace kivo_3_3::tool_glue

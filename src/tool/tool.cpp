@@ -50,13 +50,19 @@ std::string bytesOf(const void* value, std::size_t size) {
 
 // Needs no memory.
 int tellOfMemory(const ToolData* tool) {
-  constexpr const char* text = "Memory has run out.\n";
-  if (tool != nullptr && tool->root().output) {
+  const char* const name = tool != nullptr ? tool->root().name.c_str() : "";
+  for (const char* const text : {name, *name != '\0' ? ": " : "", "Memory has run out.\n"}) {
+    if (tool == nullptr || !tool->root().output) {
+      std::fputs(text, stderr);
+      continue;
+    }
     Text unused;
     bool isError = true;
-    tool->root().output(&text, &isError, unused);
-  } else {
-    std::fputs(text, stderr);
+    try {
+      tool->root().output(&text, &isError, unused);
+    } catch (const std::bad_alloc&) {
+      break;  // the tool has no memory for it either
+    }
   }
   return status::exceptionCaught;
 }
@@ -68,6 +74,12 @@ ToolData* makeData() noexcept {
   } catch (const std::bad_alloc&) {
     return nullptr;
   }
+}
+
+// Destroys a function for which there is no tool or declaration.
+void destroyUnless(const void* owner, const Callable& function) {
+  if (owner == nullptr && function.function != nullptr)
+    function.destroy(function.function);
 }
 
 // The arguments of a tool; those of a command are known already.
@@ -111,6 +123,8 @@ void note(Declaration* declaration, Note note, const char* text) noexcept {
 }
 
 void limit(Declaration* declaration, Limit limit, const void* first, const void* second) noexcept {
+  if (limit == Limit::check)
+    destroyUnless(declaration, *static_cast<const Callable*>(first));
   remembering(toolOf(declaration), [&] {
     const std::size_t bytes = declaration->type != nullptr ? declaration->type->bytes : 0;
     const auto text = [](const void* given) { return orEmpty(static_cast<const char*>(given)); };
@@ -122,7 +136,8 @@ void limit(Declaration* declaration, Limit limit, const void* first, const void*
     } else if (limit == Limit::deprecatedChoice) {
       declaration->deprecatedChoices.emplace_back(text(first), text(second));
     } else {
-      declaration->checks.emplace_back(*static_cast<const Callable*>(first));
+      OwnedCallable owned(*static_cast<const Callable*>(first));
+      declaration->checks.push_back(std::move(owned));
     }
   });
 }
@@ -154,6 +169,7 @@ Tool::~Tool() { delete m_data; }
 Declaration* Tool::add(Use use, const char* names, const char* help, void* variable,
                        const tool_glue::VariableType* type,
                        const tool_glue::Callable& function) noexcept {
+  tool_glue::destroyUnless(m_data, function);
   Declaration* const none = nullptr;
   return remembering(m_data, none, [&] {
     tool_glue::OwnedCallable owned(function);
@@ -186,6 +202,7 @@ Option<const char*> Tool::config(const char* names, const char* path, const char
 
 void Tool::addCommand(const char* words, const char* help,
                       const tool_glue::Callable& function) noexcept {
+  tool_glue::destroyUnless(m_data, function);
   remembering(m_data, [&] {
     tool_glue::OwnedCallable owned(function);
     m_data->commands.push_back({orEmpty(words), orEmpty(help), std::move(owned)});
@@ -196,12 +213,14 @@ void Tool::addToGroup(const char* name, bool isFirst, bool isNeeded) noexcept {
   remembering(m_data, [&] {
     if (isFirst || m_data->groups.empty())  // there was no memory for the first one
       m_data->groups.push_back({{}, isNeeded});
-    m_data->groups.back().names.emplace_back(orEmpty(name));
+    if (!m_data->isOutOfMemory)  // else there may be no group
+      m_data->groups.back().names.emplace_back(orEmpty(name));
   });
 }
 
 void Tool::setOutput(const tool_glue::Callable& function) noexcept {
-  remembering(m_data, [&] { m_data->output = tool_glue::OwnedCallable(function); });
+  tool_glue::destroyUnless(m_data, function);
+  remembering(m_data, [&] { m_data->root().output = tool_glue::OwnedCallable(function); });
 }
 
 void Tool::section(const char* heading) noexcept {
@@ -214,7 +233,7 @@ void Tool::footer(const char* text) noexcept {
 
 void Tool::usageStatus(int status) noexcept {
   if (m_data != nullptr)
-    m_data->usageStatus = status;
+    m_data->root().usageStatus = status;
 }
 
 bool Tool::parse(int argc, const char* const* argv, int& status) {
@@ -231,8 +250,11 @@ bool Tool::parse(int argc, const char* const* argv, int& status) {
 }
 
 int Tool::fail(const char* reason) noexcept {
-  remembering(m_data, [&] { printError(*m_data, orEmpty(reason)); });
-  return m_data != nullptr ? m_data->root().usageStatus : status::usageError;
+  const bool isTold = remembering(m_data, false, [&] {
+    printError(*m_data, orEmpty(reason));
+    return true;
+  });
+  return isTold ? m_data->root().usageStatus : tool_glue::tellOfMemory(m_data);
 }
 
 IParser* Tool::parser() noexcept {

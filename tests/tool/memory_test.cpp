@@ -2,6 +2,7 @@
 #include <vector>
 
 #include "allocation/allocation_limit.h"
+#include "allocation/failing_memory.h"
 #include "tried.h"
 
 // What happens when memory runs out while a tool declares and parses.
@@ -16,7 +17,7 @@ struct Variables {
   int number = 1;
   int count = 0;
   std::string text = "default";
-  std::string tone = "default";
+  std::string tone = "cold";
   std::vector<std::string> words = {"default"};
   std::vector<int> numbers;
 };
@@ -56,7 +57,7 @@ TEST_P(ToolMemory, ThatRunsOutEndsWithStatus3AndChangesNoVariable) {
     EXPECT_EQ(isDone ? 3 : 1, variables.number);
     EXPECT_EQ(isDone ? 1 : 0, variables.count);
     EXPECT_EQ(isDone ? "" : "default", variables.text);
-    EXPECT_EQ(isDone ? "warm" : "default", variables.tone);
+    EXPECT_EQ(isDone ? "warm" : "cold", variables.tone);
     EXPECT_EQ(isDone ? 2U : 1U, variables.words.size());
     EXPECT_EQ(isDone ? (std::vector<int>{7, 8}) : std::vector<int>(), variables.numbers);
     if (!isReached)
@@ -141,6 +142,34 @@ TEST(ToolWithoutMemory, HasNoHelpAsText) {
     EXPECT_EQ("", tool.help());
     EXPECT_EQ(nullptr, tool.parser());
   }
+}
+
+struct Scene {
+  int times = 1;
+  std::string tone = "warm";
+  int messages = 0;
+  std::optional<Tool> tool;
+};
+
+void declare(Scene& scene) {
+  Tool& tool = scene.tool.emplace("tool", "Tries a tool.", "1.0");
+  tool.output([&scene](const char*, bool) { ++scene.messages; });
+  tool.option("times,t", scene.times, "How often.").range(1, 9).env("TRIED_TIMES");
+  tool.option("tone", scene.tone, "How.")
+      .choices({"warm", "cold"})
+      .check([&scene](const std::string&) { return scene.times == 1 ? "" : "nothing"; });
+  tool.atMostOne({"times", "tone"});
+  tool.each(
+      "go", [&scene](const char*) { ++scene.times; }, "Go.");
+  tool.footer("A text that is too long to be kept without memory.");
+}
+
+TEST(ToolWithoutMemory, IsMissedAtTheParseIfDeclaringRunsOutOfIt) {
+  testing::failEachAllocation<Scene>(declare, [](Scene& scene) {
+    const std::optional<int> status = scene.tool->parse({"--tone", "cold"});
+    EXPECT_EQ(3, status.value_or(3));
+    EXPECT_EQ(status ? "warm" : "cold", scene.tone);
+  });
 }
 
 }  // namespace

@@ -287,8 +287,8 @@ TEST(ToolVariables, ChoicesMayStandForNumbersBooleansAndCharacters) {
   int level = 1;
   bool truth = false;
   char letter = 'x';
-  unsigned long long wide = 0;
-  double real = 0;
+  unsigned long long wide = 12;
+  double real = 0.5;
   Tried tool;
   tool.option("level", level, "").choices({{"low", 1}, {"high", 9}});
   tool.option("truth", truth, "").choices({{"yes", true}, {"no", false}});

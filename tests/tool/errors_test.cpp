@@ -1,0 +1,84 @@
+#include <stdexcept>
+#include <string>
+
+#include "tried.h"
+
+// What is printed for a wrong command line, and the status.
+
+namespace kivo_3_3 {
+namespace {
+
+TEST(Errors, AnErrorNamesTheToolAndItsHelp) {
+  Tried tool;
+  int times = 1;
+  tool.option("times", times, "Times.").required();
+  EXPECT_EQ(2, tool.run({}));
+  EXPECT_EQ("tool: Option '--times' is required\nTry 'tool --help'.\n", tool.err);
+  EXPECT_EQ("", tool.out);
+}
+
+TEST(Errors, TheStatusOfAWrongCommandLineCanBeChanged) {
+  Tried tool;
+  tool.usageStatus(64);
+  EXPECT_EQ(64, tool.run({"--nothing"}));
+  EXPECT_EQ(64, tool.fail("No."));
+  EXPECT_EQ("tool: Unknown option: --nothing\nTry 'tool --help'.\ntool: No.\nTry 'tool --help'.\n",
+            tool.err);
+}
+
+TEST(Errors, ACommandCanChangeTheStatusAndTheOutput) {
+  Tried tool;
+  std::string told;
+  tool.command("go", "Go.", [&](Tool& command) {
+    command.usageStatus(65);
+    command.output([&](const char* text, bool) { told += text; });
+    return command.parse().value_or(0);
+  });
+  EXPECT_EQ(65, tool.run({"go", "--nothing"}));
+  EXPECT_EQ("tool: Unknown option: --nothing\nTry 'tool go --help'.\n", told);
+  EXPECT_EQ("", tool.err);
+}
+
+TEST(Errors, AStrayWordIsAnUnexpectedArgument) {
+  Tried tool;
+  EXPECT_EQ(2, tool.run({"word"}));
+  EXPECT_EQ("tool: Unexpected argument: word\nTry 'tool --help'.\n", tool.err);
+}
+
+TEST(Errors, AFunctionThatThrowsEndsWithFour) {
+  Tried tool;
+  int value = 0;
+  tool.option("value", value, "Value.").check([](int) -> const char* {
+    throw std::runtime_error("Broken");
+  });
+  EXPECT_EQ(4, tool.run({"--value=1"}));
+  EXPECT_EQ("tool: Broken\nTry 'tool --help'.\n", tool.err);
+}
+
+TEST(Errors, AFunctionMayThrowAnything) {
+  Tried tool;
+  int value = 0;
+  tool.option("value", value, "Value.").check([](int) -> const char* { throw 1; });
+  EXPECT_EQ(4, tool.run({"--value=1"}));
+  EXPECT_EQ("tool: The command line cannot be read\nTry 'tool --help'.\n", tool.err);
+}
+
+TEST(Errors, WhatAnActionThrowsPassesThrough) {
+  Tried tool;
+  tool.action("go", "Go.", []() -> int { throw std::runtime_error("Broken"); });
+  EXPECT_THROW(tool.run({"--go"}), std::runtime_error);
+  EXPECT_EQ("", tool.err);
+}
+
+TEST(Errors, GroupsNameTheirOptions) {
+  Tried tool;
+  bool a = false, b = false;
+  tool.flag("aa", a, "A.");
+  tool.flag("bb", b, "B.");
+  tool.exactlyOne({"aa", "bb"});
+  EXPECT_EQ(2, tool.run({}));
+  EXPECT_EQ("tool: One of these is required: --aa, --bb\nTry 'tool --help'.\n", tool.err);
+}
+
+}  // namespace
+}  // namespace kivo_3_3

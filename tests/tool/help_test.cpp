@@ -1,0 +1,127 @@
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "tried.h"
+
+// The help page.
+
+namespace kivo_3_3 {
+namespace {
+
+class Help : public ::testing::Test {
+ protected:
+  Help() { setenv("COLUMNS", "80", 1); }
+  ~Help() override { unsetenv("COLUMNS"); }
+};
+
+// The longest line of a page for a width.
+std::size_t widest(const char* columns) {
+  columns != nullptr ? setenv("COLUMNS", columns, 1) : unsetenv("COLUMNS");
+  std::string text;
+  for (int i = 0; i < 200; ++i)
+    text += "a ";
+  const std::string page = Tried("tool", text.c_str()).help();
+  std::size_t longest = 0;
+  for (std::size_t at = 0, end = 0; (end = page.find('\n', at)) != std::string::npos; at = end + 1)
+    longest = std::max(longest, end - at);
+  return longest;
+}
+
+TEST_F(Help, ShowsAllThatIsDeclared) {
+  Tried tool;
+  int size = 3;
+  bool color = true;
+  std::string tone = "warm", file;
+  std::vector<std::string> rest;
+  tool.option("size,s", size, "How big.").range(1, 9).env("SIZE");
+  tool.option("color", color, "Use colors.");
+  tool.option("secret", size, "Secret.").hidden();
+  tool.section("Tones");
+  tool.option("tone", tone, "Which.").choices({"warm", "cold"}).placeholder("TONE");
+  tool.option("old", tone, "Former.").deprecated("use --tone").shownDefault("none").required();
+  tool.operand("file", file, "What to read.").required();
+  tool.rest("more", rest, "More.");
+  tool.footer("That is all.");
+  EXPECT_EQ(0, tool.run({"--hel"}));
+  EXPECT_EQ(
+      "Usage: tool [OPTION]... FILE [MORE...]\n\nTries a tool.\n\n"
+      "Operands:\n  FILE     What to read.\n  MORE...  More.\n\n"
+      "Options:\n"
+      "  -s, --size=SIZE   How big. From 1 to 9. Default: 3. Environment: SIZE.\n"
+      "      --[no-]color  Use colors. Default: true.\n"
+      "  -h, --help        Show this help.\n  -V, --version     Show the version.\n\n"
+      "Tones:\n      --tone=TONE  Which. One of: warm, cold. Default: warm.\n"
+      "      --old=OLD    Former. Default: none. Required. Deprecated: use --tone.\n\n"
+      "That is all.\n",
+      tool.out);
+}
+
+TEST_F(Help, IsAsWideAsColumnsBetweenSixtyAndAHundred) {
+  EXPECT_EQ(79U, widest("80"));
+  EXPECT_EQ(59U, widest("10"));
+  EXPECT_EQ(99U, widest("1000"));
+  EXPECT_EQ(65U, widest("65"));
+}
+
+TEST_F(Help, AWidthThatIsNoNumberIsPassedOver) {
+  ASSERT_FALSE(isatty(STDOUT_FILENO));
+  for (const char* columns : {"", "-5", "65x", " 65", "0"})
+    EXPECT_EQ(79U, widest(columns)) << columns;
+  EXPECT_EQ(79U, widest(nullptr));
+}
+
+TEST_F(Help, BreaksLinesBetweenCharacters) {
+  std::string word;
+  for (int i = 0; i < 100; ++i)
+    word += "\xC3\xA9";
+  Tried tool("tool", word.c_str(), nullptr);
+  EXPECT_EQ("Usage: tool [OPTION]...\n\n" + word.substr(0, 160) + '\n' + word.substr(160) +
+                "\n\nOptions:\n  -h, --help  Show this help.\n",
+            tool.help());
+}
+
+TEST_F(Help, ALongWordTakesNoLongTime) {
+  const std::string word(2'000'000, 'x');
+  EXPECT_LT(word.size(), Tried("tool", word.c_str()).help().size());
+}
+
+TEST_F(Help, VersionAndHelpWinOverErrors) {
+  Tried tool;
+  EXPECT_EQ(0, tool.run({"--wrong", "stray", "-V"}));
+  EXPECT_EQ("tool 1.0\n", tool.out);
+  EXPECT_EQ("", tool.err);
+}
+
+TEST_F(Help, AfterTwoDashesHelpIsAnOperand) {
+  Tried tool;
+  EXPECT_EQ(2, tool.run({"--", "--help"}));
+  EXPECT_EQ("tool: Unexpected argument: --help\nTry 'tool --help'.\n", tool.err);
+}
+
+TEST_F(Help, TheAuthorMayDeclareHelpAndVersion) {
+  Tried tool;
+  bool help = false, version = false;
+  tool.flag("help,h", help, "Own.");
+  tool.flag("version,V", version, "Own.");
+  EXPECT_EQ(-1, tool.run({"-h", "-V"}));
+  EXPECT_TRUE(help && version);
+  EXPECT_EQ("", tool.out);
+}
+
+TEST_F(Help, HelpThatCannotBeWrittenEndsWithOne) {
+  std::fflush(stdout);
+  const int kept = dup(STDOUT_FILENO);
+  ASSERT_NE(nullptr, std::freopen("/dev/full", "w", stdout));
+  const std::optional<int> status = Tool("tool", "A tool.", "1").parse({"--help"});
+  std::clearerr(stdout);
+  dup2(kept, STDOUT_FILENO);
+  close(kept);
+  EXPECT_EQ(1, status.value_or(-1));
+}
+
+}  // namespace
+}  // namespace kivo_3_3

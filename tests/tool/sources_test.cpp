@@ -1,0 +1,302 @@
+#include <stdlib.h>
+#include <sys/stat.h>
+
+#include <cstdio>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "tried.h"
+
+// The environment and a configuration file stand below the command line.
+
+namespace kivo_3_3 {
+namespace {
+
+// A tool with one option of each kind, and a file for its configuration.
+class Sources : public ::testing::Test {
+ protected:
+  Sources() {
+    char folder[] = "/tmp/kivo-tool-XXXXXX";
+    m_folder = mkdtemp(folder);
+    path = m_folder + "/rc";
+    tool.option("times,t", times, "How often.").range(1, 9).env("TRIED_TIMES");
+    tool.option("name", names, "Whom.").env("TRIED_NAME");
+    tool.option("tone", tone, "How.").choices({"formal", "friendly"}).env("TRIED_TONE");
+    tool.option("loud", loud, "Be loud.").env("TRIED_LOUD");
+    tool.flag("quick", quick, "Be quick.").env("TRIED_QUICK");
+    tool.count("more,m", more, "Tell more.").env("TRIED_MORE");
+    tool.config("config", path.c_str(), "Where the options are.").env("TRIED_CONFIG");
+  }
+  ~Sources() override {
+    for (const char* name : {"TIMES", "NAME", "TONE", "LOUD", "QUICK", "MORE", "CONFIG"})
+      unsetenv((std::string("TRIED_") + name).c_str());
+    std::remove(path.c_str());
+    std::remove(m_folder.c_str());
+  }
+  void write(const std::string& text) const { std::ofstream(path, std::ios::binary) << text; }
+  // The reason of an error whose place is in the configuration file.
+  std::string reason() const {
+    const std::string start = "tool: " + path + ':';
+    const std::string end = "\nTry 'tool --help'.\n";
+    EXPECT_EQ(start, tool.err.substr(0, start.size())) << tool.err;
+    return tool.err.substr(start.size(), tool.err.size() - start.size() - end.size());
+  }
+
+  int times = 1;
+  std::vector<std::string> names{"Nobody"};
+  std::string tone = "formal";
+  bool loud = false, quick = false;
+  int more = 5;
+  std::string path;
+  Tried tool;
+
+ private:
+  std::string m_folder;
+};
+
+using Strings = std::vector<std::string>;
+
+TEST_F(Sources, AFileCountsMoreThanTheDefault) {
+  write("--times=3\n--name\nAda\n--name=Bob\n--loud\n--quick\n-m\n-m\n");
+  EXPECT_EQ(-1, tool.run({})) << tool.err;
+  EXPECT_EQ(3, times);
+  EXPECT_EQ((Strings{"Ada", "Bob"}), names);
+  EXPECT_TRUE(loud);
+  EXPECT_TRUE(quick);
+  EXPECT_EQ(2, more);
+}
+
+TEST_F(Sources, TheEnvironmentCountsMoreThanAFile) {
+  write("--times=3\n--name=Ada\n--name=Bob\n--loud\n--quick\n-m\n-m\n");
+  setenv("TRIED_TIMES", "4", 1);
+  setenv("TRIED_NAME", "Eve", 1);
+  setenv("TRIED_LOUD", "0", 1);
+  setenv("TRIED_QUICK", "false", 1);
+  setenv("TRIED_MORE", "0", 1);
+  EXPECT_EQ(-1, tool.run({})) << tool.err;
+  EXPECT_EQ(4, times);
+  EXPECT_EQ((Strings{"Eve"}), names);
+  EXPECT_FALSE(loud);
+  EXPECT_FALSE(quick);
+  EXPECT_EQ(0, more);
+}
+
+TEST_F(Sources, TheCommandLineCountsMost) {
+  write("--times=3\n--name=Ada\n");
+  setenv("TRIED_TIMES", "4", 1);
+  setenv("TRIED_NAME", "Eve", 1);
+  EXPECT_EQ(-1, tool.run({"--times=5", "--name=Joe"}));
+  EXPECT_EQ(5, times);
+  EXPECT_EQ((Strings{"Joe"}), names);
+}
+
+TEST_F(Sources, AValueThatLosesIsChecked) {
+  setenv("TRIED_TIMES", "10", 1);
+  EXPECT_EQ(2, tool.run({"--times=5"}));
+  EXPECT_EQ(
+      "tool: Environment variable TRIED_TIMES: Option 'times' does not take '10', expected: 1 to "
+      "9\nTry 'tool --help'.\n",
+      tool.err);
+  EXPECT_EQ(1, times);
+}
+
+TEST_F(Sources, TruthsOfTheEnvironmentAreFourTexts) {
+  for (const char* text : {"1", "true"}) {
+    Tried fresh;
+    bool on = false;
+    fresh.option("on", on, "On.").env("TRIED_LOUD");
+    setenv("TRIED_LOUD", text, 1);
+    EXPECT_EQ(-1, fresh.run({}));
+    EXPECT_TRUE(on) << text;
+  }
+  setenv("TRIED_LOUD", "yes", 1);
+  EXPECT_EQ(2, tool.run({}));
+  EXPECT_EQ(
+      "tool: Environment variable TRIED_LOUD: expected 1, 0, true or false\nTry 'tool --help'.\n",
+      tool.err);
+}
+
+TEST_F(Sources, ATruthOfTheEnvironmentSetsAFlag) {
+  setenv("TRIED_QUICK", "true", 1);
+  setenv("TRIED_LOUD", "1", 1);
+  EXPECT_EQ(-1, tool.run({}));
+  EXPECT_TRUE(quick);
+  EXPECT_TRUE(loud);
+}
+
+TEST_F(Sources, ACountOfTheEnvironmentIsANumber) {
+  setenv("TRIED_MORE", "3", 1);
+  EXPECT_EQ(-1, tool.run({}));
+  EXPECT_EQ(3, more);
+}
+
+TEST_F(Sources, ACountOfTheEnvironmentHasALimit) {
+  for (const char* text : {"-1", "1x", "1000001", "99999999999999999999"}) {
+    Tried fresh;
+    int count = 0;
+    fresh.count("c", count, "Count.").env("TRIED_MORE");
+    setenv("TRIED_MORE", text, 1);
+    EXPECT_EQ(2, fresh.run({})) << text;
+    EXPECT_EQ(
+        "tool: Environment variable TRIED_MORE: expected a number up to 1000000\nTry 'tool "
+        "--help'.\n",
+        fresh.err);
+  }
+}
+
+TEST_F(Sources, AnEmptyVariableCountsAsUnset) {
+  for (const char* name : {"TRIED_TIMES", "TRIED_LOUD", "TRIED_MORE", "TRIED_NAME"})
+    setenv(name, "", 1);
+  EXPECT_EQ(-1, tool.run({})) << tool.err;
+  EXPECT_EQ((Strings{"Nobody"}), names);
+}
+
+TEST_F(Sources, ADefaultFileMayBeAbsentANamedOneMayNot) {
+  EXPECT_EQ(2, tool.run({"--config=/tmp/kivo-absent"}));
+  EXPECT_EQ("tool: Cannot read '/tmp/kivo-absent': No such file or directory\nTry 'tool --help'.\n",
+            tool.err);
+}
+
+TEST_F(Sources, AFileMayBeNamedByTheEnvironment) {
+  setenv("TRIED_CONFIG", "/", 1);
+  EXPECT_EQ(2, tool.run({}));
+  EXPECT_EQ("tool: Cannot read '/': Is a directory\nTry 'tool --help'.\n", tool.err);
+}
+
+TEST_F(Sources, AnEndlessFileIsRefused) {
+  EXPECT_EQ(2, tool.run({"--config=/dev/zero"}));
+  EXPECT_EQ("tool: Cannot read '/dev/zero': File too large\nTry 'tool --help'.\n", tool.err);
+}
+
+TEST_F(Sources, ErrorsOfAFileNameItsLine) {
+  write("# a comment\n; another\n\n  --times=3\r\n--tims=4\n");
+  EXPECT_EQ(2, tool.run({}));
+  EXPECT_EQ("5: Unknown option: --tims=4", reason());
+  EXPECT_EQ(1, times);
+}
+
+TEST_F(Sources, AValueInTheNextLineIsReadWithItsOption) {
+  write("--times\n\n12\n");
+  EXPECT_EQ(2, tool.run({}));
+  EXPECT_EQ("1: Option 'times' does not take '12', expected: 1 to 9", reason());
+}
+
+TEST_F(Sources, TheNextOptionIsNoValue) {
+  write("--times\n--loud\n");
+  EXPECT_EQ(2, tool.run({}));
+  EXPECT_EQ("1: ", reason().substr(0, 3));
+}
+
+TEST_F(Sources, AFileGivesEmptyTextsAndDashes) {
+  write("--name=\n--name\n-\n--name=x");
+  EXPECT_EQ(-1, tool.run({})) << tool.err;
+  EXPECT_EQ((Strings{"", "-", "x"}), names);
+}
+
+TEST_F(Sources, AFileCannotGiveHelpOrAnotherFile) {
+  write("--help\n");
+  EXPECT_EQ(2, tool.run({}));
+  EXPECT_EQ("1: A configuration file cannot give '--help'", reason());
+}
+
+TEST_F(Sources, AFileCannotNameAnotherOne) {
+  write("--config=/dev/null\n");
+  EXPECT_EQ(2, tool.run({}));
+  EXPECT_EQ("1: A configuration file cannot give '--config'", reason());
+}
+
+TEST_F(Sources, OperandsOfAFileAreCounted) {
+  std::string first = "none";
+  tool.operand("first", first, "The first.");
+  write("one\n--\n--two\n");
+  EXPECT_EQ(2, tool.run({}));
+  EXPECT_EQ("3: Unexpected argument: --two", reason());
+  EXPECT_EQ("none", first);
+}
+
+TEST_F(Sources, AFileGivesOperands) {
+  Strings all;
+  tool.rest("all", all, "All.");
+  write("one\n-\n--\n--two\nkivooption=kivologenable=1\n");
+  EXPECT_EQ(-1, tool.run({})) << tool.err;
+  EXPECT_EQ((Strings{"one", "-", "--two", "kivooption=kivologenable=1"}), all);
+}
+
+TEST_F(Sources, ABinaryFileIsRefused) {
+  write(std::string("--name=a\0b\n", 11));
+  EXPECT_EQ(2, tool.run({}));
+  EXPECT_EQ("1: A line of text cannot hold a zero byte", reason());
+}
+
+TEST_F(Sources, LongLinesAndVariablesAreRead) {
+  const std::string text(10'000'000, 'x');
+  write("--name=x\n--tone=" + text + '\n');
+  EXPECT_EQ(2, tool.run({}));
+  EXPECT_EQ("2: Value validation problem in argument '--tone=xxx", reason().substr(0, 51));
+  EXPECT_EQ((Strings{"Nobody"}), names);
+}
+
+TEST_F(Sources, APipeIsReadAsAFile) {
+  ASSERT_EQ(0, mkfifo(path.c_str(), 0600));
+  std::FILE* const both = std::fopen(path.c_str(), "r+");
+  ASSERT_NE(nullptr, both);
+  std::fclose(both);
+  std::FILE* const other = popen(("echo --times=7 > '" + path + "'").c_str(), "r");
+  EXPECT_EQ(-1, tool.run({})) << tool.err;
+  pclose(other);
+  EXPECT_EQ(7, times);
+}
+
+TEST_F(Sources, ADeprecatedChoiceOfAFileIsReplacedWithoutAWarning) {
+  std::string color = "red";
+  tool.option("color", color, "Which.").choices({"red", "blue"}).deprecatedChoice("b", "blue");
+  write("--color=b\n");
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(-1, tool.run({}));
+  EXPECT_EQ("", testing::internal::GetCapturedStderr() + tool.err);
+  EXPECT_EQ("blue", color);
+}
+
+TEST(SourcesAtHome, WithoutAHomeThereIsNoFile) {
+  const char* const home = getenv("HOME");
+  const std::string kept = home != nullptr ? home : "";
+  for (const bool isSet : {true, false}) {
+    isSet ? setenv("HOME", "", 1) : unsetenv("HOME");
+    Tried tool;
+    tool.config("config", "~/", "Options.");
+    EXPECT_EQ(-1, tool.run({})) << tool.err;
+  }
+  setenv("HOME", "/dev/null", 1);  // nothing is below it
+  Tried tool;
+  tool.config("config", "~/rc", "Options.");
+  EXPECT_EQ(-1, tool.run({})) << tool.err;
+  setenv("HOME", "/usr", 1);
+  Tried other;
+  other.config("config", "~/", "Options.");
+  EXPECT_EQ(2, other.run({}));
+  EXPECT_EQ("tool: Cannot read '/usr/': Is a directory\nTry 'tool --help'.\n", other.err);
+  setenv("HOME", kept.c_str(), 1);
+}
+
+TEST_F(Sources, WhatDoesNotGoWithTheActionIsPassedOver) {
+  int level = 0;
+  bool isDone = false;
+  tool.action("go", "Go.", [&] { return (isDone = true) ? 0 : 1; });
+  tool.action("stay", "Stay.", [] { return 0; });
+  tool.option("level", level, "How far.").only("stay").env("TRIED_TIMES").required();
+  write("--level=7\n");
+  EXPECT_EQ(0, tool.run({"--go"})) << tool.err;
+  EXPECT_TRUE(isDone);
+  EXPECT_EQ(0, level);
+}
+
+TEST_F(Sources, AFileGivesNoAction) {
+  tool.action("go", "Go.", [] { return 0; });
+  write("--go\n");
+  EXPECT_EQ(2, tool.run({}));
+  EXPECT_EQ("1: An action is given on the command line alone: --go", reason());
+}
+
+}  // namespace
+}  // namespace kivo_3_3
