@@ -104,6 +104,13 @@ COMMANDS = [
         ("- re", "remote rename"),
         ("-config - re", "remote rename"),
     ]),
+    ("words of a command after the cursor do not count", MANY, [
+        ("re| add", "remote rename"),
+        ("| remote", "remote rename stash status"),
+        ("remote -lo| add", "-long"),
+        ("-config | remote add", "home work"),
+        ("remote o| add near", "origin other"),
+    ]),
     ("a quoted word of a command is one word", MANY, [
         ("'remote add' n", NOTHING),
         ("\"remote\" 'add' n", "near"),

@@ -136,4 +136,22 @@ TYPED_ALREADY = [
         ("-brush '' t", NOTHING),
         ("-brush \"\" -lis", "-list"),
     ]),
+    ("words after the cursor do not count: no action", BARE, [
+        ("-wh| -search", "-what"),
+        ("-co| -count", "-count"),
+        ("-count -pat| -search", NOTHING),
+        ("-search | -search", "-hash -x -checksum -pattern -p -verbose -v -loud -no-verbose -format"
+                              " -f"),
+    ]),
+    ("... no smaller action, which would decide", SMALLEST, [
+        ("-go -gon| -list", "-gone"),
+        ("-list -liste| -go", "-listed"),
+    ]),
+    ("... no --, no operand and no value", PAINTS, [
+        ("r| -list", "red rose"),
+        ("-brush | -- thin", "thin thick"),
+        ("-bru| -- red", "-brush"),
+        ("-brush t| red", "thin thick"),
+        ("-list r| -paint", NOTHING),
+    ]),
 ]
