@@ -28,6 +28,7 @@ from pathlib import Path
 sys.path.insert(0, str(Path(__file__).parent.parent / "shared"))
 
 import accepted
+import bash_only
 import by_rules
 import cases
 import costs
@@ -80,6 +81,7 @@ def parts_of(context, arguments):
         "own": lambda: accepted.check_visible(context, own_description(context)),
         "processes": lambda: costs.check_processes(context),
         "hostile": lambda: hostile.check_hostile(context),
+        "bash": lambda: bash_only.check(context),
         **{name: lambda check=check: check(context) for name, check in manners.PARTS.items()},
         "random": lambda: by_rules.check_random(context, arguments.count, arguments.seed),
     }

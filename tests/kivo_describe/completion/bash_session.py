@@ -138,6 +138,15 @@ class BashSession:
         """All candidates as complete words, as the tool would get them."""
         return [unquoted(word) for word in self.raw(line, after)]
 
+    def arguments(self, line):
+        """What the tool gets when all candidates are inserted and the line is run. The tool has to
+        write it to the file, each argument with a zero after it, and "<ran>" to the terminal."""
+        self.terminal.send(line + "\x18i\r")
+        if self.terminal.expect_exact(["<ran>", pexpect.TIMEOUT], timeout=5):
+            self.terminal.send("\x03")
+            return None
+        return self.answer.read_text(encoding="utf-8").split("\0")[:-1]
+
     def close(self):
         """Ends the shell."""
         self.terminal.close(force=True)

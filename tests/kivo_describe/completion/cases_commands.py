@@ -94,6 +94,7 @@ COMMANDS = [
     ]),
     ("a first word kivooption=... means nothing here too", MANY, [
         ("kivooption=trace re", "remote rename"),
+        ("kivooption=trace kivooption=trace re", NOTHING),
         ("-dry kivooption=trace re", NOTHING),
     ]),
     ("with loneDash a dash alone is a value, and no word of a command", MANY_LONE, [
