@@ -160,8 +160,8 @@ _KIVO_TOOL_resolve() {
 }
 
 # Walks the words before the cursor's. Sets _typed: the actions given; _deciding: the one that
-# decides; _pending: the option that
-# takes the next word; _ended: whether "--" was given; and what commands need.
+# decides; _pending: the option that takes the next word; _ended: whether "--" was given; and what
+# commands need.
 _KIVO_TOOL_walk() {
   local _given
   [[ ${_words[1]} != kivooption=* ]] || unset '_words[1]'  # the parser has taken it away
@@ -239,11 +239,13 @@ _KIVO_TOOL_next_words() {
   done
 }
 
-# Offers what fits the word at the cursor.
+# Offers what fits the word at the cursor. After a word that fits no command, only names do.
 _KIVO_TOOL_offer() {
   local _name
   if [[ -n $_target ]]; then
     _KIVO_TOOL_offer_files '' "$_word" files
+  elif [[ -n $_lost ]]; then
+    [[ -n $_ended || -n $_pending || $_word != -* || $_word == *=* ]] || _KIVO_TOOL_offer_names
   elif [[ -n $_ended ]]; then
     _KIVO_TOOL_offer_leftover
   elif [[ -n $_pending ]]; then
@@ -264,8 +266,7 @@ _KIVO_TOOL_offer() {
 _KIVO_TOOL_offer_leftover() {
   if [[ ${_KIVO_TOOL_scopes[6 * _scope + 4]} == operands ]]; then
     _KIVO_TOOL_find_operand
-    [[ -z $_found || -n $_lost ]] || ! _KIVO_TOOL_goes "$_found" ||
-      _KIVO_TOOL_offer_values "$_found" '' dashes
+    [[ -z $_found ]] || ! _KIVO_TOOL_goes "$_found" || _KIVO_TOOL_offer_values "$_found" '' dashes
   else
     _KIVO_TOOL_offer_files '' "$_word" files
   fi
@@ -275,14 +276,14 @@ _KIVO_TOOL_offer_leftover() {
 # may become an option.
 _KIVO_TOOL_offer_operand() {
   local _next=() _one
-  [[ -n $_lost || -n $_operands ]] || _KIVO_TOOL_next_words "$_word" all
+  [[ -n $_operands ]] || _KIVO_TOOL_next_words "$_word" all
   for _one in "${_next[@]}"; do
     _KIVO_TOOL_add "$_one"
   done
-  [[ $_scope != 0 || -n $_lost || ${#_KIVO_TOOL_scopes[@]} == 6 ]] || return
+  [[ $_scope != 0 || ${#_KIVO_TOOL_scopes[@]} == 6 ]] || return
   _KIVO_TOOL_find_operand
   if [[ -n $_found ]]; then
-    [[ -n $_lost ]] || ! _KIVO_TOOL_goes "$_found" || _KIVO_TOOL_offer_values "$_found" ''
+    ! _KIVO_TOOL_goes "$_found" || _KIVO_TOOL_offer_values "$_found" ''
   elif [[ -z $_word ]]; then
     _KIVO_TOOL_offer_names
   fi

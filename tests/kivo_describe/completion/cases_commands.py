@@ -47,6 +47,11 @@ COMMANDS = [
         ("nothing -d", "-dry"),
         ("stash remote -d", "-dry"),
         ("nothing remote -lon", NOTHING),
+        ("nothing ", NOTHING),
+        ("nothing -config ", NOTHING),
+        ("nothing -config=", NOTHING),
+        ("nothing -config -", NOTHING),
+        ("nothing -- ", NOTHING),
     ]),
     ("of a whole command and a longer one, the longer wins if the next word fits", MANY, [
         ("remote add n", "near"),
