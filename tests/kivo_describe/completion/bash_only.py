@@ -34,16 +34,24 @@ TABS = [
     (["x-y=~"], None, "-v ", "-v x-y=~ "),
 ]
 
-# Quotes that only bash has, with what the keys of a TAB insert there.
-QUOTES = [
+# Words that only bash reads like this, and what the last one becomes.
+WORDS = [
     ("-brush $'it\\'s -list b' r", "red rose "),
-    ("-brush $'a\\\\' -list r", ""),
+    ("-brush $'a\\\\' -list r", "r"),
     ("-brush $\"a -list b\" r", "red rose "),
     ("-brush \"a\\'b -list\" r", "red rose "),
-    ("-brush $x$ -list r", ""),
-    ("$'-list' r", ""),
-    ("$'re", ""),
+    ("-brush $x$ -list r", "r"),
+    ("$'-list' r", "r"),
+    ("$'re", "$'re"),
+    # The target of a redirection is no word of the tool.
+    ("-brush > file t", "thick thin "),
+    (">-list r", "red rose "),
+    ("-brush >>x <y t", "thick thin "),
+    ("-list >not", "notes "),
 ]
+
+# bash itself would run this when it completes a file.
+RUNNING = '"${{a[$(touch {})]}}/'
 
 RUN = "single() { printf '%s\\0' \"$@\" >\"$_session_file\"; printf '<%s>\\n' ran; }"
 
@@ -81,13 +89,22 @@ def check_without_history(context):
     context.report.check(got == "pressed -v=a!b ", "bash: ! without history expansion", got)
 
 
-def check_quotes(context):
-    """A word quoted as only bash does is one word."""
+def check_words(context):
+    """Quotes and redirections, as only bash has them."""
     with closing(context.session(tools.PAINTS)) as session:
-        for line, wanted in QUOTES:
-            got = session.inserted(f"paints {line}").removeprefix(f"paints {line}"[:-1])
-            context.report.check(got == (wanted or line[-1]), "bash: quotes of its own",
+        for line, wanted in WORDS:
+            before = f"paints {line}".removesuffix(line.split()[-1].lstrip("<>"))
+            got = session.inserted(f"paints {line}").removeprefix(before)
+            context.report.check(got == wanted, "bash: quotes and redirections",
                                  f"[{line}] {got!r}", encoded(tools.PAINTS))
+
+
+def check_running(context):
+    """A file is completed where bash itself would run what is typed."""
+    with closing(context.session(tools.FULL)) as session:
+        for stem in ("", "-path ", "-folder ", "-- "):
+            session.complete(f"full {stem}{RUNNING.format(hostile.CANARY)}")
+            hostile.check_canaries(context, stem + RUNNING, tools.FULL)
 
 
 def check_users(context):
@@ -103,5 +120,6 @@ def check(context):
         check_tabs(context)
         check_run(context)
         check_without_history(context)
-        check_quotes(context)
+        check_words(context)
+        check_running(context)
         check_users(context)

@@ -1,6 +1,7 @@
 """What counts of the words before the cursor (see cases.py)."""
 
-from tools import BARE, FILES, FULL, LONE, NOT_LONE, NOTHING, ONE, PAINTS, SMALLEST, TWICE_LONE
+from tools import (BARE, FILES, FORMS, FULL, LONE, NOT_LONE, NOTHING, ONE, PAINTS, SMALLEST,
+                   TWICE_LONE)
 
 TYPED_ALREADY = [
     ("-- ends the options; after it nothing is an option", PAINTS, [
@@ -51,6 +52,12 @@ TYPED_ALREADY = [
         ("-no-loud -no-", "-no-verbose"),
         ("-no-v=", NOTHING),
         ("-no-l -count -w", "-what -w"),
+    ]),
+    ("... so that such a form makes a name cut short stand for several", FORMS, [
+        ("-no-l h", NOTHING),
+        ("-no-la h", "here"),
+        ("-no-l=", NOTHING),
+        ("-no-la=", "-no-la=here"),
     ]),
     ("two names of one option are several as well", SMALLEST, [
         ("-or -gon", "-gone"),
