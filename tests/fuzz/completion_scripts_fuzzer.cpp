@@ -42,23 +42,29 @@ struct Format {
   Shell shell;
   const char* name;
   string (*write)(const Completion& completion);
-  const char* option;  // the shape of an option's line
-  const char* other;   // the shapes of all other lines
+  std::regex option;  // the shape of an option's line
+  std::regex other;   // the shapes of all other lines
 };
 
-const std::vector<Format> formats = {
-    {Shell::bash, "bash", kivo_describe::bashCompletion, "  Q Q Q Q Q Q Q",
-     "|\\)|  Q Q Q Q Q Q|declare -ga _kivo_fx_2dtool_(options|scopes)=\\("
-     "|declare -g _kivo_fx_2dtool_(dashes|lone_dash)=Q"},
-    {Shell::zsh, "zsh", kivo_describe::zshCompletion,
-     "  _kivo:fx-tool:option (option|operand) [a-z]+ Q ([0-9]+|Q) Q Q [0-9]+ [0-9]+( Q)*",
-     "|\\}|_kivo:fx-tool:(tool|scope_[0-9]+)\\(\\) \\{|  two_dashes=[01] lone_dash=[01]"
-     "|  command_words\\+=\\(Q\\) command_summaries\\+=\\(Q\\)|  together\\+=\\(Q\\)"},
-    {Shell::fish, "fish", kivo_describe::fishCompletion,
-     "_kivo_fx_2dtool_option [0-9]+ [a-z]+ (@[0-9]+|Q) Q Q( Q)* =( Q)*",
-     "|set -g _kivo_fx_2dtool_(dashes (one|two)|lone_dash (option|operand)|commands|summaries"
-     "|options)|_kivo_fx_2dtool_scope [0-9]+ Q Q (operands|files) ([0-9]+|Q)( Q)*"},
-};
+const std::vector<Format>& allFormats() {
+  static const std::vector<Format> formats = {
+      {Shell::bash, "bash", kivo_describe::bashCompletion, std::regex("  Q Q Q Q Q Q Q"),
+       std::regex("|\\)|  Q Q Q Q Q Q|declare -ga _kivo_fx_2dtool_(options|scopes)=\\("
+                  "|declare -g _kivo_fx_2dtool_(dashes|lone_dash)=Q")},
+      {Shell::zsh, "zsh", kivo_describe::zshCompletion,
+       std::regex(
+           "  _kivo:fx-tool:option (option|operand) [a-z]+ Q ([0-9]+|Q) Q Q [0-9]+ [0-9]+( Q)*"),
+       std::regex(
+           "|\\}|_kivo:fx-tool:(tool|scope_[0-9]+)\\(\\) \\{|  two_dashes=[01] lone_dash=[01]"
+           "|  command_words\\+=\\(Q\\) command_summaries\\+=\\(Q\\)|  together\\+=\\(Q\\)")},
+      {Shell::fish, "fish", kivo_describe::fishCompletion,
+       std::regex("_kivo_fx_2dtool_option [0-9]+ [a-z]+ (@[0-9]+|Q) Q Q( Q)* =( Q)*"),
+       std::regex(
+           "|set -g _kivo_fx_2dtool_(dashes (one|two)|lone_dash (option|operand)|commands|summaries"
+           "|options)|_kivo_fx_2dtool_scope [0-9]+ Q Q (operands|files) ([0-9]+|Q)( Q)*")},
+  };
+  return formats;
+}
 
 // Lines of data that are the same for every tool, and more than words.
 bool isFixed(const string& line) {
@@ -145,8 +151,6 @@ void addWords(TextSet& words, const Format& format, const ShellLine& line) {
 }
 
 void checkScript(const Format& format, const Completion& completion, const string& script) {
-  const std::regex option(format.option);
-  const std::regex other(format.other);
   TextSet words;
   std::size_t options = 0;
   for (const string& line : dataLines(format, script)) {
@@ -154,8 +158,9 @@ void checkScript(const Format& format, const Completion& completion, const strin
       continue;
     const auto read = ShellLineReader(format.shell, line).read();
     expect(read.has_value(), "a line is plain characters and quoted words", line);
-    const bool isOption = std::regex_match(read->shape, option);
-    expect(isOption || std::regex_match(read->shape, other), "a line has a known shape", line);
+    const bool isOption = std::regex_match(read->shape, format.option);
+    expect(isOption || std::regex_match(read->shape, format.other), "a line has a known shape",
+           line);
     options += isOption ? 1 : 0;
     addWords(words, format, *read);
   }
@@ -194,8 +199,8 @@ void checkInShells(const std::vector<string>& scripts) {
   const string folder =
       string(given != nullptr ? given : "/tmp") + "/kivo-scripts-" + std::to_string(getpid());
   std::filesystem::create_directories(folder + "/empty");
-  for (std::size_t i = 0; i < formats.size(); ++i)
-    std::ofstream(folder + "/script." + formats[i].name, std::ios::binary) << scripts[i];
+  for (std::size_t i = 0; i < allFormats().size(); ++i)
+    std::ofstream(folder + "/script." + allFormats()[i].name, std::ios::binary) << scripts[i];
   std::ofstream(folder + "/ask") << "exec 2>&1\nset -e\n" << askShells;
   const string output = outputOf("cd '" + folder + "/empty' && HOME=$PWD/.. sh ../ask");
   std::filesystem::remove_all(folder);
@@ -213,7 +218,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     describer.run(step);
   const auto completion = completionOf(describer.text());
   std::vector<std::string> scripts;
-  for (const Format& format : formats) {
+  for (const Format& format : allFormats()) {
     scripts.push_back(format.write(completion));
     checkScript(format, completion, scripts.back());
   }
