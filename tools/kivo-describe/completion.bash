@@ -45,6 +45,7 @@ _KIVO_TOOL_complete() {
   _KIVO_TOOL_enter 0
   _KIVO_TOOL_walk
   _KIVO_TOOL_offer
+  [[ ${#COMPREPLY[@]} == 0 ]] || _KIVO_TOOL_quote
 }
 
 # Sets _known: what stands on the line of the word at the cursor and is not replaced, without
@@ -72,14 +73,15 @@ _KIVO_TOOL_find_replaced() {
 # the last one without quotes, _word, and as typed, _raw; _open: the quote that is open at the end;
 # _target: whether the last word is the target of a redirection.
 _KIVO_TOOL_split() {
-  local _rest=$1 _plain _special=$' \t\n\\\'"<>'
+  local _rest=$1 _plain _special=$' \t\n\\"$<>'\'
   _words=() _word='' _raw='' _open='' _target=''
   while [[ -n $_rest ]]; do
     _plain=${_rest%%["$_special"]*}
     _word+=$_plain _raw+=$_plain _rest=${_rest:${#_plain}}
     case $_rest in
       \\*) _word+=${_rest:1:1} _raw+=${_rest:0:2} _rest=${_rest:2} ;;
-      [\'\"]*) _KIVO_TOOL_split_quoted ;;
+      [\'\"]* | \$[\'\"]*) _KIVO_TOOL_split_quoted ;;
+      \$*) _word+=\$ _raw+=\$ _rest=${_rest:1} ;;
       [\<\>]*)
         [[ -n ${_raw//[[:digit:]]/} ]] || _raw=
         _KIVO_TOOL_end_word
@@ -102,17 +104,21 @@ _KIVO_TOOL_end_word() {
   _word='' _raw=''
 }
 
-# Takes a quoted part from the beginning of _rest.
+# Takes a quoted part from the beginning of _rest. Before the quote there may be a "$".
 _KIVO_TOOL_split_quoted() {
-  local _special="'" _plain
+  local _special=\' _plain
+  case $_rest in
+    \$\'*) _special=\\\' ;;
+    \"* | \$\"*) _special=\\\" ;;
+  esac
+  [[ $_rest != \$* ]] || _raw+=\$ _rest=${_rest:1}
   _open=${_rest:0:1} _raw+=${_rest:0:1} _rest=${_rest:1}
-  [[ $_open == \' ]] || _special='\"'
   while [[ -n $_rest && -n $_open ]]; do
     _plain=${_rest%%["$_special"]*}
     _word+=$_plain _raw+=$_plain _rest=${_rest:${#_plain}}
     case $_rest in
       [\'\"]*) _raw+=$_open _rest=${_rest:1} _open='' ;;
-      \\[\$\`\"\\]*) _word+=${_rest:1:1} _raw+=${_rest:0:2} _rest=${_rest:2} ;;
+      \\["$_special"\$\`]*) _word+=${_rest:1:1} _raw+=${_rest:0:2} _rest=${_rest:2} ;;
       \\*) _word+=\\ _raw+=\\ _rest=${_rest:1} ;;
     esac
   done
@@ -154,10 +160,11 @@ _KIVO_TOOL_resolve() {
 }
 
 # Walks the words before the cursor's. Sets _typed: the actions given; _deciding: the one that
-# decides; _pending: the option that
-# takes the next word; _ended: whether "--" was given; and what commands need.
+# decides; _pending: the option that takes the next word; _ended: whether "--" was given; and what
+# commands need.
 _KIVO_TOOL_walk() {
   local _given
+  [[ ${_words[1]} != kivooption=* ]] || unset '_words[1]'  # the parser has taken it away
   for _given in "${_words[@]:1}"; do
     if [[ -n $_ended ]]; then
       break
@@ -201,7 +208,6 @@ _KIVO_TOOL_type_action() {
 _KIVO_TOOL_walk_operand() {
   local _next=() _number
   [[ -z $_lost && -z $_operands && ${#_KIVO_TOOL_scopes[@]} != 6 ]] || return
-  [[ $1 == kivooption=* && ${_words[1]} == "$1" ]] && return
   _KIVO_TOOL_next_words "$1"
   if [[ ${#_next[@]} != 1 ]]; then
     if [[ $_scope == 0 ]]; then _lost=yes; else _operands=yes; fi
@@ -233,11 +239,13 @@ _KIVO_TOOL_next_words() {
   done
 }
 
-# Offers what fits the word at the cursor.
+# Offers what fits the word at the cursor. After a word that fits no command, only names do.
 _KIVO_TOOL_offer() {
   local _name
   if [[ -n $_target ]]; then
     _KIVO_TOOL_offer_files '' "$_word" files
+  elif [[ -n $_lost ]]; then
+    [[ -n $_ended || -n $_pending || $_word != -* || $_word == *=* ]] || _KIVO_TOOL_offer_names
   elif [[ -n $_ended ]]; then
     _KIVO_TOOL_offer_leftover
   elif [[ -n $_pending ]]; then
@@ -258,8 +266,7 @@ _KIVO_TOOL_offer() {
 _KIVO_TOOL_offer_leftover() {
   if [[ ${_KIVO_TOOL_scopes[6 * _scope + 4]} == operands ]]; then
     _KIVO_TOOL_find_operand
-    [[ -z $_found || -n $_lost ]] || ! _KIVO_TOOL_goes "$_found" ||
-      _KIVO_TOOL_offer_values "$_found" '' dashes
+    [[ -z $_found ]] || ! _KIVO_TOOL_goes "$_found" || _KIVO_TOOL_offer_values "$_found" '' dashes
   else
     _KIVO_TOOL_offer_files '' "$_word" files
   fi
@@ -269,14 +276,14 @@ _KIVO_TOOL_offer_leftover() {
 # may become an option.
 _KIVO_TOOL_offer_operand() {
   local _next=() _one
-  [[ -n $_lost || -n $_operands ]] || _KIVO_TOOL_next_words "$_word" all
+  [[ -n $_operands ]] || _KIVO_TOOL_next_words "$_word" all
   for _one in "${_next[@]}"; do
     _KIVO_TOOL_add "$_one"
   done
-  [[ $_scope != 0 || -n $_lost || ${#_KIVO_TOOL_scopes[@]} == 6 ]] || return
+  [[ $_scope != 0 || ${#_KIVO_TOOL_scopes[@]} == 6 ]] || return
   _KIVO_TOOL_find_operand
   if [[ -n $_found ]]; then
-    [[ -n $_lost ]] || ! _KIVO_TOOL_goes "$_found" || _KIVO_TOOL_offer_values "$_found" ''
+    ! _KIVO_TOOL_goes "$_found" || _KIVO_TOOL_offer_values "$_found" ''
   elif [[ -z $_word ]]; then
     _KIVO_TOOL_offer_names
   fi
@@ -376,6 +383,7 @@ _KIVO_TOOL_offer_files() {
   else
     compopt -o default 2>/dev/null
   fi
+  [[ $_raw != \~* || $_raw == */* ]] || compopt -o bashdefault 2>/dev/null
 }
 
 # Offers the files that patterns find, whatever the user has set for patterns. A pattern that finds
@@ -400,14 +408,33 @@ _KIVO_TOOL_list_files() {
   [[ ${#COMPREPLY[@]} != 1 || ${COMPREPLY[0]} != */ ]] || compopt -o nospace 2>/dev/null
 }
 
-# Adds a word to what is offered: the part of it that readline replaces, with a backslash before
-# what the shell would take for itself. Within a quote that is still open, the word stays as it is:
+# Adds a word to what is offered. Within a quote that is still open there is nothing to offer:
 # readline may remove that quote.
 _KIVO_TOOL_add() {
-  local _rest=${1#"$_known"} _quoted='' _plain _special=$' \t"\'\\$`|&;()<>*?[!'
-  [[ -z $_open && (-z $_known || $_rest != "$1") ]] || return
-  [[ $1 != *\{*[,.]*\}* ]] || _special+='{'
-  [[ $1 != [[:alpha:]_]*=*'~'* ]] || _special+='~'
+  [[ -n $_open || $1 != "$_known"* ]] || COMPREPLY+=("$1")
+}
+
+# Makes the words in COMPREPLY what readline inserts. A character is quoted in all of them or in
+# none, because readline inserts what they have in common. Brackets, braces and "!" mean something
+# to the shell only together with what follows, "~" also after the "=" of an assignment.
+_KIVO_TOOL_quote() {
+  local _all=$'\n'${COMPREPLY[*]}$'\n' _special=$' \t\\"$`|&;()<>*?'\' _number _quoted
+  [[ $_all != *\[*\]* ]] || _special+='['
+  [[ $_all != *\{*,*\}* && $_all != *\{*..*\}* ]] || _special+='{'
+  [[ $_known != *[\[\{]* ]] || _special+=']}'
+  [[ $_set != *H* || $_all != *\![!=$'\n']* ]] || _special+='!'
+  [[ ! $_all =~ $'\n'[[:alpha:]_][[:alnum:]_]*[+]?=([^$'\n']*:)?\~ ]] || _special+='~'
+  for _number in "${!COMPREPLY[@]}"; do
+    _KIVO_TOOL_quote_word "${COMPREPLY[_number]#"$_known"}"
+    COMPREPLY[_number]=$_lead$_quoted
+  done
+  _KIVO_TOOL_part
+}
+
+# Sets _quoted: a word with a backslash before each character of _special.
+_KIVO_TOOL_quote_word() {
+  local _rest=$1 _plain
+  _quoted=
   [[ -n $_known || $_rest != [~#]* ]] || _quoted=\\
   while [[ $_rest == *["$_special"]* ]]; do
     _plain=${_rest%%["$_special"]*}
@@ -415,5 +442,20 @@ _KIVO_TOOL_add() {
     _quoted+=$_plain\\${_rest:0:1}
     _rest=${_rest:1}
   done
-  COMPREPLY+=("$_lead$_quoted$_rest")
+  _quoted+=$_rest
+}
+
+# Where the words part after a backslash, readline would insert that backslash alone. So the first
+# word gets quotes around the character instead.
+_KIVO_TOOL_part() {
+  local _same=${COMPREPLY[0]} _one _quote="'"
+  [[ $_same == *\\* ]] || return
+  for _one in "${COMPREPLY[@]}"; do
+    while [[ $_one != "$_same"* ]]; do _same=${_same%?}; done
+  done
+  _one=${_same##*[!\\]}
+  ((${#_one} % 2 == 1)) || return
+  _one=${COMPREPLY[0]:${#_same}}
+  [[ $_one != \'* ]] || _quote='"'
+  COMPREPLY[0]=${_same%\\}$_quote${_one:0:1}$_quote${_one:1}
 }

@@ -7,8 +7,8 @@
 For each shell: the table of cases (cases.py), the settings that must change nothing, hostile
 texts, tools whose names are alike, N random descriptions with random command lines against the
 model (model.py), the processes that a TAB costs, and what the shells and shellcheck say about the
-scripts. With a TEXTKIT, everything that is offered for it is run. `--part NAME` runs one part alone;
-`--part speed` measures the time of a TAB, which no other run does.
+scripts. With a TEXTKIT, everything that is offered for it is run. `--part NAME` runs one part
+alone; `--part speed` measures the time of a TAB, which no other run does.
 
 The random descriptions depend on the seed alone. Each broken rule is printed once with its
 shortest cases; the description of a case is written to a file in the folder for temporary files.
@@ -28,6 +28,7 @@ from pathlib import Path
 sys.path.insert(0, str(Path(__file__).parent.parent / "shared"))
 
 import accepted
+import bash_only
 import by_rules
 import cases
 import costs
@@ -80,6 +81,7 @@ def parts_of(context, arguments):
         "own": lambda: accepted.check_visible(context, own_description(context)),
         "processes": lambda: costs.check_processes(context),
         "hostile": lambda: hostile.check_hostile(context),
+        "bash": lambda: bash_only.check(context),
         **{name: lambda check=check: check(context) for name, check in manners.PARTS.items()},
         "random": lambda: by_rules.check_random(context, arguments.count, arguments.seed),
     }

@@ -45,7 +45,8 @@ def check_textkit(context, textkit):
 
 
 def run_offered(context, textkit, description, line, offered):
-    """Runs a line with an offered word at its end."""
+    """Runs a line with an offered word at its end. The parser checks a value before it finds that
+    the option does not go, so the values of such an option are checked as well."""
     typed = cases.words_of(line)
     if context.shell == "fish" and not offered.startswith(typed[-1]):
         return  # a guess of fish

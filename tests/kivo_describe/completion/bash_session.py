@@ -111,35 +111,41 @@ class BashSession:
         self.terminal.expect_exact(mark)
         return self.terminal.before
 
-    def inserted(self, line, cursor=None, keys="\x18i"):
-        """The line after some keys, by default those that insert all candidates."""
-        move = "" if cursor is None else "\x01" + "\x06" * cursor
-        self.terminal.send(line + move + keys + "\x18p")
+    def inserted(self, line, after="", keys="\x18i"):
+        """The line after some keys, by default those that insert all candidates. `after` is what is
+        on the line after the cursor."""
+        self.terminal.send(line + after + "\x02" * len(after) + keys + "\x18p")
         self.terminal.expect_exact("<answered>")
         return self.answer.read_text(encoding="utf-8", errors="surrogateescape")
 
-    def press_tab(self, line, cursor=None):
+    def press_tab(self, line):
         """The line after one TAB."""
-        return self.inserted(line, cursor, "\t")
+        return self.inserted(line, keys="\t")
 
-    def raw(self, line, cursor=None):
+    def raw(self, line, after=""):
         """All candidates as words that would stand on the line, quoted as they are inserted."""
-        before = line if cursor is None else line[:cursor]
-        result = self.inserted(line, cursor)
-        if result == line:
+        result = self.inserted(line, after)
+        if result == line + after:
             return []
-        rest = line[len(before):]
-        if rest and result.endswith(rest):
-            result = result[:-len(rest)]
-        begin, quote = replaced_from(before, self.breaks)
-        words = split(before)
-        word = words[-1][0] if words and words[-1][0] + len(words[-1][1]) == len(before) else begin
-        kept = "" if quote and word == begin else before[word:begin]
+        result = result.removesuffix(after)
+        begin, quote = replaced_from(line, self.breaks)
+        words = split(line)
+        word = words[-1][0] if words and words[-1][0] + len(words[-1][1]) == len(line) else begin
+        kept = "" if quote and word == begin else line[word:begin]
         return [kept + candidate for _, candidate in split(result[begin:])]
 
-    def complete(self, line, cursor=None):
+    def complete(self, line, after=""):
         """All candidates as complete words, as the tool would get them."""
-        return [unquoted(word) for word in self.raw(line, cursor)]
+        return [unquoted(word) for word in self.raw(line, after)]
+
+    def arguments(self, line):
+        """What the tool gets when all candidates are inserted and the line is run. The tool has to
+        write it to the file, each argument with a zero after it, and "<ran>" to the terminal."""
+        self.terminal.send(line + "\x18i\r")
+        if self.terminal.expect_exact(["<ran>", pexpect.TIMEOUT], timeout=5):
+            self.terminal.send("\x03")
+            return None
+        return self.answer.read_text(encoding="utf-8").split("\0")[:-1]
 
     def close(self):
         """Ends the shell."""

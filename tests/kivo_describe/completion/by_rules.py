@@ -15,13 +15,13 @@ TRIES = 100  # to find a line for which the rules say what is offered
 
 def check_table(context):
     """Every line of the table."""
-    table = sorted(cases.cases(), key=lambda case: id(case[1]))
-    for _, group in itertools.groupby(table, key=lambda case: id(case[1])):
+    table = sorted(cases.cases(), key=lambda case: id(case.description))
+    for _, group in itertools.groupby(table, key=lambda case: id(case.description)):
         group = list(group)
-        description = group[0][1]
+        description = group[0].description
         with closing(context.session(description)) as session:
-            for rule, _, line, offer in group:
-                compare(context, session, line, offer, rule, description)
+            for case in group:
+                compare(context, session, case.line, case.offer, case.rule, description, case.after)
 
 
 def check_random(context, count, seed):

@@ -47,6 +47,11 @@ COMMANDS = [
         ("nothing -d", "-dry"),
         ("stash remote -d", "-dry"),
         ("nothing remote -lon", NOTHING),
+        ("nothing ", NOTHING),
+        ("nothing -config ", NOTHING),
+        ("nothing -config=", NOTHING),
+        ("nothing -config -", NOTHING),
+        ("nothing -- ", NOTHING),
     ]),
     ("of a whole command and a longer one, the longer wins if the next word fits", MANY, [
         ("remote add n", "near"),
@@ -94,6 +99,7 @@ COMMANDS = [
     ]),
     ("a first word kivooption=... means nothing here too", MANY, [
         ("kivooption=trace re", "remote rename"),
+        ("kivooption=trace kivooption=trace re", NOTHING),
         ("-dry kivooption=trace re", NOTHING),
     ]),
     ("with loneDash a dash alone is a value, and no word of a command", MANY_LONE, [
@@ -103,6 +109,13 @@ COMMANDS = [
     ("... and without loneDash it is neither", MANY, [
         ("- re", "remote rename"),
         ("-config - re", "remote rename"),
+    ]),
+    ("words of a command after the cursor do not count", MANY, [
+        ("re| add", "remote rename"),
+        ("| remote", "remote rename stash status"),
+        ("remote -lo| add", "-long"),
+        ("-config | remote add", "home work"),
+        ("remote o| add near", "origin other"),
     ]),
     ("a quoted word of a command is one word", MANY, [
         ("'remote add' n", NOTHING),

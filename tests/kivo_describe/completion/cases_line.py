@@ -1,6 +1,7 @@
 """What counts of the words before the cursor (see cases.py)."""
 
-from tools import BARE, FILES, FULL, LONE, NOT_LONE, NOTHING, ONE, PAINTS, SMALLEST, TWICE_LONE
+from tools import (BARE, FILES, FORMS, FULL, LONE, NOT_LONE, NOTHING, ONE, PAINTS, SMALLEST,
+                   TWICE_LONE)
 
 TYPED_ALREADY = [
     ("-- ends the options; after it nothing is an option", PAINTS, [
@@ -51,6 +52,12 @@ TYPED_ALREADY = [
         ("-no-loud -no-", "-no-verbose"),
         ("-no-v=", NOTHING),
         ("-no-l -count -w", "-what -w"),
+    ]),
+    ("... so that such a form makes a name cut short stand for several", FORMS, [
+        ("-no-l h", NOTHING),
+        ("-no-la h", "here"),
+        ("-no-l=", NOTHING),
+        ("-no-la=", "-no-la=here"),
     ]),
     ("two names of one option are several as well", SMALLEST, [
         ("-or -gon", "-gone"),
@@ -135,5 +142,23 @@ TYPED_ALREADY = [
         ("-brush '' r", "red rose"),
         ("-brush '' t", NOTHING),
         ("-brush \"\" -lis", "-list"),
+    ]),
+    ("words after the cursor do not count: no action", BARE, [
+        ("-wh| -search", "-what"),
+        ("-co| -count", "-count"),
+        ("-count -pat| -search", NOTHING),
+        ("-search | -search", "-hash -x -checksum -pattern -p -verbose -v -loud -no-verbose -format"
+                              " -f"),
+    ]),
+    ("... no smaller action, which would decide", SMALLEST, [
+        ("-go -gon| -list", "-gone"),
+        ("-list -liste| -go", "-listed"),
+    ]),
+    ("... no --, no operand and no value", PAINTS, [
+        ("r| -list", "red rose"),
+        ("-brush | -- thin", "thin thick"),
+        ("-bru| -- red", "-brush"),
+        ("-brush t| red", "thin thick"),
+        ("-list r| -paint", NOTHING),
     ]),
 ]

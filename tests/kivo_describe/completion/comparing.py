@@ -2,7 +2,7 @@
 
 import model
 from building import encoded
-from cases import words_of
+from cases import CURSOR, words_of
 from shells import paths_of
 
 
@@ -34,10 +34,11 @@ def shown(shell, word, words):
     return [w for w in words if not (dotted and w[0] == ".")]
 
 
-def compare(context, session, line, offer, rule, description):
-    """Asks a session for a line, and checks what it offers against an Offer."""
+def compare(context, session, line, offer, rule, description, after=""):
+    """Asks a session for a line, and checks what it offers against an Offer. `after` is what is on
+    the line after the cursor."""
     word = words_of(line)[-1]
-    got = session.complete(f"{description['tool']['name']} {line}")
+    got = session.complete(f"{description['tool']['name']} {line}", after=after)
     if context.shell == "fish":  # guesses may follow, but not begin with what was typed
         got = [w for w in got if w.startswith(word)]
     if left_to_shell(context.shell, offer):
@@ -48,7 +49,8 @@ def compare(context, session, line, offer, rule, description):
     surplus = sorted(set(without_slash(got)) - set(without_slash(right[0])))
     context.report.check(
         good, f"{context.shell}: {rule}",
-        f"[{line}] missing {missing[:6]}, surplus {surplus[:6]}, got {len(got)} words",
+        f"[{line}{after and CURSOR + after}] missing {missing[:6]}, surplus {surplus[:6]},"
+        f" got {len(got)} words",
         encoded(description))
 
 

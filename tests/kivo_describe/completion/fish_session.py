@@ -83,24 +83,23 @@ class FishSession:
             stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self.pid = self._fish.pid
 
-    def complete(self, line, cursor=None):
-        """All candidates that begin with the word at the cursor, as the tool would get them."""
-        if self._at_terminal or cursor not in (None, len(line)):
-            return [unquoted(word) for word in self.raw(line, cursor)]
+    def complete(self, line, after=""):
+        """All candidates that begin with the word at the cursor, as the tool would get them.
+        `after` is what is on the line after the cursor."""
+        if self._at_terminal or after:
+            return [unquoted(word) for word in self.raw(line, after)]
         return self._beginning(line)
 
     def descriptions(self, line):
         """The candidates, with the description beside each, maybe empty."""
         return self._candidates(line)
 
-    def raw(self, line, cursor=None):
+    def raw(self, line, after=""):
         """All candidates, quoted as they are inserted."""
-        place = len(line) if cursor is None else cursor
-        before, after = line[:place], line[place:]
-        begin = begin_of_word(before)
-        typed = unquoted(before[begin:])
+        begin = begin_of_word(line)
+        typed = unquoted(line[begin:])
         found = []
-        for shown in self._inserted(line, place):
+        for shown in self._inserted(line, after):
             word = shown[begin:len(shown) - len(after)]
             if word.endswith(" ") and begin_of_word(word) == len(word):
                 word = word[:-1]  # the blank after a complete word
@@ -138,16 +137,16 @@ class FishSession:
         rows = answer[:-1].decode(errors="surrogateescape").split("\n")
         return dict(row.partition("\t")[::2] for row in rows if row)
 
-    def _inserted(self, line, place):
+    def _inserted(self, before, after):
         """The line after each candidate has been inserted. Of several, fish inserts the first one
         when the key is pressed again (once more if they fill the screen), and the next one each
         further time. It shows no guesses where a candidate begins with what was typed."""
-        count = len(self._beginning(line[:place]))
+        line, count = before + after, len(self._beginning(before))
         if count == 0:
             return []
         self._start_editor()
         (self._folder / "line").write_text(line)
-        (self._folder / "cursor").write_text(str(place))
+        (self._folder / "cursor").write_text(str(len(before)))
         self._press(TAKE)
         if count > 1:
             self._press(COMPLETE + TELL)

@@ -94,8 +94,8 @@ def dump(session, pid, state):
 
 # Settings that a careless script leaves as they are by default.
 UNUSUAL = {
-    "bash": ["", "set -f", "shopt -s failglob nullglob", "set -u; shopt -u extglob",
-             "set -o posix"],
+    "bash": ["", "set -f; shopt -s failglob", "shopt -s failglob nullglob",
+             "set -u; shopt -u extglob", "set -o posix", "shopt -s nocasematch nocaseglob; set -e"],
     "zsh": ["", "setopt no_glob null_glob ksh_arrays sh_word_split"], "fish": [""],
 }
 

@@ -287,8 +287,9 @@ def offer(description, before, word):
     line = Line(description, before)
     dash = word.startswith("-")
     value = dash and "=" in word
-    if line.lost and (line.taker or value or word == "" or line.ended):
-        raise Undecided("values and an empty word after a word that fits no command")
+    if line.lost:
+        names = dash and not value and not line.taker and not line.ended
+        return offer_names(line, word) if names else NOTHING
     if line.ended:
         return offer_after_end(line, word)
     if line.taker:

@@ -106,6 +106,11 @@ def one_name():
     return describe([text("only", allowed=["here"]), flag("-dash")], name="one")
 
 
+def no_forms():
+    """A name begins like the "no-" form of another one."""
+    return describe([boolean("verbose", "loud"), text("no-late", allowed=["here"])], name="forms")
+
+
 def words_alike():
     """A word of a command is the beginning of another one."""
     return describe([], name="alike", commands=[
@@ -143,5 +148,6 @@ NOT_LONE = {key: field for key, field in LONE.items() if key != "annotations"}
 MANY = with_commands()
 MANY_LONE = with_commands(annotations={"loneDash": ["operand"]})
 ONE = one_name()
+FORMS = no_forms()
 ALIKE = words_alike()
 MANY_TWO = with_commands(annotations={"dashes": ["two"]})

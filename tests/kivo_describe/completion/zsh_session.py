@@ -91,13 +91,13 @@ class ZshSession:
         self._zsh.expect_exact("<prompt>")
         self._ask(ANSWER)
 
-    def complete(self, line, cursor=None):
-        """All candidates, as the words that the tool would get."""
-        return self._words(line, cursor)[1]
+    def complete(self, line, after=""):
+        """All candidates, as the words that the tool would get; `after` is behind the cursor."""
+        return self._words(line + after, len(line))[1]
 
-    def raw(self, line, cursor=None):
+    def raw(self, line, after=""):
         """All candidates, quoted as they are inserted."""
-        return self._words(line, cursor)[0]
+        return self._words(line + after, len(line))[0]
 
     def descriptions(self, line):
         """The listed names or commands, with the description beside each, maybe empty."""
