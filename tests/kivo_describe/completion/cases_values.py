@@ -49,6 +49,8 @@ VALUES = [
         ("-paths file1.txt,fi", FILES),
         ("-paths=file1.txt,no", FILES),
         ("-paths=a,b,", FILES),
+        ("-paths=a,*", FILES),
+        ("-paths a,f?", FILES),
     ]),
     ("... by hint folders", FULL, [
         ("-folder ", FOLDERS),
