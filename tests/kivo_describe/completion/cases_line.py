@@ -16,7 +16,7 @@ TYPED_ALREADY = [
     ("an option has up to two dashes", BARE, [
         ("-count -w", "-what -w"),
         ("--count --w", "--what --w"),
-        ("---count -wh", "-what"),
+        ("---count -se", "-search"),
         ("-count ---wh", NOTHING),
     ]),
     ("the value stands after the first =", FULL, [
