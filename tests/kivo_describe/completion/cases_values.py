@@ -87,4 +87,9 @@ VALUES = [
         ("-mode=f", "-mode=fast"),
         ("-mode=SL", NOTHING),
     ]),
+    ("what is typed is no pattern", BARE, [
+        ("-format=p*", NOTHING),
+        ("-what=words,?ines", NOTHING),
+        ("-format [pc]", NOTHING),
+    ]),
 ]
