@@ -285,9 +285,12 @@ end
 # itself. Here it is asked to complete an empty command, which has no completions but files.
 function _KIVO_TOOL_offer_paths --no-scope-shadowing
     test $offered = folders; or set -q is_list_item[1]; or return
-    set -l typed (commandline -ct | string collect)
-    # "~/" has to stay without quotes to mean the home folder.
-    test -z "$stem"; or set typed (string escape -n -- $item | string replace -r '^\\\\~/' '~/')
+    # Without quotes before it, the path stays as it is typed: "~/" and "$HOME/" keep their meaning.
+    # Of a pattern fish would offer the pattern itself.
+    set -l start '^'(string escape --style=regex -- $stem)
+    set -l typed (commandline -ct | string collect | string replace -rf -- $start '')
+    set -q typed[1]; and not string match -qr -- '[*?]' $item
+    or set typed (string escape -n -- $item)
     set -l paths (complete -C "'' $typed")
     test $offered = files; or set paths (string match -- '*/' $paths)
     string join \n -- $stem$paths

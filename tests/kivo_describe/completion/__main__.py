@@ -32,6 +32,7 @@ import bash_only
 import by_rules
 import cases
 import costs
+import fish_only
 import hostile
 import manners
 from context import Context, make_files
@@ -82,6 +83,7 @@ def parts_of(context, arguments):
         "processes": lambda: costs.check_processes(context),
         "hostile": lambda: hostile.check_hostile(context),
         "bash": lambda: bash_only.check(context),
+        "fish": lambda: fish_only.check(context),
         **{name: lambda check=check: check(context) for name, check in manners.PARTS.items()},
         "random": lambda: by_rules.check_random(context, arguments.count, arguments.seed),
     }

@@ -1,6 +1,6 @@
 """What is offered to users of a tool with commands (see cases.py)."""
 
-from tools import ALIKE, FILES, MANY, MANY_LONE, MANY_TWO, NOTHING
+from tools import ALIKE, FILES, MANY, MANY_LONE, MANY_TWO, NOTHING, SHARED
 
 COMMANDS = [
     ("until a command is complete, the next words are offered", MANY, [
@@ -120,5 +120,21 @@ COMMANDS = [
     ("a quoted word of a command is one word", MANY, [
         ("'remote add' n", NOTHING),
         ("\"remote\" 'add' n", "near"),
+    ]),
+    ("after an operand no word of a command follows", MANY, [
+        ("remote origin add -fo", NOTHING),
+        ("remote origin add -lo", "-long"),
+    ]),
+    ("a command without operand has that of the tool", SHARED, [
+        ("run ", "here there"),
+        ("run t", "there"),
+        ("stop t", "then"),
+        ("stop h", NOTHING),
+    ]),
+    ("the tool's actions go with each other in a command too", SHARED, [
+        ("run -one -t", "-two"),
+        ("-one run -t", "-two"),
+        ("run -three -f", "-four"),
+        ("run -three -t", NOTHING),
     ]),
 ]

@@ -1,6 +1,6 @@
 """What counts of the words before the cursor (see cases.py)."""
 
-from tools import (BARE, FILES, FORMS, FULL, LONE, NOT_LONE, NOTHING, ONE, PAINTS, SMALLEST,
+from tools import (BARE, DOTTED, FILES, FORMS, FULL, LONE, NOT_LONE, NOTHING, ONE, PAINTS, SMALLEST,
                    TWICE_LONE)
 
 TYPED_ALREADY = [
@@ -16,7 +16,7 @@ TYPED_ALREADY = [
     ("an option has up to two dashes", BARE, [
         ("-count -w", "-what -w"),
         ("--count --w", "--what --w"),
-        ("---count -wh", "-what"),
+        ("---count -se", "-search"),
         ("-count ---wh", NOTHING),
     ]),
     ("the value stands after the first =", FULL, [
@@ -160,5 +160,10 @@ TYPED_ALREADY = [
         ("-bru| -- red", "-brush"),
         ("-brush t| red", "thin thick"),
         ("-list r| -paint", NOTHING),
+    ]),
+    ("a name is no pattern", DOTTED, [
+        ("-a.b=", "-a.b=right"),
+        ("-a. ", "right"),
+        ("-... r", NOTHING),
     ]),
 ]

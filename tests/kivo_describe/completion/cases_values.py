@@ -49,6 +49,8 @@ VALUES = [
         ("-paths file1.txt,fi", FILES),
         ("-paths=file1.txt,no", FILES),
         ("-paths=a,b,", FILES),
+        ("-paths=a,*", FILES),
+        ("-paths a,f?", FILES),
     ]),
     ("... by hint folders", FULL, [
         ("-folder ", FOLDERS),
@@ -84,5 +86,10 @@ VALUES = [
         ("-mode F", "Fast"),
         ("-mode=f", "-mode=fast"),
         ("-mode=SL", NOTHING),
+    ]),
+    ("what is typed is no pattern", BARE, [
+        ("-format=p*", NOTHING),
+        ("-what=words,?ines", NOTHING),
+        ("-format [pc]", NOTHING),
     ]),
 ]

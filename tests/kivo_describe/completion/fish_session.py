@@ -5,6 +5,7 @@ depends on the line editor (a cursor inside of the line, the quotes that are ins
 a second process at a pseudo terminal, which is started when it is needed.
 """
 
+import itertools
 import os
 import pathlib
 import re
@@ -32,6 +33,7 @@ function _session_take
 end
 function _session_tell
     commandline -b >$_session_answer
+    commandline -P && echo listed >>$_session_answer
     _session_done
 end
 function _session_clear
@@ -48,6 +50,7 @@ bind \cx\ca complete
 bind \cx\cc cancel
 """
 TAKE, TELL, CLEAR, COMPLETE, CANCEL = "\x18\x14", "\x18\x10", "\x18\x05", "\x18\x01", "\x18\x03"
+MOST = 2000  # candidates
 
 # A part of a typed word: an escaped character, a quoted part (its quote may be open), a command in
 # parentheses, the rest.
@@ -88,7 +91,8 @@ class FishSession:
         `after` is what is on the line after the cursor."""
         if self._at_terminal or after:
             return [unquoted(word) for word in self.raw(line, after)]
-        return self._beginning(line)
+        typed = typed_word(line)
+        return [word for word in self._candidates(line) if word.startswith(typed)]
 
     def descriptions(self, line):
         """The candidates, with the description beside each, maybe empty."""
@@ -121,10 +125,6 @@ class FishSession:
     def __exit__(self, *_):
         self.close()
 
-    def _beginning(self, line):
-        typed = typed_word(line)
-        return [word for word in self._candidates(line) if word.startswith(typed)]
-
     def _candidates(self, line):
         self._fish.stdin.write(line.encode() + b"\0")
         self._fish.stdin.flush()
@@ -137,28 +137,33 @@ class FishSession:
         rows = answer[:-1].decode(errors="surrogateescape").split("\n")
         return dict(row.partition("\t")[::2] for row in rows if row)
 
-    def _inserted(self, before, after):
-        """The line after each candidate has been inserted. Of several, fish inserts the first one
-        when the key is pressed again (once more if they fill the screen), and the next one each
-        further time. It shows no guesses where a candidate begins with what was typed."""
-        line, count = before + after, len(self._beginning(before))
-        if count == 0:
-            return []
+    def _inserted(self, line, after):
+        """The line after each candidate has been inserted. Of several, fish shows a list, and
+        inserts the next one each time that the key is pressed again (the first one a time later if
+        they fill the screen). It shows no guesses where a candidate begins with what was typed."""
         self._start_editor()
-        (self._folder / "line").write_text(line)
-        (self._folder / "cursor").write_text(str(len(before)))
+        (self._folder / "line").write_text(line + after)
+        (self._folder / "cursor").write_text(str(len(line)))
         self._press(TAKE)
-        if count > 1:
-            self._press(COMPLETE + TELL)
-        shown = []
-        for _ in range(count + 1):
-            self._press(COMPLETE + TELL)
-            text = (self._folder / "answer").read_text()[:-1]
-            if text != line and len(shown) < count:
+        begun, is_listed = self._pressed_tab()
+        if not is_listed:
+            shown = [begun] if begun != line + after else []
+        else:
+            shown = []
+            texts = (self._pressed_tab()[0] for _ in range(MOST))
+            for text in itertools.dropwhile(lambda text: text == begun, texts):
+                if text in shown:
+                    break
                 shown.append(text)
-        self._press(CANCEL + CLEAR)
+            self._press(CANCEL + CLEAR)
         self._press(CLEAR)
         return shown
+
+    def _pressed_tab(self):
+        """The line after one more TAB, and whether a list is shown."""
+        self._press(COMPLETE + TELL)
+        text, _, is_listed = (self._folder / "answer").read_text().partition("\n")
+        return text, is_listed != ""
 
     def _start_editor(self):
         if self._editor:

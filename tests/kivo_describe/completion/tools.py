@@ -133,6 +133,21 @@ def with_commands(**more):
     ], **more)
 
 
+def dotted_names():
+    """A name that would fit another one if it were a pattern."""
+    return describe([text("axb", allowed=["wrong"]), text("a.b", allowed=["right"])],
+                    name="dotted")
+
+
+def shared_by_commands():
+    """Actions and an operand of the tool itself, beside those of its commands."""
+    return describe([
+        action("one"), action("two"), text("where", positional=True, allowed=["here", "there"]),
+    ], name="shared", together=[["one", "two"]], commands=[
+        command("run", [action("three"), action("four")], together=[["four", "three"]]),
+        command("stop", [text("when", positional=True, allowed=["now", "then"])])])
+
+
 FILES, FOLDERS, NOTHING = object(), object(), ""
 
 BARE = without_operand()
@@ -151,3 +166,5 @@ ONE = one_name()
 FORMS = no_forms()
 ALIKE = words_alike()
 MANY_TWO = with_commands(annotations={"dashes": ["two"]})
+DOTTED = dotted_names()
+SHARED = shared_by_commands()
