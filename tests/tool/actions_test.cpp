@@ -219,7 +219,7 @@ TEST(EachFunction, ThatRunsOutOfMemoryEndsTheToolWithThree) {
   tool.each(
       "say", [](const char*) { throw std::bad_alloc(); }, "Say it.");
   EXPECT_EQ(3, tool.run({"--say=x"}));
-  EXPECT_EQ("Memory has run out.\n", tool.err);
+  EXPECT_EQ("tool: Memory has run out.\n", tool.err);
 }
 
 }  // namespace
