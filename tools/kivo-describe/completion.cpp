@@ -22,6 +22,11 @@ bool canBeTyped(const std::string& name) {
          name.find('=') == std::string::npos;
 }
 
+template <class Condition>
+void eraseIf(Texts& texts, Condition condition) {
+  texts.erase(std::remove_if(texts.begin(), texts.end(), condition), texts.end());
+}
+
 std::vector<const Declarations*> scopesOf(const Description& description) {
   std::vector<const Declarations*> scopes = {&description.declarations};
   for (const Command& command : description.commands)
@@ -61,10 +66,13 @@ class ScopeMaker {
     scope.words = words;
     scope.summary = squeezed(summary);
     scope.leftoversAreOperands = m_declarations.leftoverArguments == "positional";
+    std::set<std::string> taken;  // a name stands for the first option that has it
     for (const Option& option : m_declarations.options) {
       if (option.positional && !scope.operand)
         scope.operand = scope.options.size();
-      scope.options.push_back(completed(option));
+      CompletedOption& added = scope.options.emplace_back(completed(option));
+      eraseIf(added.offered, [&](const std::string& name) { return taken.count(name) != 0; });
+      taken.insert(added.names.begin(), added.names.end());
     }
     for (const Texts& set : m_declarations.together)
       scope.together.push_back(ranksOf(set));
@@ -109,9 +117,7 @@ class ScopeMaker {
     Texts names = option.names;
     if (option.type == "boolean")
       names.push_back("no-" + option.names.front());
-    names.erase(std::remove_if(names.begin(), names.end(),
-                               [](const std::string& name) { return !canBeTyped(name); }),
-                names.end());
+    eraseIf(names, [](const std::string& name) { return !canBeTyped(name); });
     return names;
   }
 

@@ -1,6 +1,6 @@
 """Which names are offered (see cases.py)."""
 
-from tools import BARE, FULL, NOTHING, SMALLEST
+from tools import BARE, FULL, NOTHING, SAME, SMALLEST
 
 NAMES = [
     ("an option goes if no action was typed", BARE, [
@@ -91,5 +91,13 @@ NAMES = [
     ("a name may have letters outside of ASCII", FULL, [
         ("-ét", "-été"),
         ("--é", "--été"),
+    ]),
+    ("of options with the same name, it stands for the first one", SAME, [
+        ("-no", "-no-x"),
+        ("-no-x=", "-no-x=here"),
+        ("-no-x ", "here"),
+        ("-walk -no", "-no-x"),
+        ("-run -no", NOTHING),
+        ("-run -x", "-x"),
     ]),
 ]

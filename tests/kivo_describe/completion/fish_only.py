@@ -5,7 +5,7 @@ from contextlib import closing
 
 import hostile
 import tools
-from building import describe, encoded, option
+from building import command, describe, encoded, option
 from programs import run
 
 # Ways to type a command that only fish has, and what is offered.
@@ -93,9 +93,23 @@ def check_running(context):
                 hostile.check_canaries(context, stem + text, tools.FULL)
 
 
+def check_summaries(context):
+    """The summary of a command beside the word that completes it, and beside no other."""
+    made = describe([], name="summed", commands=[
+        command("list", [], summary="Lists\nall."), command("list all", [], summary="All: % $x."),
+        command("make all", [], summary="Makes.")])
+    with closing(context.session(made)) as session:
+        for line, wanted in (("", {"list": "Lists all.", "make": ""}), ("make ", {"all": "Makes."}),
+                             ("list a", {"all": "All: % $x."})):
+            got = dict(session.descriptions(f"summed {line}"))
+            context.report.check(got == wanted, "fish: the summaries of commands",
+                                 f"[{line}] {got}", encoded(made))
+
+
 def check(context):
     if context.shell == "fish":
         check_forms(context)
         check_run(context)
         check_variables(context)
         check_running(context)
+        check_summaries(context)

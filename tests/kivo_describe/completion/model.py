@@ -80,13 +80,13 @@ class Scope:
 
 
 def names_of(options):
-    """Every name of the options, "no-" forms included, with its option."""
+    """Every name of the options, "no-" forms included, with the first option that has it."""
     table = {}
     for option in options:
         for name in option["names"]:
-            table[name] = option
+            table.setdefault(name, option)
             if option["type"] == "boolean":
-                table["no-" + name] = option
+                table.setdefault("no-" + name, option)
     return table
 
 

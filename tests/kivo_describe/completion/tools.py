@@ -148,6 +148,14 @@ def shared_by_commands():
         command("stop", [text("when", positional=True, allowed=["now", "then"])])])
 
 
+def same_form():
+    """A name that is also the "no-" form of an option declared later."""
+    return describe([
+        action("walk"), action("run"), modifier("no-x", actions=["walk"], allowed=["here"]),
+        boolean("x"),
+    ], name="same")
+
+
 FILES, FOLDERS, NOTHING = object(), object(), ""
 
 BARE = without_operand()
@@ -168,3 +176,4 @@ ALIKE = words_alike()
 MANY_TWO = with_commands(annotations={"dashes": ["two"]})
 DOTTED = dotted_names()
 SHARED = shared_by_commands()
+SAME = same_form()
