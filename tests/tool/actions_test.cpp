@@ -11,9 +11,9 @@
 namespace kivo_3_3 {
 namespace {
 
-class Actions : public ::testing::Test {
+class ToolActions : public ::testing::Test {
  protected:
-  Actions() {
+  ToolActions() {
     tool.action("list,l", "List all.", [this] {
       done += "list;";
       return 0;
@@ -28,53 +28,53 @@ class Actions : public ::testing::Test {
   std::string done;
 };
 
-TEST_F(Actions, GiveTheStatusOfTheirFunction) {
+TEST_F(ToolActions, GiveTheStatusOfTheirFunction) {
   EXPECT_EQ(5, tool.run({"--remove"}));
   EXPECT_EQ("remove;", done);
   EXPECT_EQ("", tool.out + tool.err);
 }
 
-TEST_F(Actions, MayBeCutShort) {
+TEST_F(ToolActions, MayBeCutShort) {
   EXPECT_EQ(0, tool.run({"--li"}));
   EXPECT_EQ("list;", done);
 }
 
-TEST_F(Actions, MayBeLeftOut) {
+TEST_F(ToolActions, MayBeLeftOut) {
   EXPECT_EQ(-1, tool.run({}));
   EXPECT_EQ("", done);
 }
 
-TEST_F(Actions, AreCalledOnceIfGivenTwice) {
+TEST_F(ToolActions, AreCalledOnceIfGivenTwice) {
   EXPECT_EQ(0, tool.run({"--list", "-l"}));
   EXPECT_EQ("list;", done);
 }
 
-TEST_F(Actions, DoNotGoTogether) {
+TEST_F(ToolActions, DoNotGoTogether) {
   EXPECT_EQ(2, tool.run({"--list", "--remove"}));
   EXPECT_EQ("", done);
   EXPECT_NE("", tool.err);
 }
 
-TEST_F(Actions, ThatGoTogetherAreCalledInTheirOrder) {
+TEST_F(ToolActions, ThatGoTogetherAreCalledInTheirOrder) {
   ASSERT_TRUE(tool.parser()->allowSimultaneousActions({"list", "remove"}));
   EXPECT_EQ(5, tool.run({"--list", "--remove"}));
   EXPECT_EQ("list;remove;", done);
 }
 
-TEST_F(Actions, AreNotCalledAfterOneThatFailed) {
+TEST_F(ToolActions, AreNotCalledAfterOneThatFailed) {
   ASSERT_TRUE(tool.parser()->allowSimultaneousActions({"list", "remove"}));
   EXPECT_EQ(5, tool.run({"--remove", "--list"}));
   EXPECT_EQ("remove;", done);
 }
 
-TEST_F(Actions, AreNotCalledAfterAnError) {
+TEST_F(ToolActions, AreNotCalledAfterAnError) {
   tool.usageStatus(0);
   EXPECT_EQ(0, tool.run({"--list", "stray"}));
   EXPECT_EQ("store: Unexpected argument: stray\nTry 'store --help'.\n", tool.err);
   EXPECT_EQ("", done);
 }
 
-TEST_F(Actions, AreCalledWithTheVariablesSet) {
+TEST_F(ToolActions, AreCalledWithTheVariablesSet) {
   int level = 1, seen = 0;
   tool.option("level", level, "How much.").only("seen");
   tool.action("seen", "Look.", [&] {
@@ -85,7 +85,7 @@ TEST_F(Actions, AreCalledWithTheVariablesSet) {
   EXPECT_EQ(3, seen);
 }
 
-TEST_F(Actions, RefuseOptionsOfOthers) {
+TEST_F(ToolActions, RefuseOptionsOfOthers) {
   int level = 1;
   tool.option("level", level, "How much.").only("remove");
   EXPECT_EQ(2, tool.run({"--list", "--level=3"}));
@@ -93,21 +93,21 @@ TEST_F(Actions, RefuseOptionsOfOthers) {
   EXPECT_EQ(1, level);
 }
 
-TEST_F(Actions, RequireOptionsOfTheirOwnAlone) {
+TEST_F(ToolActions, RequireOptionsOfTheirOwnAlone) {
   int level = 1;
   tool.option("level", level, "How much.").only("remove").required();
   EXPECT_EQ(0, tool.run({"--list"}));
   EXPECT_EQ("list;", done);
 }
 
-TEST_F(Actions, MissTheirRequiredOptions) {
+TEST_F(ToolActions, MissTheirRequiredOptions) {
   int level = 1;
   tool.option("level", level, "How much.").only("remove,list").required();
   EXPECT_EQ(2, tool.run({"--list"}));
   EXPECT_EQ("store: Option '--level' is required\nTry 'store --help'.\n", tool.err);
 }
 
-TEST_F(Actions, NeedGroupsOfTheirOwnAlone) {
+TEST_F(ToolActions, NeedGroupsOfTheirOwnAlone) {
   bool one = false, two = false;
   tool.flag("one", one, "One.").only("remove");
   tool.flag("two", two, "Two.").only("remove");
@@ -116,7 +116,7 @@ TEST_F(Actions, NeedGroupsOfTheirOwnAlone) {
   EXPECT_EQ("list;", done);
 }
 
-TEST_F(Actions, MissTheirGroups) {
+TEST_F(ToolActions, MissTheirGroups) {
   bool one = false, two = false;
   tool.flag("one", one, "One.").only("remove");
   tool.flag("two", two, "Two.").only("remove");
@@ -126,19 +126,19 @@ TEST_F(Actions, MissTheirGroups) {
   EXPECT_EQ("", done);
 }
 
-TEST_F(Actions, MayThrow) {
+TEST_F(ToolActions, MayThrow) {
   tool.action("fall", "Fall.", []() -> int { throw std::runtime_error("fallen"); });
   EXPECT_THROW(tool.run({"--fall"}), std::runtime_error);
   EXPECT_EQ("", tool.out + tool.err);
 }
 
-TEST_F(Actions, MayThrowThatMemoryRanOut) {
+TEST_F(ToolActions, MayThrowThatMemoryRanOut) {
   tool.action("fall", "Fall.", []() -> int { throw std::bad_alloc(); });
   EXPECT_THROW(tool.run({"--fall"}), std::bad_alloc);
   EXPECT_EQ("", tool.err);
 }
 
-TEST_F(Actions, GoWithTheHelp) {
+TEST_F(ToolActions, GoWithTheHelp) {
   EXPECT_EQ(0, tool.run({"--list", "--help"}));
   EXPECT_EQ("", done);
   EXPECT_EQ(
@@ -156,18 +156,18 @@ TEST_F(Actions, GoWithTheHelp) {
       tool.out);
 }
 
-TEST_F(Actions, AreSuggestedForAMisspeltOne) {
+TEST_F(ToolActions, AreSuggestedForAMisspeltOne) {
   EXPECT_EQ(2, tool.run({"--lits"}));
   EXPECT_NE(std::string::npos, tool.err.find("Did you mean '--list'?\n")) << tool.err;
 }
 
-TEST_F(Actions, AreCalledByMain) {
+TEST_F(ToolActions, AreCalledByMain) {
   const char* const words[] = {"store", "--remove", nullptr};
   EXPECT_EQ(5, tool.main(2, words));
   EXPECT_EQ("remove;", done);
 }
 
-TEST(Groups, TakeAtMostOne) {
+TEST(ToolGroups, TakeAtMostOne) {
   bool one = false, two = false;
   Tried tool;
   tool.flag("one,o", one, "One.");
@@ -178,7 +178,7 @@ TEST(Groups, TakeAtMostOne) {
   EXPECT_FALSE(one || two);
 }
 
-TEST(Groups, MayBeEmptyIfAtMostOneIsTaken) {
+TEST(ToolGroups, MayBeEmptyIfAtMostOneIsTaken) {
   bool one = false, two = false;
   Tried tool;
   tool.flag("one", one, "One.");
@@ -187,7 +187,7 @@ TEST(Groups, MayBeEmptyIfAtMostOneIsTaken) {
   EXPECT_EQ(-1, tool.run({}));
 }
 
-TEST(Groups, TakeOneOptionSeveralTimes) {
+TEST(ToolGroups, TakeOneOptionSeveralTimes) {
   int count = 0;
   bool two = false;
   Tried tool;
@@ -198,7 +198,7 @@ TEST(Groups, TakeOneOptionSeveralTimes) {
   EXPECT_EQ(2, count);
 }
 
-TEST(EachFunction, ThatThrowsEndsTheToolWithFour) {
+TEST(ToolEachFunction, ThatThrowsEndsTheToolWithFour) {
   Tried tool;
   tool.each(
       "say", [](const char* text) { throw std::runtime_error(text); }, "Say it.");
@@ -206,7 +206,7 @@ TEST(EachFunction, ThatThrowsEndsTheToolWithFour) {
   EXPECT_EQ("tool: too loud\nTry 'tool --help'.\n", tool.err);
 }
 
-TEST(EachFunction, ThatThrowsAnythingEndsTheToolWithFour) {
+TEST(ToolEachFunction, ThatThrowsAnythingEndsTheToolWithFour) {
   Tried tool;
   tool.each(
       "say", [](const char*) { throw 1; }, "Say it.");
@@ -214,7 +214,7 @@ TEST(EachFunction, ThatThrowsAnythingEndsTheToolWithFour) {
   EXPECT_EQ("tool: The command line cannot be read\nTry 'tool --help'.\n", tool.err);
 }
 
-TEST(EachFunction, ThatRunsOutOfMemoryEndsTheToolWithThree) {
+TEST(ToolEachFunction, ThatRunsOutOfMemoryEndsTheToolWithThree) {
   Tried tool;
   tool.each(
       "say", [](const char*) { throw std::bad_alloc(); }, "Say it.");

@@ -12,9 +12,9 @@ namespace kivo_3_3 {
 namespace {
 
 // An archive whose commands note what they got.
-class Commands : public ::testing::Test {
+class ToolCommands : public ::testing::Test {
  protected:
-  Commands() {
+  ToolCommands() {
     tool.flag("verbose,v", verbose, "Tell what is done.");
     tool.option("level,l", level, "How hard to try.").range(1, 9);
     tool.command("pack", "Pack files.", [this](Tool& inner) { return note(inner, "pack"); });
@@ -43,30 +43,30 @@ class Commands : public ::testing::Test {
   std::string called;
 };
 
-TEST_F(Commands, GiveTheStatusOfTheirFunction) {
+TEST_F(ToolCommands, GiveTheStatusOfTheirFunction) {
   EXPECT_EQ(7, tool.run({"pack", "a", "b"}));
   EXPECT_EQ("pack a b", called);
   EXPECT_EQ("", tool.out + tool.err);
 }
 
-TEST_F(Commands, MayHaveSeveralWords) {
+TEST_F(ToolCommands, MayHaveSeveralWords) {
   EXPECT_EQ(7, tool.run({"remote", "add", "origin"}));
   EXPECT_EQ("add origin", called);
 }
 
-TEST_F(Commands, MayBeCutShort) {
+TEST_F(ToolCommands, MayBeCutShort) {
   EXPECT_EQ(7, tool.run({"rem", "l"}));
   EXPECT_EQ("list", called);
 }
 
-TEST_F(Commands, InFullAreNotAmbiguous) {
+TEST_F(ToolCommands, InFullAreNotAmbiguous) {
   tool.command("package", "Make a package.",
                [this](Tool& inner) { return note(inner, "package"); });
   EXPECT_EQ(7, tool.run({"pack", "a"}));
   EXPECT_EQ("pack a", called);
 }
 
-TEST_F(Commands, AreRefusedIfCutTooShort) {
+TEST_F(ToolCommands, AreRefusedIfCutTooShort) {
   EXPECT_EQ(2, tool.run({"pa", "a"}));
   EXPECT_EQ(
       "archive: Ambiguous command 'pa', it may be: 'pack', 'patch'\n"
@@ -74,7 +74,7 @@ TEST_F(Commands, AreRefusedIfCutTooShort) {
       tool.err);
 }
 
-TEST_F(Commands, AreSuggestedForAMisspeltOne) {
+TEST_F(ToolCommands, AreSuggestedForAMisspeltOne) {
   EXPECT_EQ(2, tool.run({"pakc"}));
   EXPECT_EQ(
       "archive: Unknown command: pakc. Did you mean 'pack'?\n"
@@ -82,7 +82,7 @@ TEST_F(Commands, AreSuggestedForAMisspeltOne) {
       tool.err);
 }
 
-TEST_F(Commands, AreSuggestedAmongThoseThatGoOn) {
+TEST_F(ToolCommands, AreSuggestedAmongThoseThatGoOn) {
   EXPECT_EQ(2, tool.run({"remote", "lits"}));
   EXPECT_EQ(
       "archive: Unknown command: lits. Did you mean 'list'?\n"
@@ -90,24 +90,24 @@ TEST_F(Commands, AreSuggestedAmongThoseThatGoOn) {
       tool.err);
 }
 
-TEST_F(Commands, AreNotMeantByAnEmptyWord) {
+TEST_F(ToolCommands, AreNotMeantByAnEmptyWord) {
   EXPECT_EQ(2, tool.run({"remote", ""}));
   EXPECT_EQ("archive: Unknown command: \nTry 'archive --help'.\n", tool.err);
 }
 
-TEST(Command, AloneIsNotMeantByAnEmptyWord) {
+TEST(ToolCommand, AloneIsNotMeantByAnEmptyWord) {
   Tried tool("archive");
   tool.command("pack", "Pack files.", [](Tool& inner) { return inner.parse().value_or(7); });
   EXPECT_EQ(2, tool.run({""}));
   EXPECT_EQ("archive: Unknown command: \nTry 'archive --help'.\n", tool.err);
 }
 
-TEST_F(Commands, AreRequired) {
+TEST_F(ToolCommands, AreRequired) {
   EXPECT_EQ(2, tool.run({"-v"}));
   EXPECT_EQ("archive: A command is required\nTry 'archive --help'.\n", tool.err);
 }
 
-TEST_F(Commands, AreListedForAFirstWordAlone) {
+TEST_F(ToolCommands, AreListedForAFirstWordAlone) {
   EXPECT_EQ(0, tool.run({"-v", "remote"}));
   EXPECT_EQ(
       "  remote add   Add a remote.\n"
@@ -116,46 +116,46 @@ TEST_F(Commands, AreListedForAFirstWordAlone) {
   EXPECT_EQ("", tool.err);
 }
 
-TEST_F(Commands, AreNotListedForAFirstWordWithAMistake) {
+TEST_F(ToolCommands, AreNotListedForAFirstWordWithAMistake) {
   EXPECT_EQ(2, tool.run({"remote", "--verbos=1"}));
   EXPECT_EQ("", tool.out);
   EXPECT_NE("", tool.err);
 }
 
-TEST_F(Commands, DoNotBeginAfterTwoDashes) {
+TEST_F(ToolCommands, DoNotBeginAfterTwoDashes) {
   EXPECT_EQ(2, tool.run({"--", "pack"}));
   EXPECT_EQ("archive: Unexpected argument: pack\nTry 'archive --help'.\n", tool.err);
 }
 
-TEST_F(Commands, DoNotGoOnAfterTwoDashes) {
+TEST_F(ToolCommands, DoNotGoOnAfterTwoDashes) {
   EXPECT_EQ(7, tool.run({"show", "--", "one"}));
   EXPECT_EQ("show one", called);
 }
 
-TEST_F(Commands, WithTheMostWordsWin) {
+TEST_F(ToolCommands, WithTheMostWordsWin) {
   EXPECT_EQ(7, tool.run({"show", "o"}));
   EXPECT_EQ("show one", called);
 }
 
-TEST_F(Commands, AreWholeIfTheNextWordDoesNotGoOn) {
+TEST_F(ToolCommands, AreWholeIfTheNextWordDoesNotGoOn) {
   EXPECT_EQ(7, tool.run({"show", "two", "one"}));
   EXPECT_EQ("show two one", called);
 }
 
-TEST_F(Commands, HaveTheOptionsOfTheTool) {
+TEST_F(ToolCommands, HaveTheOptionsOfTheTool) {
   EXPECT_EQ(7, tool.run({"--level", "3", "remote", "-v", "add", "here", "--le=4"}));
   EXPECT_EQ("add here", called);
   EXPECT_TRUE(verbose);
   EXPECT_EQ(4, level);
 }
 
-TEST_F(Commands, AreNotTheValueOfAnOption) {
+TEST_F(ToolCommands, AreNotTheValueOfAnOption) {
   EXPECT_EQ(2, tool.run({"--level", "pack", "show"}));
   EXPECT_EQ("", called);
   EXPECT_EQ(5, level);
 }
 
-TEST_F(Commands, AreNotReachedWithAWrongOptionBefore) {
+TEST_F(ToolCommands, AreNotReachedWithAWrongOptionBefore) {
   EXPECT_EQ(2, tool.run({"--lev=12", "pack"}));
   EXPECT_EQ(
       "archive: Option 'level' does not take '12', expected: 1 to 9\n"
@@ -163,13 +163,13 @@ TEST_F(Commands, AreNotReachedWithAWrongOptionBefore) {
       tool.err);
 }
 
-TEST_F(Commands, AreFoundAfterAnUnknownOption) {
+TEST_F(ToolCommands, AreFoundAfterAnUnknownOption) {
   EXPECT_EQ(2, tool.run({"--bogus", "pack", "a"}));
   EXPECT_EQ("archive: Unknown option: --bogus\nTry 'archive pack --help'.\n", tool.err);
   EXPECT_EQ("", called);
 }
 
-TEST_F(Commands, AreRequiredAfterAnUnknownOption) {
+TEST_F(ToolCommands, AreRequiredAfterAnUnknownOption) {
   EXPECT_EQ(2, tool.run({"--verbsoe"}));
   EXPECT_EQ(
       "archive: Unknown option: --verbsoe. Did you mean '--verbose'?\n"
@@ -177,7 +177,7 @@ TEST_F(Commands, AreRequiredAfterAnUnknownOption) {
       tool.err);
 }
 
-TEST_F(Commands, MayComeAfterAHelpOfTheToolsOwn) {
+TEST_F(ToolCommands, MayComeAfterAHelpOfTheToolsOwn) {
   std::string topic;
   tool.option("help,h", topic, "Tells about a topic.");
   EXPECT_EQ(7, tool.run({"--help", "show", "pack", "-h=x"})) << tool.err;
@@ -185,7 +185,7 @@ TEST_F(Commands, MayComeAfterAHelpOfTheToolsOwn) {
   EXPECT_EQ("x", topic);
 }
 
-TEST_F(Commands, HideNamesOfTheToolInTheirHelp) {
+TEST_F(ToolCommands, HideNamesOfTheToolInTheirHelp) {
   std::string text;
   tool.command("dig", "Dig.", [&](Tool& inner) {
     inner.option("level,verbose,v", text, "How deep.");
@@ -205,66 +205,66 @@ TEST_F(Commands, HideNamesOfTheToolInTheirHelp) {
       tool.out);
 }
 
-TEST_F(Commands, TakeALoneDashAsOperand) {
+TEST_F(ToolCommands, TakeALoneDashAsOperand) {
   EXPECT_EQ(7, tool.run({"pack", "-"}));
   EXPECT_EQ("pack -", called);
 }
 
-TEST_F(Commands, TakeASwitchOfTheLibraryAsOperand) {
+TEST_F(ToolCommands, TakeASwitchOfTheLibraryAsOperand) {
   EXPECT_EQ(7, tool.run({"pack", "kivooption=kivodescribe=json"}));
   EXPECT_EQ("pack kivooption=kivodescribe=json", called);
 }
 
-TEST_F(Commands, TakeTheSwitchForTracesAsOperand) {
+TEST_F(ToolCommands, TakeTheSwitchForTracesAsOperand) {
   EXPECT_EQ(7, tool.run({"pack", "kivooption=kivologenable=1"}));
   EXPECT_EQ("pack kivooption=kivologenable=1", called);
 }
 
-TEST_F(Commands, AreNotFoundAfterAnUnknownSwitch) {
+TEST_F(ToolCommands, AreNotFoundAfterAnUnknownSwitch) {
   EXPECT_EQ(2, tool.run({"kivooption=nothing", "pack", "a"}));
   EXPECT_EQ("archive: Unknown command: kivooption=nothing\nTry 'archive --help'.\n", tool.err);
 }
 
-TEST_F(Commands, HaveHelpOfTheirOwn) {
+TEST_F(ToolCommands, HaveHelpOfTheirOwn) {
   EXPECT_EQ(0, tool.run({"pack", "--help"}));
   EXPECT_EQ(0U, tool.out.find("Usage: archive pack [OPTION]... [FILE...]\n\nPack files.\n"))
       << tool.out;
   EXPECT_EQ("", called);
 }
 
-TEST_F(Commands, HaveHelpThatWinsOverErrors) {
+TEST_F(ToolCommands, HaveHelpThatWinsOverErrors) {
   EXPECT_EQ(0, tool.run({"--level=99", "pack", "--bogus", "-h"}));
   EXPECT_EQ(0U, tool.out.find("Usage: archive pack ")) << tool.out;
   EXPECT_EQ("", tool.err);
 }
 
-TEST_F(Commands, HaveNoHelpBeforeTheirWords) {
+TEST_F(ToolCommands, HaveNoHelpBeforeTheirWords) {
   EXPECT_EQ(0, tool.run({"--help", "pack"}));
   EXPECT_EQ(0U, tool.out.find("Usage: archive [OPTION]... COMMAND ...\n")) << tool.out;
 }
 
-TEST_F(Commands, ThatAreUnknownDoNotHideTheHelp) {
+TEST_F(ToolCommands, ThatAreUnknownDoNotHideTheHelp) {
   EXPECT_EQ(0, tool.run({"bogus", "--level", "3", "more", "--help"}));
   EXPECT_EQ(0U, tool.out.find("Usage: archive [OPTION]... COMMAND ...\n")) << tool.out;
   EXPECT_EQ("", tool.err);
 }
 
-TEST_F(Commands, ThatAreUnknownHideTheHelpAfterTwoDashes) {
+TEST_F(ToolCommands, ThatAreUnknownHideTheHelpAfterTwoDashes) {
   EXPECT_EQ(2, tool.run({"bogus", "--", "--help"}));
   EXPECT_EQ("archive: Unknown command: bogus\nTry 'archive --help'.\n", tool.err);
 }
 
-TEST_F(Commands, ShareTheVersionOfTheTool) {
+TEST_F(ToolCommands, ShareTheVersionOfTheTool) {
   EXPECT_EQ(0, tool.run({"pack", "-V"}));
   EXPECT_EQ("archive 1.0\n", tool.out);
 }
 
-TEST_F(Commands, ReportErrorsWithTheWayToTheirHelp) {
+TEST_F(ToolCommands, ReportErrorsWithTheWayToTheirHelp) {
   EXPECT_EQ(2, tool.run({"pack", "--bogus"}));
   EXPECT_NE(std::string::npos, tool.err.find("\nTry 'archive pack --help'.\n")) << tool.err;
 }
 
-TEST(CommandOptions, MayShareNamesAmongCommands) {
+TEST(ToolCommandOptions, MayShareNamesAmongCommands) {
   int times = 0;
   std::string text;
   Tried tool;
@@ -281,7 +281,7 @@ TEST(CommandOptions, MayShareNamesAmongCommands) {
   EXPECT_EQ(0, times);
 }
 
-TEST(CommandOptions, HideThoseOfTheToolOfTheSameName) {
+TEST(ToolCommandOptions, HideThoseOfTheToolOfTheSameName) {
   std::string ofTool;
   bool ofCommand = false;
   Tried tool;
@@ -295,7 +295,7 @@ TEST(CommandOptions, HideThoseOfTheToolOfTheSameName) {
   EXPECT_EQ("x", ofTool);
 }
 
-TEST(CommandOptions, DoNotChangeWhatWasTypedBeforeTheCommand) {
+TEST(ToolCommandOptions, DoNotChangeWhatWasTypedBeforeTheCommand) {
   std::string ofTool;
   bool ofCommand = false;
   Tried tool;
@@ -309,7 +309,7 @@ TEST(CommandOptions, DoNotChangeWhatWasTypedBeforeTheCommand) {
   EXPECT_FALSE(ofCommand);
 }
 
-TEST(CommandOptions, DoNotMakeAmbiguousWhatWasTypedBeforeTheCommand) {
+TEST(ToolCommandOptions, DoNotMakeAmbiguousWhatWasTypedBeforeTheCommand) {
   bool ofTool = true, ofCommand = false;
   Tried tool;
   tool.option("verbose", ofTool, "Of the tool.");
@@ -322,7 +322,7 @@ TEST(CommandOptions, DoNotMakeAmbiguousWhatWasTypedBeforeTheCommand) {
   EXPECT_FALSE(ofCommand);
 }
 
-TEST(CommandOptions, MayBeTurnedOffBeforeTheCommandByANameThatBeginsAnother) {
+TEST(ToolCommandOptions, MayBeTurnedOffBeforeTheCommandByANameThatBeginsAnother) {
   bool ofTool = true;
   Tried tool;
   tool.option("verb,no-verbs", ofTool, "Of the tool.");
@@ -331,7 +331,7 @@ TEST(CommandOptions, MayBeTurnedOffBeforeTheCommandByANameThatBeginsAnother) {
   EXPECT_FALSE(ofTool);
 }
 
-TEST(CommandOptions, TakeTheNextWordWhereLongerCommandsGoOn) {
+TEST(ToolCommandOptions, TakeTheNextWordWhereLongerCommandsGoOn) {
   std::string name;
   Tried tool;
   tool.command("remote", "Show a remote.", [&](Tool& inner) {
@@ -344,7 +344,7 @@ TEST(CommandOptions, TakeTheNextWordWhereLongerCommandsGoOn) {
   EXPECT_EQ("add", name);
 }
 
-TEST(CommandFunction, MayThrow) {
+TEST(ToolCommandFunction, MayThrow) {
   Tried tool;
   tool.command("fall", "Fall.", [](Tool& inner) -> int {
     bool flag = false;
@@ -357,13 +357,13 @@ TEST(CommandFunction, MayThrow) {
   EXPECT_EQ("", tool.out + tool.err);
 }
 
-TEST(CommandFunction, MayThrowThatMemoryRanOut) {
+TEST(ToolCommandFunction, MayThrowThatMemoryRanOut) {
   Tried tool;
   tool.command("fall", "Fall.", [](Tool&) -> int { throw std::bad_alloc(); });
   EXPECT_THROW(tool.run({"fall"}), std::bad_alloc);
 }
 
-TEST(CommandFunction, MayFail) {
+TEST(ToolCommandFunction, MayFail) {
   Tried tool("archive");
   tool.usageStatus(64);
   tool.command("pack", "Pack files.", [](Tool& inner) {
@@ -373,7 +373,7 @@ TEST(CommandFunction, MayFail) {
   EXPECT_EQ("archive: there is nothing to pack\nTry 'archive pack --help'.\n", tool.err);
 }
 
-TEST(CommandFunction, MayAskForItsHelp) {
+TEST(ToolCommandFunction, MayAskForItsHelp) {
   std::string help;
   Tried tool("archive");
   tool.command("pack", "Pack files.", [&](Tool& inner) {
@@ -384,7 +384,7 @@ TEST(CommandFunction, MayAskForItsHelp) {
   EXPECT_EQ(0U, help.find("Usage: archive pack [OPTION]...\n\nPack files.\n")) << help;
 }
 
-TEST(CommandGroups, MayNameOptionsOfTheTool) {
+TEST(ToolCommandGroups, MayNameOptionsOfTheTool) {
   bool quiet = false, loud = false;
   Tried tool("archive");
   tool.flag("quiet", quiet, "Say less.");
@@ -400,7 +400,7 @@ TEST(CommandGroups, MayNameOptionsOfTheTool) {
       tool.err);
 }
 
-TEST(CommandGroups, OfTheToolHoldForEachCommand) {
+TEST(ToolCommandGroups, OfTheToolHoldForEachCommand) {
   bool quiet = false, loud = false;
   Tried tool("archive");
   tool.flag("quiet,q", quiet, "Say less.");
@@ -414,7 +414,7 @@ TEST(CommandGroups, OfTheToolHoldForEachCommand) {
       tool.err);
 }
 
-TEST(ManyCommands, TakeNoLongerThanTheirNumber) {
+TEST(ToolManyCommands, TakeNoLongerThanTheirNumber) {
   constexpr int many = 10000;
   Tried tool;
   for (int number = 0; number < many; ++number)

@@ -11,7 +11,7 @@
 namespace kivo_3_3 {
 namespace {
 
-class Described : public ::testing::Test {
+class ToolDescribed : public ::testing::Test {
  protected:
   // The description of the tool.
   const std::string& all() {
@@ -45,7 +45,7 @@ class Described : public ::testing::Test {
   std::string text;
 };
 
-TEST_F(Described, IsAsOneText) {
+TEST_F(ToolDescribed, IsAsOneText) {
   const std::string begin =
       R"({"schema":"kivo-description/1",)"
       R"("tool":{"name":"archive","version":"2.1","summary":"Packs files."},"sections":[)"
@@ -61,26 +61,26 @@ TEST_F(Described, IsAsOneText) {
             all());
 }
 
-TEST_F(Described, IsAskedForByTheFirstArgumentAlone) {
+TEST_F(ToolDescribed, IsAskedForByTheFirstArgumentAlone) {
   std::vector<std::string> words;
   tool.rest("word", words, "Words.");
   EXPECT_EQ(-1, tool.run({"a", "kivooption=kivodescribe=json"}));
   EXPECT_EQ((std::vector<std::string>{"a", "kivooption=kivodescribe=json"}), words);
 }
 
-TEST_F(Described, DoesNotLookAtFurtherArguments) {
+TEST_F(ToolDescribed, DoesNotLookAtFurtherArguments) {
   EXPECT_EQ(0, tool.run({"kivooption=kivodescribe=json", "--bogus", "--help"}));
   EXPECT_EQ(0U, tool.out.find("{\"schema\":"));
   EXPECT_EQ("", tool.err);
 }
 
-TEST_F(Described, IsAskedForInExactlyTheseWords) {
+TEST_F(ToolDescribed, IsAskedForInExactlyTheseWords) {
   EXPECT_EQ(2, tool.run({"kivooption=kivodescribe=jsonx"}));
   EXPECT_EQ("archive: Unexpected argument: kivooption=kivodescribe=jsonx\nTry 'archive --help'.\n",
             tool.err);
 }
 
-TEST_F(Described, OptionsHaveAnnotations) {
+TEST_F(ToolDescribed, OptionsHaveAnnotations) {
   tool.option("level,l", level, "How hard.").range(1, 9).env("LEVEL").placeholder("N").required();
   EXPECT_EQ(plain(R"("level","l")", "integer", "How hard.",
                   R"(,"default":"5","annotations":{"environment":["LEVEL"],"placeholder":["N"],)"
@@ -88,7 +88,7 @@ TEST_F(Described, OptionsHaveAnnotations) {
             option("level"));
 }
 
-TEST_F(Described, OptionsHaveTheDefaultThatIsShown) {
+TEST_F(ToolDescribed, OptionsHaveTheDefaultThatIsShown) {
   text = "/home/me/.rc";
   tool.option("rc", text, "A file.").shownDefault("~/.rc").deprecated("use --config");
   EXPECT_EQ(plain(R"("rc")", "string", "A file.",
@@ -96,7 +96,7 @@ TEST_F(Described, OptionsHaveTheDefaultThatIsShown) {
             option("rc"));
 }
 
-TEST_F(Described, OptionsHaveTheirChoices) {
+TEST_F(ToolDescribed, OptionsHaveTheirChoices) {
   text = "low";
   tool.option("tone", text, "How.").choices({"low", "high"}).deprecatedChoice("loud", "high");
   const std::string expected = plain(R"("tone")", "string", "How.",
@@ -106,14 +106,14 @@ TEST_F(Described, OptionsHaveTheirChoices) {
   EXPECT_NE(std::string::npos, all().find('\n' + expected + ",\n")) << tool.out;
 }
 
-TEST_F(Described, OptionsMayBeHidden) {
+TEST_F(ToolDescribed, OptionsMayBeHidden) {
   tool.flag("one", one, "One.").hidden();
   EXPECT_EQ(R"({"names":["one"],"kind":"option","type":"none","description":"One.",)"
             R"("section":"kivo_hidden","hidden":true,"separator":null,"positional":false})",
             option("one"));
 }
 
-TEST_F(Described, OptionsTellTheirActions) {
+TEST_F(ToolDescribed, OptionsTellTheirActions) {
   tool.action("list,l", "List all.", [] { return 7; });
   tool.flag("one", one, "One.").only("list");
   EXPECT_EQ(R"({"names":["list","l"],"kind":"action","type":"none","description":"List all.",)"
@@ -125,7 +125,7 @@ TEST_F(Described, OptionsTellTheirActions) {
       option("one"));
 }
 
-TEST_F(Described, OperandsKeepTheirOrderAndNamesThatNobodyTypes) {
+TEST_F(ToolDescribed, OperandsKeepTheirOrderAndNamesThatNobodyTypes) {
   std::vector<std::string> words;
   tool.operand("from", level, "From.");
   tool.rest("to", words, "To.").split(',');
@@ -140,7 +140,7 @@ TEST_F(Described, OperandsKeepTheirOrderAndNamesThatNobodyTypes) {
             option(" to"));
 }
 
-TEST_F(Described, ToolsTellTheirFooters) {
+TEST_F(ToolDescribed, ToolsTellTheirFooters) {
   tool.footer("See the guide.");
   tool.footer("Or ask.");
   EXPECT_NE(std::string::npos,
@@ -148,7 +148,7 @@ TEST_F(Described, ToolsTellTheirFooters) {
                        R"("loneDash":["operand"]}})"));
 }
 
-TEST_F(Described, CommandsTellTheirOwnOptions) {
+TEST_F(ToolDescribed, CommandsTellTheirOwnOptions) {
   bool worked = false;
   tool.option("one", one, "One.");
   tool.command("remote add", "Add a remote.", [&](Tool& inner) {
@@ -171,7 +171,7 @@ TEST_F(Described, CommandsTellTheirOwnOptions) {
   EXPECT_FALSE(worked);
 }
 
-TEST_F(Described, CommandsKeepTheirOrder) {
+TEST_F(ToolDescribed, CommandsKeepTheirOrder) {
   for (const char* words : {"show", "add", "remove"})
     tool.command(words, "", [](Tool& inner) { return inner.parse().value_or(0); });
   const std::string json = all();
@@ -180,7 +180,7 @@ TEST_F(Described, CommandsKeepTheirOrder) {
   EXPECT_GT(json.size(), json.find(R"("words":"remove")"));
 }
 
-TEST_F(Described, CommandsMayNameOptionsOfTheToolInGroups) {
+TEST_F(ToolDescribed, CommandsMayNameOptionsOfTheToolInGroups) {
   const testing::AssertionRecorder assertions;
   tool.flag("one", one, "One.");
   tool.command("add", "", [&](Tool& inner) {
@@ -192,14 +192,14 @@ TEST_F(Described, CommandsMayNameOptionsOfTheToolInGroups) {
   EXPECT_EQ("", assertions.expressions());
 }
 
-TEST_F(Described, CommandsThatReturnWithoutParseAreAMistake) {
+TEST_F(ToolDescribed, CommandsThatReturnWithoutParseAreAMistake) {
   const testing::AssertionRecorder assertions;
   tool.command("add", "", [](Tool&) { return 7; });
   EXPECT_NE(std::string::npos, all().find(R"("words":"add")"));
   EXPECT_EQ("the command 'add' returned without parse()", assertions.expressions());
 }
 
-TEST_F(Described, CommandsMayThrow) {
+TEST_F(ToolDescribed, CommandsMayThrow) {
   tool.command("fall", "", [](Tool&) -> int { throw std::runtime_error("fallen"); });
   EXPECT_THROW(tool.run({"kivooption=kivodescribe=json"}), std::runtime_error);
   EXPECT_EQ("", tool.out + tool.err);

@@ -8,7 +8,7 @@
 namespace kivo_3_3 {
 namespace {
 
-TEST(Errors, AnErrorNamesTheToolAndItsHelp) {
+TEST(ToolErrors, AnErrorNamesTheToolAndItsHelp) {
   Tried tool;
   int times = 1;
   tool.option("times", times, "Times.").required();
@@ -17,7 +17,7 @@ TEST(Errors, AnErrorNamesTheToolAndItsHelp) {
   EXPECT_EQ("", tool.out);
 }
 
-TEST(Errors, TheStatusOfAWrongCommandLineCanBeChanged) {
+TEST(ToolErrors, TheStatusOfAWrongCommandLineCanBeChanged) {
   Tried tool;
   tool.usageStatus(64);
   EXPECT_EQ(64, tool.run({"--nothing"}));
@@ -26,7 +26,7 @@ TEST(Errors, TheStatusOfAWrongCommandLineCanBeChanged) {
             tool.err);
 }
 
-TEST(Errors, ACommandCanChangeTheStatusAndTheOutput) {
+TEST(ToolErrors, ACommandCanChangeTheStatusAndTheOutput) {
   Tried tool;
   std::string told;
   tool.command("go", "Go.", [&](Tool& command) {
@@ -39,13 +39,13 @@ TEST(Errors, ACommandCanChangeTheStatusAndTheOutput) {
   EXPECT_EQ("", tool.err);
 }
 
-TEST(Errors, AStrayWordIsAnUnexpectedArgument) {
+TEST(ToolErrors, AStrayWordIsAnUnexpectedArgument) {
   Tried tool;
   EXPECT_EQ(2, tool.run({"word"}));
   EXPECT_EQ("tool: Unexpected argument: word\nTry 'tool --help'.\n", tool.err);
 }
 
-TEST(Errors, AFunctionThatThrowsEndsWithFour) {
+TEST(ToolErrors, AFunctionThatThrowsEndsWithFour) {
   Tried tool;
   int value = 0;
   tool.option("value", value, "Value.").check([](int) -> const char* {
@@ -55,7 +55,7 @@ TEST(Errors, AFunctionThatThrowsEndsWithFour) {
   EXPECT_EQ("tool: Broken\nTry 'tool --help'.\n", tool.err);
 }
 
-TEST(Errors, AFunctionMayThrowAnything) {
+TEST(ToolErrors, AFunctionMayThrowAnything) {
   Tried tool;
   int value = 0;
   tool.option("value", value, "Value.").check([](int) -> const char* { throw 1; });
@@ -63,14 +63,14 @@ TEST(Errors, AFunctionMayThrowAnything) {
   EXPECT_EQ("tool: The command line cannot be read\nTry 'tool --help'.\n", tool.err);
 }
 
-TEST(Errors, WhatAnActionThrowsPassesThrough) {
+TEST(ToolErrors, WhatAnActionThrowsPassesThrough) {
   Tried tool;
   tool.action("go", "Go.", []() -> int { throw std::runtime_error("Broken"); });
   EXPECT_THROW(tool.run({"--go"}), std::runtime_error);
   EXPECT_EQ("", tool.err);
 }
 
-TEST(Errors, GroupsNameTheirOptions) {
+TEST(ToolErrors, GroupsNameTheirOptions) {
   Tried tool;
   bool a = false, b = false;
   tool.flag("aa", a, "A.");

@@ -12,10 +12,10 @@
 namespace kivo_3_3 {
 namespace {
 
-class Help : public ::testing::Test {
+class ToolHelp : public ::testing::Test {
  protected:
-  Help() { setenv("COLUMNS", "80", 1); }
-  ~Help() override { unsetenv("COLUMNS"); }
+  ToolHelp() { setenv("COLUMNS", "80", 1); }
+  ~ToolHelp() override { unsetenv("COLUMNS"); }
 };
 
 // The longest line of a page for a width.
@@ -31,7 +31,7 @@ std::size_t widest(const char* columns) {
   return longest;
 }
 
-TEST_F(Help, ShowsAllThatIsDeclared) {
+TEST_F(ToolHelp, ShowsAllThatIsDeclared) {
   Tried tool;
   int size = 3;
   bool color = true;
@@ -60,21 +60,21 @@ TEST_F(Help, ShowsAllThatIsDeclared) {
       tool.out);
 }
 
-TEST_F(Help, IsAsWideAsColumnsBetweenSixtyAndAHundred) {
+TEST_F(ToolHelp, IsAsWideAsColumnsBetweenSixtyAndAHundred) {
   EXPECT_EQ(79U, widest("80"));
   EXPECT_EQ(59U, widest("10"));
   EXPECT_EQ(99U, widest("1000"));
   EXPECT_EQ(65U, widest("65"));
 }
 
-TEST_F(Help, AWidthThatIsNoNumberIsPassedOver) {
+TEST_F(ToolHelp, AWidthThatIsNoNumberIsPassedOver) {
   ASSERT_FALSE(isatty(STDOUT_FILENO));
   for (const char* columns : {"", "-5", "65x", " 65", "0"})
     EXPECT_EQ(79U, widest(columns)) << columns;
   EXPECT_EQ(79U, widest(nullptr));
 }
 
-TEST_F(Help, BreaksLinesBetweenCharacters) {
+TEST_F(ToolHelp, BreaksLinesBetweenCharacters) {
   std::string word;
   for (int i = 0; i < 100; ++i)
     word += "\xC3\xA9";
@@ -84,25 +84,25 @@ TEST_F(Help, BreaksLinesBetweenCharacters) {
             tool.help());
 }
 
-TEST_F(Help, ALongWordTakesNoLongTime) {
+TEST_F(ToolHelp, ALongWordTakesNoLongTime) {
   const std::string word(2'000'000, 'x');
   EXPECT_LT(word.size(), Tried("tool", word.c_str()).help().size());
 }
 
-TEST_F(Help, VersionAndHelpWinOverErrors) {
+TEST_F(ToolHelp, VersionAndHelpWinOverErrors) {
   Tried tool;
   EXPECT_EQ(0, tool.run({"--wrong", "stray", "-V"}));
   EXPECT_EQ("tool 1.0\n", tool.out);
   EXPECT_EQ("", tool.err);
 }
 
-TEST_F(Help, AfterTwoDashesHelpIsAnOperand) {
+TEST_F(ToolHelp, AfterTwoDashesHelpIsAnOperand) {
   Tried tool;
   EXPECT_EQ(2, tool.run({"--", "--help"}));
   EXPECT_EQ("tool: Unexpected argument: --help\nTry 'tool --help'.\n", tool.err);
 }
 
-TEST_F(Help, TheAuthorMayDeclareHelpAndVersion) {
+TEST_F(ToolHelp, TheAuthorMayDeclareHelpAndVersion) {
   Tried tool;
   bool help = false, version = false;
   tool.flag("help,h", help, "Own.");
@@ -112,7 +112,7 @@ TEST_F(Help, TheAuthorMayDeclareHelpAndVersion) {
   EXPECT_EQ("", tool.out);
 }
 
-TEST_F(Help, HelpThatCannotBeWrittenEndsWithOne) {
+TEST_F(ToolHelp, HelpThatCannotBeWrittenEndsWithOne) {
   std::fflush(stdout);
   const int kept = dup(STDOUT_FILENO);
   ASSERT_NE(nullptr, std::freopen("/dev/full", "w", stdout));

@@ -14,7 +14,7 @@ using testing::AssertionRecorder;
 
 enum class Tone { none, low, high };
 
-class Mistakes : public ::testing::Test {
+class ToolMistakes : public ::testing::Test {
  protected:
   // The mistakes that a parse reports.
   std::string reported(std::initializer_list<const char*> arguments = {}) {
@@ -29,7 +29,7 @@ class Mistakes : public ::testing::Test {
   std::vector<std::string> texts;
 };
 
-TEST_F(Mistakes, AreNotReportedForARightTool) {
+TEST_F(ToolMistakes, AreNotReportedForARightTool) {
   tool.option("text", text, "A text.").choices({"low", "high"});
   tool.flag("one", one, "One.").only("list");
   tool.action("list,l", "List all.", [] { return 0; });
@@ -38,48 +38,48 @@ TEST_F(Mistakes, AreNotReportedForARightTool) {
   EXPECT_EQ("", reported());
 }
 
-TEST_F(Mistakes, ANameDeclaredTwice) {
+TEST_F(ToolMistakes, ANameDeclaredTwice) {
   tool.flag("one,o", one, "One.");
   tool.option("output,o", text, "A text.");
   EXPECT_EQ("the name 'o' is declared twice, by flag 'one,o' and by option 'output,o'", reported());
 }
 
-TEST_F(Mistakes, ANameTwiceInOneDeclaration) {
+TEST_F(ToolMistakes, ANameTwiceInOneDeclaration) {
   tool.flag("one,one", one, "One.");
   EXPECT_EQ("the name 'one' is declared twice, by flag 'one,one' and by flag 'one,one'",
             reported());
 }
 
-TEST_F(Mistakes, ANameThatTurnsOffAnotherOption) {
+TEST_F(ToolMistakes, ANameThatTurnsOffAnotherOption) {
   tool.option("one", one, "One.");
   tool.flag("no-one", two, "Two.");
   EXPECT_EQ("the name 'no-one' is declared twice, by option 'one' and by flag 'no-one'",
             reported());
 }
 
-TEST_F(Mistakes, AnOperandDeclaredTwice) {
+TEST_F(ToolMistakes, AnOperandDeclaredTwice) {
   tool.operand("file", text, "One.");
   tool.rest("file", texts, "Others.");
   EXPECT_EQ("the name 'file' is declared twice, by operand 'file' and by rest 'file'", reported());
 }
 
-TEST_F(Mistakes, AnOperandAfterTheRest) {
+TEST_F(ToolMistakes, AnOperandAfterTheRest) {
   tool.rest("files", texts, "All.");
   tool.operand("file", text, "One.");
   EXPECT_EQ("operand 'file' comes after rest 'files', which takes all operands", reported());
 }
 
-TEST_F(Mistakes, TooManyNames) {
+TEST_F(ToolMistakes, TooManyNames) {
   tool.flag("one,first,f,1", one, "One.").env("HOME");
   EXPECT_EQ("flag 'one,first,f,1' has too many names or a third one that is long", reported());
 }
 
-TEST_F(Mistakes, AnEmptyName) {
+TEST_F(ToolMistakes, AnEmptyName) {
   tool.flag("", one, "One.");
   EXPECT_EQ("flag '' has a name that cannot be typed: ''", reported());
 }
 
-TEST_F(Mistakes, NamesThatNobodyCanType) {
+TEST_F(ToolMistakes, NamesThatNobodyCanType) {
   tool.option("text, t", text, "A text.");
   tool.flag("-one,a=b", one, "One.");
   EXPECT_EQ(
@@ -89,67 +89,67 @@ TEST_F(Mistakes, NamesThatNobodyCanType) {
       reported());
 }
 
-TEST_F(Mistakes, AnUnknownActionInOnly) {
+TEST_F(ToolMistakes, AnUnknownActionInOnly) {
   tool.action("list", "List all.", [] { return 0; });
   tool.flag("one", one, "One.").only("list,lst");
   EXPECT_EQ("flag 'one' goes only with 'lst', which is not declared", reported());
 }
 
-TEST_F(Mistakes, OnlyWithAnOption) {
+TEST_F(ToolMistakes, OnlyWithAnOption) {
   tool.action("list", "List all.", [] { return 0; });
   tool.flag("two", two, "Two.");
   tool.flag("one", one, "One.").only("two");
   EXPECT_EQ("flag 'one' goes only with 'two', which is no action but flag 'two'", reported());
 }
 
-TEST_F(Mistakes, OnlyWithoutActions) {
+TEST_F(ToolMistakes, OnlyWithoutActions) {
   tool.flag("one", one, "One.").only("list");
   EXPECT_EQ("flag 'one' goes only with 'list', which is not declared", reported());
 }
 
-TEST_F(Mistakes, ADefaultOutsideTheChoices) {
+TEST_F(ToolMistakes, ADefaultOutsideTheChoices) {
   text = "loud";
   tool.option("tone", text, "How.").choices({"low", "high"});
   EXPECT_EQ("the default 'loud' of option 'tone' is none of its choices", reported());
 }
 
-TEST_F(Mistakes, AListWithADefaultOutsideTheChoices) {
+TEST_F(ToolMistakes, AListWithADefaultOutsideTheChoices) {
   texts = {"low", "loud"};
   tool.option("tone", texts, "How.").choices({"low", "high"});
   EXPECT_EQ("the default 'loud' of option 'tone' is none of its choices", reported());
 }
 
-TEST_F(Mistakes, AnEnumeratorOutsideTheChoices) {
+TEST_F(ToolMistakes, AnEnumeratorOutsideTheChoices) {
   Tone tone = Tone::none;
   tool.option("tone", tone, "How.").choices({{"low", Tone::low}, {"high", Tone::high}});
   EXPECT_EQ("the default '' of option 'tone' is none of its choices", reported());
 }
 
-TEST_F(Mistakes, NoneForANumberAmongItsChoices) {
+TEST_F(ToolMistakes, NoneForANumberAmongItsChoices) {
   int number = 2;
   tool.option("number", number, "How many.").choices({{"one", 1}, {"two", 2}});
   EXPECT_EQ("", reported());
 }
 
-TEST_F(Mistakes, ANumberOutsideItsChoices) {
+TEST_F(ToolMistakes, ANumberOutsideItsChoices) {
   int number = 3;
   tool.option("number", number, "How many.").choices({{"one", 1}, {"two", 2}});
   EXPECT_EQ("the default '3' of option 'number' is none of its choices", reported());
 }
 
-TEST_F(Mistakes, NoneForAnOptionalWithoutValue) {
+TEST_F(ToolMistakes, NoneForAnOptionalWithoutValue) {
   std::optional<Tone> tone;
   tool.option("tone", tone, "How.").choices({{"low", Tone::low}, {"high", Tone::high}});
   EXPECT_EQ("", reported());
 }
 
-TEST_F(Mistakes, ActionsAndCommandsInOneTool) {
+TEST_F(ToolMistakes, ActionsAndCommandsInOneTool) {
   tool.action("list,l", "List all.", [] { return 0; });
   tool.command("pack", "Pack files.", [](Tool& inner) { return inner.parse().value_or(0); });
   EXPECT_EQ("action 'list,l' and command 'pack' are in one tool", reported({"pack"}));
 }
 
-TEST_F(Mistakes, TwoCommandsWithTheSameWords) {
+TEST_F(ToolMistakes, TwoCommandsWithTheSameWords) {
   tool.command("pack", "Pack files.", [](Tool& inner) { return inner.parse().value_or(0); });
   tool.command("pack", "Pack all.", [](Tool& inner) { return inner.parse().value_or(0); });
   EXPECT_EQ(
@@ -157,7 +157,7 @@ TEST_F(Mistakes, TwoCommandsWithTheSameWords) {
       reported({"pack"}));
 }
 
-TEST_F(Mistakes, ACommandThatNobodyCanType) {
+TEST_F(ToolMistakes, ACommandThatNobodyCanType) {
   for (const char* words : {"", " add", "add  one", "add ", "add -x", "--add"})
     tool.command(words, "", [](Tool& inner) { return inner.parse().value_or(0); });
   EXPECT_EQ(
@@ -170,7 +170,7 @@ TEST_F(Mistakes, ACommandThatNobodyCanType) {
       reported());
 }
 
-TEST_F(Mistakes, ACommandInsideOfACommand) {
+TEST_F(ToolMistakes, ACommandInsideOfACommand) {
   tool.command("outer", "", [](Tool& inner) {
     inner.command("inner", "", [](Tool& innermost) { return innermost.parse().value_or(0); });
     return inner.parse().value_or(0);
@@ -178,25 +178,25 @@ TEST_F(Mistakes, ACommandInsideOfACommand) {
   EXPECT_EQ("command 'inner' is declared inside of command 'outer'", reported({"outer"}));
 }
 
-TEST_F(Mistakes, AGroupWithAnUnknownName) {
+TEST_F(ToolMistakes, AGroupWithAnUnknownName) {
   tool.flag("one", one, "One.");
   tool.atMostOne({"one", "two"});
   EXPECT_EQ("the group 'one,two' has the name 'two', which is no option", reported());
 }
 
-TEST_F(Mistakes, ACommandThatReturnsWithoutParse) {
+TEST_F(ToolMistakes, ACommandThatReturnsWithoutParse) {
   tool.command("pack", "Pack files.", [](Tool&) { return 7; });
   EXPECT_EQ("the command 'pack' returned without parse()", reported({"pack"}));
 }
 
-TEST_F(Mistakes, ASecondParse) {
+TEST_F(ToolMistakes, ASecondParse) {
   tool.flag("one", one, "One.");
   EXPECT_EQ("", reported());
   EXPECT_EQ("parse() is called twice by 'tool'", reported({"--one"}));
   EXPECT_FALSE(one);
 }
 
-TEST_F(Mistakes, ASecondParseOfACommand) {
+TEST_F(ToolMistakes, ASecondParseOfACommand) {
   tool.command("pack", "Pack files.", [](Tool& inner) {
     static_cast<void>(inner.parse());
     return inner.parse().value_or(0);
@@ -204,7 +204,7 @@ TEST_F(Mistakes, ASecondParseOfACommand) {
   EXPECT_EQ("parse() is called twice by 'tool pack'", reported({"pack"}));
 }
 
-TEST_F(Mistakes, OfACommandAreReportedWhenItIsParsed) {
+TEST_F(ToolMistakes, OfACommandAreReportedWhenItIsParsed) {
   tool.flag("two", two, "Two.");
   tool.command("pack", "Pack files.", [this](Tool& inner) {
     inner.flag("one", one, "One.").only("list");
@@ -217,7 +217,7 @@ TEST_F(Mistakes, OfACommandAreReportedWhenItIsParsed) {
       reported({"pack"}));
 }
 
-TEST_F(Mistakes, MayBeThrown) {
+TEST_F(ToolMistakes, MayBeThrown) {
   tool.flag("one,one", one, "One.");
   const auto before = BEDROCK::set_assertion_handler(
       [](const char* mistake, const char*, int) { throw std::logic_error(mistake); });

@@ -14,9 +14,9 @@ namespace kivo_3_3 {
 namespace {
 
 // A tool with one option of each kind, and a file for its configuration.
-class Sources : public ::testing::Test {
+class ToolSources : public ::testing::Test {
  protected:
-  Sources() {
+  ToolSources() {
     char folder[] = "/tmp/kivo-tool-XXXXXX";
     m_folder = mkdtemp(folder);
     path = m_folder + "/rc";
@@ -28,7 +28,7 @@ class Sources : public ::testing::Test {
     tool.count("more,m", more, "Tell more.").env("TRIED_MORE");
     tool.config("config", path.c_str(), "Where the options are.").env("TRIED_CONFIG");
   }
-  ~Sources() override {
+  ~ToolSources() override {
     for (const char* name : {"TIMES", "NAME", "TONE", "LOUD", "QUICK", "MORE", "CONFIG"})
       unsetenv((std::string("TRIED_") + name).c_str());
     std::remove(path.c_str());
@@ -57,7 +57,7 @@ class Sources : public ::testing::Test {
 
 using Strings = std::vector<std::string>;
 
-TEST_F(Sources, AFileCountsMoreThanTheDefault) {
+TEST_F(ToolSources, AFileCountsMoreThanTheDefault) {
   write("--times=3\n--name\nAda\n--name=Bob\n--loud\n--quick\n-m\n-m\n");
   EXPECT_EQ(-1, tool.run({})) << tool.err;
   EXPECT_EQ(3, times);
@@ -67,7 +67,7 @@ TEST_F(Sources, AFileCountsMoreThanTheDefault) {
   EXPECT_EQ(2, more);
 }
 
-TEST_F(Sources, TheEnvironmentCountsMoreThanAFile) {
+TEST_F(ToolSources, TheEnvironmentCountsMoreThanAFile) {
   write("--times=3\n--name=Ada\n--name=Bob\n--loud\n--quick\n-m\n-m\n");
   setenv("TRIED_TIMES", "4", 1);
   setenv("TRIED_NAME", "Eve", 1);
@@ -82,7 +82,7 @@ TEST_F(Sources, TheEnvironmentCountsMoreThanAFile) {
   EXPECT_EQ(0, more);
 }
 
-TEST_F(Sources, TheCommandLineCountsMost) {
+TEST_F(ToolSources, TheCommandLineCountsMost) {
   write("--times=3\n--name=Ada\n");
   setenv("TRIED_TIMES", "4", 1);
   setenv("TRIED_NAME", "Eve", 1);
@@ -91,7 +91,7 @@ TEST_F(Sources, TheCommandLineCountsMost) {
   EXPECT_EQ((Strings{"Joe"}), names);
 }
 
-TEST_F(Sources, AValueThatLosesIsChecked) {
+TEST_F(ToolSources, AValueThatLosesIsChecked) {
   setenv("TRIED_TIMES", "10", 1);
   EXPECT_EQ(2, tool.run({"--times=5"}));
   EXPECT_EQ(
@@ -101,7 +101,7 @@ TEST_F(Sources, AValueThatLosesIsChecked) {
   EXPECT_EQ(1, times);
 }
 
-TEST_F(Sources, TruthsOfTheEnvironmentAreFourTexts) {
+TEST_F(ToolSources, TruthsOfTheEnvironmentAreFourTexts) {
   for (const char* text : {"1", "true"}) {
     Tried fresh;
     bool on = false;
@@ -117,7 +117,7 @@ TEST_F(Sources, TruthsOfTheEnvironmentAreFourTexts) {
       tool.err);
 }
 
-TEST_F(Sources, ATruthOfTheEnvironmentSetsAFlag) {
+TEST_F(ToolSources, ATruthOfTheEnvironmentSetsAFlag) {
   setenv("TRIED_QUICK", "true", 1);
   setenv("TRIED_LOUD", "1", 1);
   EXPECT_EQ(-1, tool.run({}));
@@ -125,13 +125,13 @@ TEST_F(Sources, ATruthOfTheEnvironmentSetsAFlag) {
   EXPECT_TRUE(loud);
 }
 
-TEST_F(Sources, ACountOfTheEnvironmentIsANumber) {
+TEST_F(ToolSources, ACountOfTheEnvironmentIsANumber) {
   setenv("TRIED_MORE", "3", 1);
   EXPECT_EQ(-1, tool.run({}));
   EXPECT_EQ(3, more);
 }
 
-TEST_F(Sources, ACountOfTheEnvironmentHasALimit) {
+TEST_F(ToolSources, ACountOfTheEnvironmentHasALimit) {
   for (const char* text : {"-1", "1x", "1000001", "99999999999999999999"}) {
     Tried fresh;
     int count = 0;
@@ -145,68 +145,68 @@ TEST_F(Sources, ACountOfTheEnvironmentHasALimit) {
   }
 }
 
-TEST_F(Sources, AnEmptyVariableCountsAsUnset) {
+TEST_F(ToolSources, AnEmptyVariableCountsAsUnset) {
   for (const char* name : {"TRIED_TIMES", "TRIED_LOUD", "TRIED_MORE", "TRIED_NAME"})
     setenv(name, "", 1);
   EXPECT_EQ(-1, tool.run({})) << tool.err;
   EXPECT_EQ((Strings{"Nobody"}), names);
 }
 
-TEST_F(Sources, ADefaultFileMayBeAbsentANamedOneMayNot) {
+TEST_F(ToolSources, ADefaultFileMayBeAbsentANamedOneMayNot) {
   EXPECT_EQ(2, tool.run({"--config=/tmp/kivo-absent"}));
   EXPECT_EQ("tool: Cannot read '/tmp/kivo-absent': No such file or directory\nTry 'tool --help'.\n",
             tool.err);
 }
 
-TEST_F(Sources, AFileMayBeNamedByTheEnvironment) {
+TEST_F(ToolSources, AFileMayBeNamedByTheEnvironment) {
   setenv("TRIED_CONFIG", "/", 1);
   EXPECT_EQ(2, tool.run({}));
   EXPECT_EQ("tool: Cannot read '/': Is a directory\nTry 'tool --help'.\n", tool.err);
 }
 
-TEST_F(Sources, AnEndlessFileIsRefused) {
+TEST_F(ToolSources, AnEndlessFileIsRefused) {
   EXPECT_EQ(2, tool.run({"--config=/dev/zero"}));
   EXPECT_EQ("tool: Cannot read '/dev/zero': File too large\nTry 'tool --help'.\n", tool.err);
 }
 
-TEST_F(Sources, ErrorsOfAFileNameItsLine) {
+TEST_F(ToolSources, ErrorsOfAFileNameItsLine) {
   write("# a comment\n; another\n\n  --times=3\r\n--tims=4\n");
   EXPECT_EQ(2, tool.run({}));
   EXPECT_EQ("5: Unknown option: --tims=4", reason());
   EXPECT_EQ(1, times);
 }
 
-TEST_F(Sources, AValueInTheNextLineIsReadWithItsOption) {
+TEST_F(ToolSources, AValueInTheNextLineIsReadWithItsOption) {
   write("--times\n\n12\n");
   EXPECT_EQ(2, tool.run({}));
   EXPECT_EQ("1: Option 'times' does not take '12', expected: 1 to 9", reason());
 }
 
-TEST_F(Sources, TheNextOptionIsNoValue) {
+TEST_F(ToolSources, TheNextOptionIsNoValue) {
   write("--times\n--loud\n");
   EXPECT_EQ(2, tool.run({}));
   EXPECT_EQ("1: ", reason().substr(0, 3));
 }
 
-TEST_F(Sources, AFileGivesEmptyTextsAndDashes) {
+TEST_F(ToolSources, AFileGivesEmptyTextsAndDashes) {
   write("--name=\n--name\n-\n--name=x");
   EXPECT_EQ(-1, tool.run({})) << tool.err;
   EXPECT_EQ((Strings{"", "-", "x"}), names);
 }
 
-TEST_F(Sources, AFileCannotGiveHelpOrAnotherFile) {
+TEST_F(ToolSources, AFileCannotGiveHelpOrAnotherFile) {
   write("--help\n");
   EXPECT_EQ(2, tool.run({}));
   EXPECT_EQ("1: A configuration file cannot give '--help'", reason());
 }
 
-TEST_F(Sources, AFileCannotNameAnotherOne) {
+TEST_F(ToolSources, AFileCannotNameAnotherOne) {
   write("--config=/dev/null\n");
   EXPECT_EQ(2, tool.run({}));
   EXPECT_EQ("1: A configuration file cannot give '--config'", reason());
 }
 
-TEST_F(Sources, OperandsOfAFileAreCounted) {
+TEST_F(ToolSources, OperandsOfAFileAreCounted) {
   std::string first = "none";
   tool.operand("first", first, "The first.");
   write("one\n--\n--two\n");
@@ -215,7 +215,7 @@ TEST_F(Sources, OperandsOfAFileAreCounted) {
   EXPECT_EQ("none", first);
 }
 
-TEST_F(Sources, AFileGivesOperands) {
+TEST_F(ToolSources, AFileGivesOperands) {
   Strings all;
   tool.rest("all", all, "All.");
   write("one\n-\n--\n--two\nkivooption=kivologenable=1\n");
@@ -223,13 +223,13 @@ TEST_F(Sources, AFileGivesOperands) {
   EXPECT_EQ((Strings{"one", "-", "--two", "kivooption=kivologenable=1"}), all);
 }
 
-TEST_F(Sources, ABinaryFileIsRefused) {
+TEST_F(ToolSources, ABinaryFileIsRefused) {
   write(std::string("--name=a\0b\n", 11));
   EXPECT_EQ(2, tool.run({}));
   EXPECT_EQ("1: A line of text cannot hold a zero byte", reason());
 }
 
-TEST_F(Sources, LongLinesAndVariablesAreRead) {
+TEST_F(ToolSources, LongLinesAndVariablesAreRead) {
   const std::string text(10'000'000, 'x');
   write("--name=x\n--tone=" + text + '\n');
   EXPECT_EQ(2, tool.run({}));
@@ -237,7 +237,7 @@ TEST_F(Sources, LongLinesAndVariablesAreRead) {
   EXPECT_EQ((Strings{"Nobody"}), names);
 }
 
-TEST_F(Sources, APipeIsReadAsAFile) {
+TEST_F(ToolSources, APipeIsReadAsAFile) {
   ASSERT_EQ(0, mkfifo(path.c_str(), 0600));
   std::FILE* const both = std::fopen(path.c_str(), "r+");
   ASSERT_NE(nullptr, both);
@@ -248,7 +248,7 @@ TEST_F(Sources, APipeIsReadAsAFile) {
   EXPECT_EQ(7, times);
 }
 
-TEST_F(Sources, ADeprecatedChoiceOfAFileIsReplacedWithoutAWarning) {
+TEST_F(ToolSources, ADeprecatedChoiceOfAFileIsReplacedWithoutAWarning) {
   std::string color = "red";
   tool.option("color", color, "Which.").choices({"red", "blue"}).deprecatedChoice("b", "blue");
   write("--color=b\n");
@@ -258,7 +258,7 @@ TEST_F(Sources, ADeprecatedChoiceOfAFileIsReplacedWithoutAWarning) {
   EXPECT_EQ("blue", color);
 }
 
-TEST(SourcesAtHome, WithoutAHomeThereIsNoFile) {
+TEST(ToolSourcesAtHome, WithoutAHomeThereIsNoFile) {
   const char* const home = getenv("HOME");
   const std::string kept = home != nullptr ? home : "";
   for (const bool isSet : {true, false}) {
@@ -279,7 +279,7 @@ TEST(SourcesAtHome, WithoutAHomeThereIsNoFile) {
   setenv("HOME", kept.c_str(), 1);
 }
 
-TEST_F(Sources, WhatDoesNotGoWithTheActionIsPassedOver) {
+TEST_F(ToolSources, WhatDoesNotGoWithTheActionIsPassedOver) {
   int level = 0;
   bool isDone = false;
   tool.action("go", "Go.", [&] { return (isDone = true) ? 0 : 1; });
@@ -291,7 +291,7 @@ TEST_F(Sources, WhatDoesNotGoWithTheActionIsPassedOver) {
   EXPECT_EQ(0, level);
 }
 
-TEST_F(Sources, AFileGivesNoAction) {
+TEST_F(ToolSources, AFileGivesNoAction) {
   tool.action("go", "Go.", [] { return 0; });
   write("--go\n");
   EXPECT_EQ(2, tool.run({}));

@@ -23,20 +23,20 @@ std::string told(const char* argument) {
   return tool.err.substr(6, tool.err.size() - start.size() - end.size());
 }
 
-TEST(Suggestions, AtMostTwoOptionsAreSuggested) {
+TEST(ToolSuggestions, AtMostTwoOptionsAreSuggested) {
   EXPECT_EQ("Unknown option: --timez. Did you mean '--times' or '--timer'?", told("--timez"));
 }
 
-TEST(Suggestions, ActionsAreSuggested) {
+TEST(ToolSuggestions, ActionsAreSuggested) {
   EXPECT_EQ("Unknown option: --reprot. Did you mean '--report'?", told("--reprot"));
 }
 
-TEST(Suggestions, NothingIsSuggestedForADistantOrShortName) {
+TEST(ToolSuggestions, NothingIsSuggestedForADistantOrShortName) {
   EXPECT_EQ("Unknown option: --tuna", told("--tuna"));
   EXPECT_EQ("Unknown option: --ac", told("--ac"));
 }
 
-TEST(Suggestions, AnAmbiguousNameHasNone) {
+TEST(ToolSuggestions, AnAmbiguousNameHasNone) {
   EXPECT_EQ(std::string::npos, told("--time").find("Did you mean"));
 }
 
@@ -47,13 +47,13 @@ std::string refusal(const std::string& text) {
          "'. Possible values follows: 'friendly', 'formal', 'two words'";
 }
 
-TEST(Suggestions, ChoicesAreSuggested) {
+TEST(ToolSuggestions, ChoicesAreSuggested) {
   EXPECT_EQ(refusal("freindly") + ". Did you mean 'friendly'?", told("--tone=freindly"));
   EXPECT_EQ(refusal("two wards") + ". Did you mean 'two words'?", told("--tone=two wards"));
   EXPECT_EQ(refusal("other"), told("--tone=other"));
 }
 
-TEST(Suggestions, ChoicesOfOperandsAreSuggested) {
+TEST(ToolSuggestions, ChoicesOfOperandsAreSuggested) {
   Tried tool;
   std::string tone;
   tool.operand("tone", tone, "Tone.").choices({"friendly", "formal"});
@@ -64,7 +64,7 @@ TEST(Suggestions, ChoicesOfOperandsAreSuggested) {
       tool.err);
 }
 
-TEST(Suggestions, CommandsAreSuggested) {
+TEST(ToolSuggestions, CommandsAreSuggested) {
   Tried tool;
   tool.command("unpack", "Unpack.", [](Tool& command) { return command.parse().value_or(0); });
   EXPECT_EQ(2, tool.run({"umpack"}));
@@ -72,7 +72,7 @@ TEST(Suggestions, CommandsAreSuggested) {
             tool.err);
 }
 
-TEST(Suggestions, OnlyTheFirstHundredCharactersAreLookedAt) {
+TEST(ToolSuggestions, OnlyTheFirstHundredCharactersAreLookedAt) {
   const std::string common(100, 'x');
   Tried tool;
   int value = 0;
