@@ -55,7 +55,7 @@ struct VariableType {
 struct Callable {
   unsigned int size;
   void* function;
-  int (*call)(void* function, const void* first, void* second, Text& answer);
+  int (*call)(void* function, void* first, void* second, Text& answer);
   void (*destroy)(void* function);
 };
 KIVO_API void note(Declaration* declaration, Note note, const char* text) noexcept;
@@ -83,9 +83,9 @@ Callable keep() {
 }
 template <class First, class Second = const bool, class Function>
 Callable keep(Function function) {
-  const auto run = [](void* kept, const void* first, void* second, Text& answer) {
+  const auto run = [](void* kept, void* first, void* second, Text& answer) {
     const auto called = [&]() -> decltype(auto) {
-      return call(*static_cast<Function*>(kept), *static_cast<First*>(const_cast<void*>(first)),
+      return call(*static_cast<Function*>(kept), *static_cast<First*>(first),
                   *static_cast<Second*>(second));
     };
     if constexpr (!std::is_void_v<decltype(called())>)
@@ -98,7 +98,7 @@ Callable keep(Function function) {
 }
 
 template <template <class> class Expression, class T, class = void>
-constexpr bool has = false;
+inline constexpr bool has = false;
 template <template <class> class Expression, class T>
 constexpr bool has<Expression, T, std::void_t<Expression<T>>> = true;
 template <class T>
@@ -397,8 +397,11 @@ class Tool {
   Option<Variable> declare(tool_glue::Use use, const char* names, Variable& variable,
                            const char* help, Parser... parser) {
     static_assert(!std::is_const_v<Variable>, "a const variable cannot receive a value");
+    void* receiver = nullptr;
+    if constexpr (!std::is_const_v<Variable>)
+      receiver = &variable;
     const auto& type = tool_glue::variableType<std::remove_const_t<Variable>, sizeof...(Parser)>;
-    return add(use, names, help, const_cast<std::remove_const_t<Variable>*>(&variable), &type,
+    return add(use, names, help, receiver, &type,
                tool_glue::keep<const char* const, typename Option<Variable>::Value>(
                    static_cast<Parser&&>(parser)...));
   }

@@ -94,11 +94,14 @@ void Arguments::takeOption(const Word& word) {
   const auto early = m_early.find(m_index);
   const Declaration* const declaration =
       early != m_early.end() ? early->second : m_scope.resolve(word.name.c_str());
-  if (declaration == nullptr)
+  if (declaration == nullptr) {
     m_unknown.push_back(word.name);
-  else if (declaration->isBuiltIn && m_asked == nullptr)
+    m_result.push_back(m_words[m_index]);
+    return;
+  }
+  if (declaration->isBuiltIn && m_asked == nullptr)
     m_asked = declaration;
-  if (declaration != nullptr && declaration->takesValue() && word.value.empty())
+  if (declaration->takesValue() && word.value.empty())
     takeNext(*declaration, word, early != m_early.end());
   else if (early != m_early.end())
     takeEarly(*declaration, word);

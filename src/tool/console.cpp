@@ -15,7 +15,7 @@ bool print(const ToolData& tool, const std::string& text, bool isError) {
   const OwnedCallable& output = tool.root().output;
   if (output) {
     Text unused;
-    const char* const characters = text.c_str();
+    const char* characters = text.c_str();
     output(&characters, &isError, unused);
     return true;
   }
@@ -28,6 +28,7 @@ unsigned int terminalWidth() {
   constexpr unsigned int least = 60;
   constexpr unsigned int most = 100;
   constexpr unsigned int usual = 80;
+  // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing here changes the environment
   const char* const variable = std::getenv("COLUMNS");
   const std::string_view columns = variable != nullptr ? variable : "";
   unsigned long width = 0;

@@ -19,7 +19,7 @@ OwnedCallable::~OwnedCallable() {
     m_callable.destroy(m_callable.function);
 }
 
-int OwnedCallable::operator()(const void* first, void* second, Text& answer) const {
+int OwnedCallable::operator()(void* first, void* second, Text& answer) const {
   return m_callable.call(m_callable.function, first, second, answer);
 }
 

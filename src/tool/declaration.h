@@ -30,7 +30,7 @@ class OwnedCallable {
 
   explicit operator bool() const { return m_callable.function != nullptr; }
   /// The status that the function returns; its text is appended to `answer`.
-  int operator()(const void* first, void* second, Text& answer) const;
+  int operator()(void* first, void* second, Text& answer) const;
 
  private:
   Callable m_callable = {};

@@ -44,7 +44,7 @@ bool readChoice(const Declaration& declaration, const char* text, void* value) {
 
 std::string readObject(const Declaration& declaration, const char* text, void* value) {
   Text expected;
-  const char* const kept = declaration.tool.texts.emplace_back(text).c_str();
+  const char* kept = declaration.tool.texts.emplace_back(text).c_str();
   if (declaration.function)
     declaration.function(&kept, value, expected);
   else
@@ -90,7 +90,7 @@ std::string expectedOf(const Declaration& declaration) {
   return !list.empty() ? list : "1 or 0";
 }
 
-std::string check(const Declaration& declaration, const void* value) {
+std::string check(const Declaration& declaration, void* value) {
   for (const OwnedCallable& one : declaration.checks) {
     Text expected;
     bool unused = false;
@@ -119,8 +119,8 @@ class Discarded {
 }  // namespace
 
 std::string refusedUse(const Declaration& declaration) {
-  const int count = static_cast<int>(declaration.given);
-  const bool isGiven = true;
+  int count = static_cast<int>(declaration.given);
+  bool isGiven = true;
   std::string expected;
   if (declaration.given == 0)
     return "";
@@ -237,7 +237,7 @@ void GivenValues::takeOperand(const char* text) {
 }
 
 void GivenValues::take(Declaration& declaration, const char* given, const variant_t& typed) {
-  const char* const text = meantBy(declaration, given);
+  const char* text = meantBy(declaration, given);
   if (declaration.type == nullptr) {
     const std::string expected = check(declaration, &text);
     if (!expected.empty())

@@ -120,9 +120,8 @@ std::string placeholderOf(const Declaration& declaration) {
 
 // "-s, --size=SIZE", "--[no-]color"
 std::string optionName(const Declaration& declaration, const std::vector<std::string>& names) {
-  std::vector<std::string> shown;
-  for (const std::string& name : names)
-    shown.push_back(shownName(name));
+  std::vector<std::string> shown(names.size());
+  std::transform(names.begin(), names.end(), shown.begin(), shownName);
   std::stable_sort(shown.begin(), shown.end(),
                    [](const std::string& left, const std::string& right) {
                      return left.size() == 2 && right.size() > 2;

@@ -97,7 +97,7 @@ int readVariable(const Scope& scope, IParser& parser, Declaration& declaration,
 }
 
 struct CloseFile {
-  void operator()(std::FILE* file) const { std::fclose(file); }
+  void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
 };
 
 // Returns 0 or the number of the system's error. A file that is too long is no error of the system.
@@ -229,6 +229,7 @@ class LineReader {
 std::string atHome(const std::string& path) {
   if (path.compare(0, 2, "~/") != 0)
     return path;
+  // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing here changes the environment
   const char* const home = std::getenv("HOME");
   return home != nullptr && *home != '\0' ? home + path.substr(1) : "";
 }
@@ -250,6 +251,7 @@ int readEnvironment(const Scope& scope, IParser& parser, GivenValues& values,
                     std::string& failure) {
   values.startSource(Source::environment);
   for (Declaration* const declaration : scope.options()) {
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing here changes the environment
     const char* const text = std::getenv(declaration->environment.c_str());
     if (declaration->environment.empty() || text == nullptr || *text == '\0' ||
         !isConcerned(*declaration, values))

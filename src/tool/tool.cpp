@@ -51,9 +51,9 @@ std::string bytesOf(const void* value, std::size_t size) {
 // Needs no memory.
 int tellOfMemory(const ToolData* tool) {
   const char* const name = tool != nullptr ? tool->root().name.c_str() : "";
-  for (const char* const text : {name, *name != '\0' ? ": " : "", "Memory has run out.\n"}) {
+  for (const char* text : {name, *name != '\0' ? ": " : "", "Memory has run out.\n"}) {
     if (tool == nullptr || !tool->root().output) {
-      std::fputs(text, stderr);
+      static_cast<void>(std::fputs(text, stderr));
       continue;
     }
     Text unused;
@@ -151,7 +151,6 @@ unsigned int timesGiven(const Declaration* declaration) noexcept {
 using tool_glue::Declaration;
 using tool_glue::orEmpty;
 using tool_glue::remembering;
-using tool_glue::ToolData;
 using tool_glue::Use;
 
 Tool::Tool(const char* name, const char* summary, const char* version) noexcept

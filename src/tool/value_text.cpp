@@ -37,7 +37,9 @@ auto withNumberType(const VariableType& type, Use use) {
     case 4:
       return isSigned ? use(int{}) : use(0U);
     default:
-      return isSigned ? use(0LL) : use(0ULL);
+      if (isSigned)
+        return use(0LL);
+      return use(0ULL);
   }
 }
 
@@ -131,7 +133,7 @@ std::string choiceText(const Declaration& declaration, const void* value) {
 
 std::string valueText(const Declaration& declaration, const void* value) {
   const VariableType& type = *declaration.type;
-  const std::string choice = choiceText(declaration, value);
+  std::string choice = choiceText(declaration, value);
   if (!choice.empty() || type.kind == Kind::enumeration)
     return choice;
   if (isNumber(type))
