@@ -100,7 +100,7 @@ Callable keep(Function function) {
 template <template <class> class Expression, class T, class = void>
 inline constexpr bool has = false;
 template <template <class> class Expression, class T>
-constexpr bool has<Expression, T, std::void_t<Expression<T>>> = true;
+inline constexpr bool has<Expression, T, std::void_t<Expression<T>>> = true;
 template <class T>
 using ParseValue = decltype(parseValue(static_cast<const char*>(nullptr), std::declval<T&>()));
 template <class T>

@@ -1,4 +1,6 @@
+#include <fcntl.h>
 #include <stdlib.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -121,6 +123,57 @@ TEST_F(ToolHelp, HelpThatCannotBeWrittenEndsWithOne) {
   dup2(kept, STDOUT_FILENO);
   close(kept);
   EXPECT_EQ(1, status.value_or(-1));
+}
+
+TEST_F(ToolHelp, PutsTextsAfterLongNamesOnTheirOwnLines) {
+  Tried tool;
+  bool given = false;
+  tool.flag("a-name-that-is-longer-than-the-column", given, "Long.");
+  tool.flag("x", given, "");
+  EXPECT_EQ(
+      "Usage: tool [OPTION]...\n"
+      "\n"
+      "Tries a tool.\n"
+      "\n"
+      "Options:\n"
+      "      --a-name-that-is-longer-than-the-column\n"
+      "                 Long.\n"
+      "  -x\n"
+      "  -h, --help     Show this help.\n"
+      "  -V, --version  Show the version.\n",
+      tool.help());
+}
+
+// A terminal of 70 columns in place of standard output.
+class NarrowTerminal {
+ public:
+  NarrowTerminal() : m_kept(dup(STDOUT_FILENO)), m_terminal(posix_openpt(O_RDWR | O_NOCTTY)) {
+    winsize size{};
+    size.ws_col = 70;
+    ioctl(m_terminal, TIOCSWINSZ, &size);
+    dup2(m_terminal, STDOUT_FILENO);
+  }
+  NarrowTerminal(const NarrowTerminal&) = delete;
+  NarrowTerminal& operator=(const NarrowTerminal&) = delete;
+  ~NarrowTerminal() {
+    dup2(m_kept, STDOUT_FILENO);
+    close(m_kept);
+    close(m_terminal);
+  }
+
+ private:
+  int m_kept;
+  int m_terminal;
+};
+
+TEST_F(ToolHelp, IsAsWideAsTheTerminal) {
+  std::fflush(stdout);
+  std::size_t longest = 0;
+  {
+    const NarrowTerminal terminal;
+    longest = widest(nullptr);
+  }
+  EXPECT_EQ(69U, longest);  // "a a ... a": an odd number of columns
 }
 
 }  // namespace

@@ -172,5 +172,33 @@ TEST(ToolWithoutMemory, IsMissedAtTheParseIfDeclaringRunsOutOfIt) {
   });
 }
 
+TEST(ToolWithoutMemory, EndsWithThreeEvenIfItCannotBeTold) {
+  Tool tool("tool", "Tries a tool.");
+  tool.output([](const char*, bool) { throw std::bad_alloc(); });
+  tool.each(
+      "say", [](const char*) { throw std::bad_alloc(); }, "Say it.");
+  const char* const words[] = {"tool", "--say=x"};
+  EXPECT_EQ(3, tool.parse(2, words).value_or(-1));
+}
+
+// The parser of the command line reads the environment too, and may run out of memory there.
+TEST(ToolWithoutMemory, ReadsNoEnvironment) {
+  setenv("TRIED_TEXT", "a text that is too long to be kept without memory of its own", 1);
+  for (long allowed = 0, status = 0; status != -1; ++allowed) {
+    std::string text = "default";
+    {
+      Tool tool("tool", "Tries a tool.");
+      tool.output([](const char*, bool) {});
+      tool.option("text", text, "").env("TRIED_TEXT");
+      const char* const words[] = {"tool"};
+      const AllocationLimit limit(allowed, Failing::forEver);
+      status = tool.parse(1, words).value_or(-1);
+    }
+    ASSERT_TRUE(status == 3 || status == -1) << allowed;
+    EXPECT_EQ(status == 3, text == "default");
+  }
+  unsetenv("TRIED_TEXT");
+}
+
 }  // namespace
 }  // namespace kivo_3_3
