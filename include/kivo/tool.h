@@ -83,7 +83,7 @@ Callable keep() {
 }
 template <class First, class Second = const bool, class Function>
 Callable keep(Function function) {
-  const auto run = [](void* kept, void* first, void* second, Text& answer) {
+  const auto invoke = [](void* kept, void* first, void* second, Text& answer) {
     const auto called = [&]() -> decltype(auto) {
       return call(*static_cast<Function*>(kept), *static_cast<First*>(first),
                   *static_cast<Second*>(second));
@@ -93,7 +93,7 @@ Callable keep(Function function) {
     called();
     return 0;
   };
-  return {sizeof(Callable), new (std::nothrow) Function(static_cast<Function&&>(function)), run,
+  return {sizeof(Callable), new (std::nothrow) Function(static_cast<Function&&>(function)), invoke,
           [](void* kept) { delete static_cast<Function*>(kept); }};
 }
 
@@ -128,8 +128,9 @@ constexpr Kind kindOf() {
     return std::is_enum_v<T> && !has<ParseValue, T> ? Kind::enumeration : Kind::object;
   if (isOneOf<T, bool, char>)
     return isOneOf<T, bool> ? Kind::boolean : Kind::character;
-  constexpr Kind integer = std::is_signed_v<T> ? Kind::integer : Kind::natural;
-  return std::is_floating_point_v<T> ? Kind::real : integer;
+  if (std::is_floating_point_v<T>)
+    return Kind::real;
+  return (std::is_signed_v<T>) ? Kind::integer : Kind::natural;
 }
 
 template <class Variable, class T = typename Held<Variable>::Value>
@@ -271,7 +272,7 @@ class Option {
 
  private:
   friend class Tool;
-  Option(tool_glue::Declaration* declaration) : m_declaration(declaration) {}
+  explicit Option(tool_glue::Declaration* declaration) : m_declaration(declaration) {}
   Option& note(tool_glue::Note note, const char* text) {
     tool_glue::note(m_declaration, note, text);
     return *this;
@@ -315,7 +316,7 @@ class Tool {
   template <class Function>
   Option<const char*> each(const char* names, Function function, const char* help) {
     const auto kept = tool_glue::keep<const char* const>(static_cast<Function&&>(function));
-    return add(tool_glue::Use::each, names, help, nullptr, nullptr, kept);
+    return Option<const char*>(add(tool_glue::Use::each, names, help, nullptr, nullptr, kept));
   }
   /// The next argument that is no option.
   template <class Variable>
@@ -338,7 +339,7 @@ class Tool {
   template <class Function>
   Option<bool> action(const char* names, const char* help, Function function) {
     const auto kept = tool_glue::keep<Tool>(static_cast<Function&&>(function));
-    return add(tool_glue::Use::action, names, help, nullptr, nullptr, kept);
+    return Option<bool>(add(tool_glue::Use::action, names, help, nullptr, nullptr, kept));
   }
   /// Something that the tool does, given by one or more words: "remote add". `function(Tool&)`
   /// declares on the tool that it gets, calls parse(), works, and returns a status.
@@ -401,9 +402,9 @@ class Tool {
     if constexpr (!std::is_const_v<Variable>)
       receiver = &variable;
     const auto& type = tool_glue::variableType<std::remove_const_t<Variable>, sizeof...(Parser)>;
-    return add(use, names, help, receiver, &type,
-               tool_glue::keep<const char* const, typename Option<Variable>::Value>(
-                   static_cast<Parser&&>(parser)...));
+    const auto kept = tool_glue::keep<const char* const, typename Option<Variable>::Value>(
+        static_cast<Parser&&>(parser)...);
+    return Option<Variable>(add(use, names, help, receiver, &type, kept));
   }
   KIVO_API tool_glue::Declaration* add(tool_glue::Use use, const char* names, const char* help,
                                        void* variable, const tool_glue::VariableType* type,

@@ -229,10 +229,10 @@ void GivenValues::takeOperand(const char* text) {
   if (readType(declaration) == vtString && declaration.choices.empty() &&
       (declaration.separator == '\0' || *text == '\0'))
     return take(declaration, text, variant_t());
-  const std::vector<OperandValue> values = m_reader.read(declaration, text);
-  if (values.empty())
+  const std::vector<OperandValue> items = m_reader.read(declaration, text);
+  if (items.empty())
     return refuse(doesNotTake(declaration, text, expectedOf(declaration)));
-  for (const auto& [item, typed] : values)
+  for (const auto& [item, typed] : items)
     take(declaration, item.c_str(), typed);
 }
 

@@ -228,16 +228,16 @@ void limitValues(IOption& option, const Declaration& declaration) {
 }
 
 void Scope::annotateAll(const Declaration& declaration, const std::string& name) {
-  const auto tell = [&](const char* key, const std::string& text) {
+  const auto addFact = [&](const char* key, const std::string& text) {
     if (!text.empty())
       annotateOrThrow(m_parser, name.c_str(), key, text);
   };
-  tell("placeholder", declaration.placeholder);
-  tell("range", rangeText(declaration));
-  tell("environment", declaration.environment);
-  tell("required", declaration.isRequired ? "required" : "");
-  tell("shownDefault", shownDefault(declaration));
-  tell("deprecated", declaration.deprecated);
+  addFact("placeholder", declaration.placeholder);
+  addFact("range", rangeText(declaration));
+  addFact("environment", declaration.environment);
+  addFact("required", declaration.isRequired ? "required" : "");
+  addFact("shownDefault", shownDefault(declaration));
+  addFact("deprecated", declaration.deprecated);
 }
 
 Declaration* Scope::withFirstName(std::string_view name) const {

@@ -183,11 +183,12 @@ Declaration* Tool::add(Use use, const char* names, const char* help, void* varia
 }
 
 Option<bool> Tool::flag(const char* names, bool& variable, const char* help) noexcept {
-  return add(Use::flag, names, help, &variable, &tool_glue::variableType<bool, 0>, {});
+  return Option<bool>(
+      add(Use::flag, names, help, &variable, &tool_glue::variableType<bool, 0>, {}));
 }
 
 Option<int> Tool::count(const char* names, int& variable, const char* help) noexcept {
-  return add(Use::count, names, help, &variable, &tool_glue::variableType<int, 0>, {});
+  return Option<int>(add(Use::count, names, help, &variable, &tool_glue::variableType<int, 0>, {}));
 }
 
 Option<const char*> Tool::config(const char* names, const char* path, const char* help) noexcept {
@@ -196,7 +197,7 @@ Option<const char*> Tool::config(const char* names, const char* path, const char
     declaration->path = orEmpty(path);
     declaration->shownDefault = orEmpty(path);
   });
-  return declaration;
+  return Option<const char*>(declaration);
 }
 
 void Tool::addCommand(const char* words, const char* help,
@@ -236,9 +237,12 @@ void Tool::usageStatus(int status) noexcept {
 }
 
 bool Tool::parse(int argc, const char* const* argv, int& status) {
+  if (m_data == nullptr || m_data->isOutOfMemory) {
+    status = tool_glue::tellOfMemory(m_data);
+    return true;
+  }
   try {
-    if (m_data != nullptr && !m_data->isOutOfMemory)
-      return run(*m_data, tool_glue::wordsOf(*m_data, argc, argv), status);
+    return run(*m_data, tool_glue::wordsOf(*m_data, argc, argv), status);
   } catch (const std::bad_alloc&) {
     if (m_data->isWorking)
       throw;
