@@ -204,8 +204,8 @@ inline constexpr VariableType variableType = typeOf<Variable, parsers>();
 /// A text that may be given, and the value that it stands for.
 template <class T>
 struct Choice {
-  const char* text;
-  T value;
+  const char* text;  ///< as users type it
+  T value;           ///< what the variable gets
 };
 
 /// Amends what was just declared. Modifiers may be called in any order, until Tool::parse(). The
@@ -213,6 +213,7 @@ struct Choice {
 template <class Variable>
 class Option {
  public:
+  /// One value of the variable: of a list or an optional, what is in it.
   using Value = typename tool_glue::Held<Variable>::Value;
 
   /// The user has to give it.
@@ -294,6 +295,8 @@ class Option {
 /// may cut names short. All texts are copied.
 class Tool {
  public:
+  /// A tool as users call it, what it does in one sentence, and its version; without a version
+  /// there is no option for it.
   KIVO_API Tool(const char* name, const char* summary, const char* version = nullptr) noexcept;
   KIVO_API ~Tool();
   Tool(const Tool&) = delete;

@@ -53,6 +53,10 @@ def parse_arguments():
     arguments = parser.parse_args()
     if not os.access(arguments.describe, os.X_OK):
         parser.error(f"cannot run {arguments.describe}")
+    names = all_parts(None, arguments)
+    for part in arguments.part or ():
+        if part not in names:
+            parser.error(f"no part '{part}', but: {', '.join(names)}")
     return arguments
 
 
@@ -72,9 +76,9 @@ def check_scripts(context, seed):
     manners.check_no_evaluation(context, FULL)
 
 
-def parts_of(context, arguments):
+def all_parts(context, arguments):
     """The parts of the test by their names, in the order in which they run."""
-    parts = {
+    return {
         "scripts": lambda: check_scripts(context, arguments.seed),
         "table": lambda: by_rules.check_table(context),
         "sizes": lambda: costs.check_sizes(context),
@@ -86,18 +90,25 @@ def parts_of(context, arguments):
         "fish": lambda: fish_only.check(context),
         **{name: lambda check=check: check(context) for name, check in manners.PARTS.items()},
         "random": lambda: by_rules.check_random(context, arguments.count, arguments.seed),
+        "textkit": lambda: accepted.check_textkit(context, arguments.textkit),
+        "speed": lambda: costs.check_speed(context),
     }
-    if arguments.part:  # only when it is asked for, because it depends on the load of the machine
-        parts["speed"] = lambda: costs.check_speed(context)
-    if arguments.textkit:
-        parts["textkit"] = lambda: accepted.check_textkit(context, arguments.textkit)
-    return {n: p for n, p in parts.items() if not arguments.part or n in arguments.part}
+
+
+def chosen_parts(context, arguments):
+    """Those that are asked for, or all. The time of a TAB depends on the load of the machine, and is
+    measured only when it is asked for."""
+    parts = all_parts(context, arguments)
+    chosen = arguments.part or [name for name in parts if name != "speed"]
+    if not arguments.textkit:
+        chosen = [name for name in chosen if name != "textkit"]
+    return {name: parts[name] for name in chosen}
 
 
 def check_shell(shell, arguments, report, folder):
     """All parts in one shell; a part that cannot end is broken, and the others go on."""
     context = Context(shell, arguments.describe, report, folder)
-    for name, part in parts_of(context, arguments).items():
+    for name, part in chosen_parts(context, arguments).items():
         try:
             part()
         except Exception:  # a shell that does not answer, or dies

@@ -1,6 +1,6 @@
 """What is offered to users of a tool with commands (see cases.py)."""
 
-from tools import ALIKE, FILES, MANY, MANY_LONE, MANY_TWO, NOTHING, SHARED
+from tools import ALIKE, FILES, KEPT, MANY, MANY_LONE, MANY_TWO, NOTHING, SHARED
 
 COMMANDS = [
     ("until a command is complete, the next words are offered", MANY, [
@@ -86,6 +86,11 @@ COMMANDS = [
         ("remote -- add n", NOTHING),
         ("status -- ", FILES),
         ("rename -- fi", FILES),
+    ]),
+    ("... also where these words are kept", KEPT, [
+        ("list a", "all"),
+        ("list -- ", FILES),
+        ("list -- a", FILES),
     ]),
     ("the next words of longer commands are offered beside the operand's values", MANY, [
         ("remote ", "origin other add adopt"),

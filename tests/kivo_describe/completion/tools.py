@@ -148,6 +148,12 @@ def shared_by_commands():
         command("stop", [text("when", positional=True, allowed=["now", "then"])])])
 
 
+def longer_after_kept():
+    """A command that keeps words after "--", and is the beginning of a longer one."""
+    return describe([], name="kept", commands=[
+        command("list", [], leftoverArguments="kept"), command("list all", [])])
+
+
 def same_form():
     """A name that is also the "no-" form of an option declared later."""
     return describe([
@@ -177,3 +183,4 @@ MANY_TWO = with_commands(annotations={"dashes": ["two"]})
 DOTTED = dotted_names()
 SHARED = shared_by_commands()
 SAME = same_form()
+KEPT = longer_after_kept()
