@@ -8,7 +8,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
-#include <new>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -30,13 +29,14 @@ int parseInto(const Scope& scope, IParser& parser, GivenValues& values,
               const std::vector<const char*>& words, std::string& failure) {
   const int status = parser.parseArgsVector(static_cast<int>(words.size()), words.data(), nullptr);
   const bool isFromValues = values.failureStatus() != 0;
-  if (!isFromValues && status == status::unidentifiedProblem)  // the parser had no memory
-    throw std::bad_alloc();
   if (!isFromValues && status == status::success)
     return status;
   const std::string reason = isFromValues ? values.failure() : parser.getErrorDesc();
   failure += reason + suggestedChoice(scope, reason);
-  return isFromValues ? values.failureStatus() : status;
+  // A parser that fails without a reason of its own had no memory.
+  const int ofParser =
+      status == status::unidentifiedProblem ? int{status::exceptionCaught} : status;
+  return isFromValues ? values.failureStatus() : ofParser;
 }
 
 // The value that a deprecated one stands for: only the command line warns of it.

@@ -356,7 +356,7 @@ TEST(ToolVariables, AParserAtTheDeclarationReadsAnyType) {
     int x = 0, y = 0;
   } point;
   std::vector<int> doubled;
-  const int factor = 2;
+  int factor = 2;
   Tried tool;
   tool.option("point", point, "", [](const char* text, Point& read) {
     return std::sscanf(text, "%dx%d", &read.x, &read.y) == 2 ? "" : "a point such as 1x2";
