@@ -111,10 +111,11 @@ void Arguments::takeOption(const Word& word) {
 
 // An option before the words of a command, whose options may have made its name ambiguous.
 void Arguments::takeEarly(const Declaration& declaration, const Word& word) {
-  const std::string value = word.hasValue ? '=' + word.value : "";
-  const char* const off = turnsOff(declaration, word.name) ? "no-" : "";
-  m_result.push_back(
-      m_made.emplace_back("--" + (off + m_scope.nameOf(declaration)) + value).c_str());
+  std::string made = turnsOff(declaration, word.name) ? "--no-" : "--";
+  made += m_scope.nameOf(declaration);
+  if (word.hasValue)
+    made += '=' + word.value;
+  m_result.push_back(m_made.emplace_back(std::move(made)).c_str());
 }
 
 // An option without a value in its own word.

@@ -15,7 +15,9 @@ namespace {
 
 // The words with which commands go on.
 std::vector<std::string> nextWords(const ToolData& tool, const std::string& soFar) {
-  const std::string start = soFar.empty() ? "" : soFar + ' ';
+  std::string start = soFar;
+  if (!start.empty())
+    start += ' ';
   std::set<std::string> words;
   for (const Command& command : tool.commands) {
     if (command.words.compare(0, start.size(), start) == 0 && command.words.size() > start.size())
@@ -122,7 +124,9 @@ class Search {
   }
 
   bool go(const std::string& word) {
-    m_found.words += (m_found.words.empty() ? "" : " ") + word;
+    if (!m_found.words.empty())
+      m_found.words += ' ';
+    m_found.words += word;
     m_found.command = commandWith(m_tool, m_found.words);
     m_isOver = nextWords(m_tool, m_found.words).empty();
     return true;

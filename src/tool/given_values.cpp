@@ -28,7 +28,9 @@ std::string readNumber(const Declaration& declaration, const char* text, const v
                        void* value) {
   if (!putNumber(*declaration.type, text, typed, value))
     return limitsText(*declaration.type);
-  return isInRange(declaration, value) ? "" : rangeText(declaration);
+  if (isInRange(declaration, value))
+    return "";
+  return rangeText(declaration);
 }
 
 // The value of the choice with this text, if it has one.
@@ -87,7 +89,7 @@ std::string expectedOf(const Declaration& declaration) {
   std::string list;
   for (const DeclaredChoice& choice : declaration.choices)
     list += (list.empty() ? "" : ", ") + choice.text;
-  return !list.empty() ? list : "1 or 0";
+  return declaration.choices.empty() ? "1 or 0" : list;
 }
 
 std::string check(const Declaration& declaration, void* value) {
@@ -124,11 +126,15 @@ std::string refusedUse(const Declaration& declaration) {
   std::string expected;
   if (declaration.given == 0)
     return "";
-  if (declaration.use == Use::count)
-    expected = isInRange(declaration, &count) ? check(declaration, &count) : rangeText(declaration);
+  if (declaration.use == Use::count && !isInRange(declaration, &count))
+    expected = rangeText(declaration);
+  else if (declaration.use == Use::count)
+    expected = check(declaration, &count);
   else if (declaration.use == Use::flag)
     expected = check(declaration, &isGiven);
-  return expected.empty() ? "" : doesNotTake(declaration, std::to_string(count), expected);
+  if (expected.empty())
+    return "";
+  return doesNotTake(declaration, std::to_string(count), expected);
 }
 
 void GivenValues::startSource(Source source) {

@@ -106,9 +106,10 @@ std::string laidOut(const std::vector<Entry>& entries, std::size_t width) {
 }
 
 std::string upper(std::string text) {
-  for (char& character : text)
-    character =
-        character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A') : character;
+  for (char& character : text) {
+    if (character >= 'a' && character <= 'z')
+      character = static_cast<char>(character - 'a' + 'A');
+  }
   return text;
 }
 
@@ -132,35 +133,42 @@ std::string optionName(const Declaration& declaration, const std::vector<std::st
       name.insert(2, "[no-]");
     text += (&name == &shown.front() ? "" : ", ") + name;
   }
-  return declaration.takesValue() ? text + '=' + placeholderOf(declaration) : text;
+  if (declaration.takesValue())
+    text += '=' + placeholderOf(declaration);
+  return text;
 }
 
 std::string choicesText(const Declaration& declaration) {
   std::string text;
   for (const DeclaredChoice& choice : declaration.choices)
     text += (text.empty() ? " One of: " : ", ") + choice.text;
-  return text.empty() ? text : text + '.';
+  if (!text.empty())
+    text += '.';
+  return text;
 }
 
-std::string remark(const char* before, const std::string& text) {
-  return text.empty() ? "" : before + text + '.';
+void addRemark(std::string& text, const char* before, const std::string& remark) {
+  if (!remark.empty())
+    text += before + remark + '.';
 }
 
 std::string described(const Declaration& declaration) {
   std::string text = declaration.help;
   text += choicesText(declaration);
-  text += remark(" From ", rangeText(declaration));
-  text += remark(" Default: ", defaultText(declaration));
-  text += remark(" Environment: ", declaration.environment);
-  text += remark(" Only with: ", declaration.only);
+  addRemark(text, " From ", rangeText(declaration));
+  addRemark(text, " Default: ", defaultText(declaration));
+  addRemark(text, " Environment: ", declaration.environment);
+  addRemark(text, " Only with: ", declaration.only);
   text += declaration.isRequired && !declaration.isOperand() ? " Required." : "";
-  text += remark(" Deprecated: ", declaration.deprecated);
+  addRemark(text, " Deprecated: ", declaration.deprecated);
   return text;
 }
 
 std::string operandName(const Declaration& declaration) {
-  const std::string name = placeholderOf(declaration);
-  return declaration.use == Use::rest ? name + "..." : name;
+  std::string name = placeholderOf(declaration);
+  if (declaration.use == Use::rest)
+    name += "...";
+  return name;
 }
 
 std::string usage(const ToolData& tool, const Scope& scope) {
@@ -170,8 +178,11 @@ std::string usage(const ToolData& tool, const Scope& scope) {
     text += " [OPTION]...";
   if (!tool.commands.empty())
     text += " COMMAND ...";
-  for (const Declaration* operand : scope.operands())
-    text += operand->isRequired ? ' ' + operandName(*operand) : " [" + operandName(*operand) + ']';
+  for (const Declaration* operand : scope.operands()) {
+    text += operand->isRequired ? " " : " [";
+    text += operandName(*operand);
+    text += operand->isRequired ? "" : "]";
+  }
   return text;
 }
 

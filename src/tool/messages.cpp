@@ -23,9 +23,9 @@ std::string doesNotTake(const Declaration& declaration, const std::string& text,
 }
 
 std::string isRequired(const Declaration& declaration) {
-  return declaration.isOperand()
-             ? "Operand " + quoted(declaration.firstName()) + " is required"
-             : "Option " + quoted(shownName(declaration.firstName())) + " is required";
+  if (declaration.isOperand())
+    return "Operand " + quoted(declaration.firstName()) + " is required";
+  return "Option " + quoted(shownName(declaration.firstName())) + " is required";
 }
 
 std::string isDeprecated(const Declaration& declaration) {

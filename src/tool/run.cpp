@@ -234,7 +234,9 @@ class CommandLine {
                                      [](const Declaration* member) { return member->given != 0; });
     if (given > 1)
       return excludeEachOther(group.names);
-    return given == 0 && group.isNeeded && !members.empty() ? oneIsRequired(group.names) : "";
+    if (given == 0 && group.isNeeded && !members.empty())
+      return oneIsRequired(group.names);
+    return "";
   }
 
   void deliver(Declaration& declaration) {

@@ -53,8 +53,11 @@ std::vector<std::string> splitAt(const std::string& text, char separator) {
 
 std::string joined(const std::vector<std::string>& parts, char separator) {
   std::string result;
-  for (const std::string& part : parts)
-    result += (&part == &parts.front() ? "" : std::string(1, separator)) + part;
+  for (const std::string& part : parts) {
+    if (&part != &parts.front())
+      result += separator;
+    result += part;
+  }
   return result;
 }
 

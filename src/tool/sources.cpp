@@ -31,12 +31,14 @@ int parseInto(const Scope& scope, IParser& parser, GivenValues& values,
   const bool isFromValues = values.failureStatus() != 0;
   if (!isFromValues && status == status::success)
     return status;
-  const std::string reason = isFromValues ? values.failure() : parser.getErrorDesc();
+  std::string reason = values.failure();
+  if (!isFromValues)
+    reason = parser.getErrorDesc();
   failure += reason + suggestedChoice(scope, reason);
+  if (isFromValues)
+    return values.failureStatus();
   // A parser that fails without a reason of its own had no memory.
-  const int ofParser =
-      status == status::unidentifiedProblem ? int{status::exceptionCaught} : status;
-  return isFromValues ? values.failureStatus() : ofParser;
+  return status == status::unidentifiedProblem ? int{status::exceptionCaught} : status;
 }
 
 // The value that a deprecated one stands for: only the command line warns of it.
@@ -118,7 +120,9 @@ int load(const std::string& path, std::string& text) {
 std::string argumentOf(std::string line) {
   line.erase(line.find_last_not_of('\r') + 1);
   line.erase(0, std::min(line.find_first_not_of(" \t\v\f\r"), line.size()));
-  return line.empty() || line[0] == ';' || line[0] == '#' ? "" : line;
+  if (line[0] == ';' || line[0] == '#')
+    line.clear();
+  return line;
 }
 
 // The arguments of a file with the numbers of their lines.
@@ -205,7 +209,9 @@ class LineReader {
   std::string withoutDeprecated(const Declaration& option, const Word& word,
                                 const std::string& argument) const {
     const std::string value = replaced(option, word.value);
-    return value == word.value ? argument : "--" + m_scope.nameOf(option) + '=' + value;
+    if (value == word.value)
+      return argument;
+    return "--" + m_scope.nameOf(option) + '=' + value;
   }
 
   int parse(const std::vector<const char*>& words, std::string& reason) {
@@ -231,7 +237,9 @@ std::string atHome(const std::string& path) {
     return path;
   // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing here changes the environment
   const char* const home = std::getenv("HOME");
-  return home != nullptr && *home != '\0' ? home + path.substr(1) : "";
+  if (home == nullptr || *home == '\0')
+    return "";
+  return home + path.substr(1);
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ ToolData* toolOf(Declaration* declaration) {
 }
 
 std::string bytesOf(const void* value, std::size_t size) {
-  return value != nullptr ? std::string(static_cast<const char*>(value), size) : std::string();
+  return {static_cast<const char*>(value), value != nullptr ? size : 0};
 }
 
 // Needs no memory.

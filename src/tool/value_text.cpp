@@ -141,7 +141,7 @@ std::string valueText(const Declaration& declaration, const void* value) {
   if (type.kind == Kind::boolean)
     return load<bool>(value) ? "true" : "";
   if (type.kind == Kind::character)
-    return load<char>(value) != '\0' ? std::string(1, load<char>(value)) : "";
+    return std::string(load<char>(value) != '\0' ? 1 : 0, load<char>(value));
   Text shown;
   type.show(value, shown);
   return shown.characters;
@@ -173,7 +173,9 @@ std::string defaultText(const Declaration& declaration) {
     const void* const value = declaration.type->at(declaration.variable, index);
     if (value == nullptr)
       return all;
-    all += (index != 0 ? std::string(1, separator) : "") + valueText(declaration, value);
+    if (index != 0)
+      all += separator;
+    all += valueText(declaration, value);
   }
 }
 
