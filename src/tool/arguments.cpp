@@ -34,8 +34,8 @@ bool turnsOff(const Declaration& declaration, const std::string& typed) {
   if (parserType(declaration) != vtBool)
     return false;
   bool begins = false;
-  for (const std::string& name : declaration.names) {
-    if ("no-" + name == typed)
+  for (const std::string_view name : declaration.names) {
+    if (typed == "no-" + std::string(name))
       return true;
     begins |= name.compare(0, typed.size(), typed) == 0;
   }
@@ -50,7 +50,12 @@ Word wordOf(std::string_view text) {
   if (text == loneDash || getDashLength(std::string(text.substr(0, 3)), 0) == 0)
     return {Word::operand, "", "", false};
   Word word = {Word::option, "", "", false};
-  word.hasValue = splitOptionValue(std::string(text), &word.name, &word.value);
+  // The value is not copied: with its '=', the name ends at the latest.
+  const std::size_t equal = std::min(text.find('='), text.size());
+  std::string value;
+  word.hasValue = splitOptionValue(std::string(text.substr(0, equal + 1)), &word.name, &value);
+  const std::size_t after = text.size() - std::min(equal + 1, text.size());
+  word.value = text.substr(text.size() - value.size() - after);
   return word;
 }
 
@@ -93,7 +98,7 @@ void Arguments::takeOperand(const char* text) {
 void Arguments::takeOption(const Word& word) {
   const auto early = m_early.find(m_index);
   const Declaration* const declaration =
-      early != m_early.end() ? early->second : m_scope.resolve(word.name.c_str());
+      early != m_early.end() ? early->second : m_scope.resolve(word.name);
   if (declaration == nullptr) {
     m_unknown.push_back(word.name);
     m_result.push_back(m_words[m_index]);
@@ -114,7 +119,7 @@ void Arguments::takeEarly(const Declaration& declaration, const Word& word) {
   std::string made = turnsOff(declaration, word.name) ? "--no-" : "--";
   made += m_scope.nameOf(declaration);
   if (word.hasValue)
-    made += '=' + word.value;
+    made.append(1, '=').append(word.value);
   m_result.push_back(m_made.emplace_back(std::move(made)).c_str());
 }
 

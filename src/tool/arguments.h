@@ -1,6 +1,6 @@
 #pragma once
 
-#include <deque>
+#include <list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,8 +16,8 @@ namespace kivo_3_3::tool_glue {
 struct Word {
   enum Sort { operand, option, end };
   Sort sort;
-  std::string name;   // of an option, as typed, without dashes
-  std::string value;  // in the same word
+  std::string name;        // of an option, as typed, without dashes
+  std::string_view value;  // in the same word
   bool hasValue;
 };
 Word wordOf(std::string_view text);
@@ -39,7 +39,7 @@ class Arguments {
   /// The arguments for the parser, with the name of the tool.
   const std::vector<const char*>& words() const { return m_result; }
   const std::string& mark() const { return m_mark; }
-  const std::deque<std::string>& marked() const { return m_marked; }
+  const std::list<std::string>& marked() const { return m_marked; }
   /// Help or the version, if one of them was asked for.
   const Declaration* asked() const { return m_asked; }
   /// The first operand for which there is no declaration, or null. After a misspelt option it may
@@ -63,9 +63,9 @@ class Arguments {
   bool m_isEnded = false;
   std::size_t m_operands = 0;
   std::vector<const char*> m_result;
-  std::deque<std::string> m_made;  // words that were rewritten
+  std::list<std::string> m_made;  // words that were rewritten
   std::string m_mark;
-  std::deque<std::string> m_marked;
+  std::list<std::string> m_marked;
   const Declaration* m_asked = nullptr;
   const char* m_stray = nullptr;
   std::vector<std::string> m_unknown;

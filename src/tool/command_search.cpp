@@ -79,7 +79,7 @@ class Search {
   }
 
   void takeOption(const Word& word) {
-    Declaration* const declaration = scope().resolve(word.name.c_str());
+    Declaration* const declaration = scope().resolve(word.name);
     if (declaration == nullptr)
       return;
     if (m_found.command == nullptr)

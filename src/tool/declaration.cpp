@@ -2,6 +2,8 @@
 
 #include <new>
 
+#include "tool/tool_data.h"
+
 namespace kivo_3_3::tool_glue {
 
 OwnedCallable::OwnedCallable(const Callable& callable) : m_callable(callable) {
@@ -21,6 +23,18 @@ OwnedCallable::~OwnedCallable() {
 
 int OwnedCallable::operator()(void* first, void* second, Text& answer) const {
   return m_callable.call(m_callable.function, first, second, answer);
+}
+
+std::string_view ToolData::keep(std::initializer_list<std::string_view> parts) {
+  std::size_t size = 0;
+  for (const std::string_view part : parts)
+    size += part.size();
+  char* const kept = static_cast<char*>(memory.allocate(size + 1, 1));
+  char* end = kept;
+  for (const std::string_view part : parts)
+    end += part.copy(end, part.size());
+  *end = '\0';
+  return {kept, size};
 }
 
 Declaration::~Declaration() { forget(); }

@@ -2,14 +2,17 @@
 
 #include <kivo/tool.h>
 
-#include <deque>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
+
+#include "tool/name_list.h"
 
 // What a tool has declared, and the values that were given for it. A value is converted and checked
 // when it is read, but stays in a variable of the library until the whole command line was read: if
 // it went to the tool's variable at once, a later error would leave half of the variables changed.
+// Texts that most declarations have are in the memory of the tool, where they end with a zero.
 
 namespace kivo_3_3::tool_glue {
 
@@ -40,8 +43,8 @@ class OwnedCallable {
 enum class Source : int { none, config, environment, commandLine };
 
 struct DeclaredChoice {
-  std::string text;
-  std::string value;  // its bytes; empty if the text itself is the value
+  std::string_view text;
+  std::string_view value;  // its bytes; empty if the text itself is the value
 };
 
 /// A text with its place among those that are given for all options with a function.
@@ -57,7 +60,7 @@ struct Declaration {
   Declaration& operator=(const Declaration&) = delete;
   ~Declaration();
 
-  const std::string& firstName() const { return names.front(); }
+  std::string firstName() const { return std::string(*names.begin()); }
   bool isOperand() const { return use == Use::operand || use == Use::rest; }
   bool takesValue() const;
   /// Whether every text, the empty one too, is a value.
@@ -69,10 +72,10 @@ struct Declaration {
 
   ToolData& tool;
   const Use use;
-  std::vector<std::string> names;
-  std::string help;
-  std::string section;
-  std::string path;  // of a configuration file
+  NameList names;
+  const char* help = "";
+  const char* section = "";
+  const char* path = "";  // of a configuration file
   void* variable = nullptr;
   const VariableType* type;  // null if there is no variable
   OwnedCallable function;

@@ -46,7 +46,7 @@ bool readChoice(const Declaration& declaration, const char* text, void* value) {
 
 std::string readObject(const Declaration& declaration, const char* text, void* value) {
   Text expected;
-  const char* kept = declaration.tool.texts.emplace_back(text).c_str();
+  const char* kept = declaration.tool.keep(text).data();
   if (declaration.function)
     declaration.function(&kept, value, expected);
   else
@@ -87,8 +87,10 @@ std::string expectedOf(const Declaration& declaration) {
       declaration.choices.empty())
     return limitsText(*declaration.type);
   std::string list;
-  for (const DeclaredChoice& choice : declaration.choices)
-    list += (list.empty() ? "" : ", ") + choice.text;
+  for (const DeclaredChoice& choice : declaration.choices) {
+    list += list.empty() ? "" : ", ";
+    list += choice.text;
+  }
   return declaration.choices.empty() ? "1 or 0" : list;
 }
 
@@ -142,7 +144,7 @@ void GivenValues::startSource(Source source) {
   m_operands = 0;
 }
 
-void GivenValues::replaceMarks(std::string mark, std::deque<std::string> texts) {
+void GivenValues::replaceMarks(std::string mark, std::list<std::string> texts) {
   m_mark = std::move(mark);
   m_marked = std::move(texts);
 }

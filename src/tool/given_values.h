@@ -2,7 +2,7 @@
 
 #include <kivo/event_handler.h>
 
-#include <deque>
+#include <list>
 #include <string>
 
 #include "tool/operand_reader.h"
@@ -25,7 +25,7 @@ class GivenValues final : public EventHandler {
   /// Values that follow come from here.
   void startSource(Source source);
   /// A value `mark` stands for the next one of these texts, which the parser would not take.
-  void replaceMarks(std::string mark, std::deque<std::string> texts);
+  void replaceMarks(std::string mark, std::list<std::string> texts);
 
   /// Whether events of the parser arrive here: it cannot tell that it had no memory for a handler.
   bool isNotifiedBy(IParser& parser);
@@ -61,7 +61,7 @@ class GivenValues final : public EventHandler {
   OperandReader m_reader;
   unsigned int m_place = 0;
   std::string m_mark;
-  std::deque<std::string> m_marked;
+  std::list<std::string> m_marked;
   std::vector<Declaration*> m_actions;
   std::string m_failure;
   int m_failureStatus = 0;

@@ -140,8 +140,10 @@ std::string optionName(const Declaration& declaration, const std::vector<std::st
 
 std::string choicesText(const Declaration& declaration) {
   std::string text;
-  for (const DeclaredChoice& choice : declaration.choices)
-    text += (text.empty() ? " One of: " : ", ") + choice.text;
+  for (const DeclaredChoice& choice : declaration.choices) {
+    text += text.empty() ? " One of: " : ", ";
+    text += choice.text;
+  }
   if (!text.empty())
     text += '.';
   return text;
@@ -230,7 +232,7 @@ std::string helpPage(const ToolData& tool, const Scope& scope, unsigned int widt
     text += '\n' + Paragraph(0, width).laidOut(summary);
   Sections sections;
   for (const Declaration* operand : scope.operands()) {
-    if (!operand->isHidden && !operand->help.empty())
+    if (!operand->isHidden && *operand->help != '\0')
       sections.add("Operands", {operandName(*operand), described(*operand)});
   }
   for (Entry& command : commandsOf(tool, ""))
@@ -238,7 +240,7 @@ std::string helpPage(const ToolData& tool, const Scope& scope, unsigned int widt
   for (const bool isAction : {true, false}) {
     for (const Declaration* option : scope.options()) {
       const std::vector<std::string> names = scope.typedNames(*option);
-      const std::string section = option->section.empty() ? "Options" : option->section;
+      const std::string section = *option->section == '\0' ? "Options" : option->section;
       if (!option->isHidden && (option->use == Use::action) == isAction && !names.empty())
         sections.add(isAction ? "Actions" : section,
                      {optionName(*option, names), described(*option)});

@@ -27,9 +27,9 @@ namespace {
 constexpr const char* descriptionSwitch = "kivooption=kivodescribe=json";
 constexpr int notWritten = 1;
 
-void addBuiltIn(ToolData& tool, const std::vector<std::string>& names, const char* help) {
+void addBuiltIn(ToolData& tool, const char* names, const char* help) {
   Declaration& declaration = tool.builtIn.emplace_back(tool, Use::flag, nullptr);
-  declaration.names = names;
+  declaration.names = NameList(names);
   declaration.help = help;
   declaration.isBuiltIn = true;
 }
@@ -38,9 +38,9 @@ void addBuiltIn(ToolData& tool, const std::vector<std::string>& names, const cha
 void addBuiltIn(ToolData& tool) {
   if (!tool.builtIn.empty())
     return;
-  addBuiltIn(tool, {"help", "h"}, "Show this help.");
+  addBuiltIn(tool, "help,h", "Show this help.");
   if (!tool.version.empty())
-    addBuiltIn(tool, {"version", "V"}, "Show the version.");
+    addBuiltIn(tool, "version,V", "Show the version.");
 }
 
 int printed(const ToolData& tool, const std::string& text) {
@@ -73,9 +73,9 @@ std::string suggestionFor(const Scope& scope, const Arguments& arguments,
                           const std::string& reason) {
   std::vector<std::string> names;
   for (const Declaration* option : scope.options()) {
-    for (const std::string& name : option->names) {
+    for (const std::string_view name : option->names) {
       if (!option->isHidden)
-        names.push_back(name);
+        names.emplace_back(name);
     }
   }
   for (const std::string& typed : arguments.unknownNames()) {
@@ -156,8 +156,8 @@ class CommandLine {
   std::optional<int> readAll(IParser& parser) {
     m_values.startSource(Source::commandLine);
     m_values.replaceMarks(m_arguments.mark(), m_arguments.marked());
-    const ResultHandle result = makeResult(parser);
-    if (!result || !m_values.isNotifiedBy(parser))
+    const ResultHandle result = needsResult() ? makeResult(parser) : ResultHandle();
+    if ((needsResult() && !result) || !m_values.isNotifiedBy(parser))
       throw std::bad_alloc();
     const auto& words = m_arguments.words();
     const int status =
@@ -176,6 +176,14 @@ class CommandLine {
     return readOthers(parser);
   }
 
+  // Without a result, the parser stores nothing, and leaves out what needs the stored options: the
+  // rules of actions, and option files, which the author may have declared on the parser.
+  bool needsResult() const {
+    const auto isAction = [](const Declaration* one) { return one->use == Use::action; };
+    const auto& options = m_scope.options();
+    return m_tool.isParserShared || std::any_of(options.begin(), options.end(), isAction);
+  }
+
   std::optional<int> readOthers(IParser& parser) {
     std::string failure;
     int status = readEnvironment(m_scope, parser, m_values, failure);
@@ -190,6 +198,7 @@ class CommandLine {
   // What was given and concerns the command line.
   std::vector<Declaration*> toDeliver() const {
     std::vector<Declaration*> delivered;
+    delivered.reserve(m_scope.options().size());
     for (const auto* list : {&m_scope.options(), &m_scope.operands()}) {
       std::copy_if(
           list->begin(), list->end(), std::back_inserter(delivered),

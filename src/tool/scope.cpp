@@ -16,11 +16,22 @@ constexpr const char* hiddenSection = "kivo_hidden";
 // Before a name that only the layer uses.
 constexpr char hiddenMark = '\1';
 
-// Nobody can type it, in full or cut short: the parser splits an argument at white space.
-std::string untypable(const std::string& name) { return ' ' + name; }
+// Before the name of an operand. Nobody can type it, in full or cut short: the parser splits an
+// argument at white space.
+constexpr char operandMark = ' ';
+
+constexpr std::string_view negation = "no-";
+
+// The parser rejects them, without a line of its trace.
+constexpr const char* tooManyNames = "a,b,c,d";
+
+// A name that only the layer uses, in the memory of the tool.
+std::string_view markedName(const Declaration& declaration, char mark) {
+  return declaration.tool.keep({{&mark, 1}, *declaration.names.begin()});
+}
 
 // What the parser would split, or take for the end of the name.
-bool canBeTyped(const std::string& name) {
+bool canBeTyped(std::string_view name) {
   const auto isOdd = [](char one) { return static_cast<unsigned char>(one) <= ' ' || one == '='; };
   return !name.empty() && name[0] != '-' && std::none_of(name.begin(), name.end(), isOdd);
 }
@@ -69,7 +80,7 @@ std::string called(const Declaration& declaration) {
   constexpr const char* kinds[] = {"option",  "flag", "count",  "each",
                                    "operand", "rest", "config", "action"};
   return std::string(kinds[static_cast<int>(declaration.use)]) + " '" +
-         joined(declaration.names, ',') + "'";
+         std::string(declaration.names.text()) + "'";
 }
 
 void annotateOrThrow(IParser& parser, const char* option, const char* key,
@@ -108,6 +119,9 @@ variant_type_t readType(const Declaration& declaration) {
 
 Scope::Scope(ToolData& tool, IParser& parser, Purpose purpose)
     : m_parser(parser), m_purpose(purpose) {
+  const std::size_t most = tool.declarations.size() + tool.root().declarations.size();
+  m_options.reserve(most);
+  m_names.reserve(2 * most);
   addAll(tool);
   if (tool.parent != nullptr && purpose == Purpose::parse)
     addAll(*tool.parent);
@@ -116,7 +130,7 @@ Scope::Scope(ToolData& tool, IParser& parser, Purpose purpose)
       add(declaration);
   }
   for (Declaration* operand : m_operands)
-    declare(*operand, {untypable(operand->firstName())});
+    declare(*operand, markedName(*operand, operandMark).data());
 }
 
 void Scope::addAll(ToolData& tool) {
@@ -129,8 +143,7 @@ void Scope::addAll(ToolData& tool) {
 }
 
 void Scope::addOperand(Declaration& declaration) {
-  const std::string name = untypable(declaration.firstName());
-  const auto [taken, isNew] = m_taken.emplace(name, &declaration);
+  const auto [taken, isNew] = m_names.emplace(markedName(declaration, operandMark), &declaration);
   if (!m_operands.empty() && m_operands.back()->use == Use::rest)
     reportMistake(called(declaration) + " comes after " + called(*m_operands.back()) +
                   ", which takes all operands");
@@ -142,59 +155,72 @@ void Scope::addOperand(Declaration& declaration) {
 }
 
 void Scope::add(Declaration& declaration) {
-  std::vector<std::string> names = takeNames(declaration);
-  if (names.empty() && declaration.isBuiltIn)
+  std::size_t count = 0;
+  std::size_t taken = 0;
+  std::string_view last;
+  std::string list;  // of the names that are taken, if others are not
+  for (const std::string_view name : declaration.names) {
+    ++count;
+    if (!take(name, declaration))
+      continue;
+    last = name;
+    ++taken;
+  }
+  if (taken == 0 && declaration.isBuiltIn)
     return;
-  if (names.empty())  // can be given before the words of the command, and by its environment
-    names.push_back(hiddenMark + declaration.firstName());
-  if (names.size() > 3 || (names.size() == 3 && names.back().size() > 2))
+  if (taken > 3 || (taken == 3 && last.size() > 2))
     return reportMistake(called(declaration) + " has too many names or a third one that is long");
   m_options.push_back(&declaration);
-  declare(declaration, names);
+  if (taken == count)
+    return declare(declaration, declaration.names.text().data());
+  if (taken == 0) {  // can be given before the words of the command, and by its environment
+    const std::string_view name = markedName(declaration, hiddenMark);
+    m_names.emplace(name, &declaration);
+    return declare(declaration, name.data());
+  }
+  declare(declaration, joined(typedNames(declaration), ',').c_str());
 }
 
-// The names of a command count where the tool has the same ones, and those of a tool where help and
-// version have them. Within the declarations of one of them, a name may be declared once.
-std::vector<std::string> Scope::takeNames(Declaration& declaration) {
-  std::vector<std::string> names;
-  for (const std::string& name : declaration.names) {
-    if (!canBeTyped(name))
-      reportMistake(called(declaration) + " has a name that cannot be typed: '" + name + "'");
-    const auto [taken, isNew] = m_taken.emplace(name, &declaration);
-    if (isNew) {
-      names.push_back(name);
-    } else if (&taken->second->tool == &declaration.tool && !declaration.isBuiltIn) {
-      reportMistake("the name '" + name + "' is declared twice, by " + called(*taken->second) +
-                    " and by " + called(declaration));
-    }
-  }
-  if (parserType(declaration) == vtBool) {
-    for (const std::string& name : names)
-      m_taken.emplace("no-" + name, &declaration);
-  }
-  return names;
+// Gives the option a name, unless another one has it: the names of a command count where the tool
+// has the same ones, and those of a tool where help and version have them. Within the declarations
+// of one of them, a name may be declared once.
+bool Scope::take(std::string_view name, Declaration& declaration) {
+  if (!canBeTyped(name))
+    reportMistake(called(declaration) + " has a name that cannot be typed: '" + std::string(name) +
+                  "'");
+  const auto [place, isNew] = m_names.emplace(name, &declaration);
+  const Declaration* const other = isNew ? negated(name) : place->second;
+  if (other == nullptr)
+    return true;
+  if (isNew)
+    m_names.erase(place);
+  if (&other->tool == &declaration.tool && !declaration.isBuiltIn)
+    reportMistake("the name '" + std::string(name) + "' is declared twice, by " + called(*other) +
+                  " and by " + called(declaration));
+  return false;
 }
 
-IOption& Scope::declareOnParser(const Declaration& declaration,
-                                const std::vector<std::string>& names, variant_type_t type) {
-  const std::string list = joined(names, ',');
-  const char* const help = declaration.help.c_str();
-  const char* const group = declaration.isHidden          ? hiddenSection
-                            : declaration.section.empty() ? nullptr
-                                                          : declaration.section.c_str();
+IOption& Scope::declareOnParser(const Declaration& declaration, const char* names,
+                                variant_type_t type) {
+  const char* const help = declaration.help;
+  const char* const group = declaration.isHidden           ? hiddenSection
+                            : *declaration.section == '\0' ? nullptr
+                                                           : declaration.section;
+  if (m_rejected == nullptr)
+    m_rejected = m_parser.option(tooManyNames, help, type, group);
   IOption* option = nullptr;
   if (declaration.use == Use::action)
-    option = m_parser.action(list.c_str(), help, type, group);
+    option = m_parser.action(names, help, type, group);
   else if (!declaration.only.empty())
-    option = m_parser.modifier(list.c_str(), declaration.only.c_str(), help, type, group);
+    option = m_parser.modifier(names, declaration.only.c_str(), help, type, group);
   else
-    option = m_parser.option(list.c_str(), help, type, group);
-  if (!isDeclared(names.front(), declaration.use == Use::action))
+    option = m_parser.option(names, help, type, group);
+  if (option == m_rejected)
     throw std::bad_alloc();
   return *option;
 }
 
-void Scope::declare(Declaration& declaration, const std::vector<std::string>& names) {
+void Scope::declare(Declaration& declaration, const char* names) {
   // Of several operands, the parser gives all arguments to the first one.
   const bool takesAnything = declaration.isOperand() && m_purpose == Purpose::parse;
   const variant_type_t readAs = takesAnything ? vtString : readType(declaration);
@@ -202,29 +228,20 @@ void Scope::declare(Declaration& declaration, const std::vector<std::string>& na
                                     m_purpose == Purpose::parse ? readAs : parserType(declaration));
   if (lacksValues(declaration))
     reportMistake(called(declaration) + " needs choices that stand for values");
-  const std::string& first = names.front();
-  m_firstNames.emplace(first, &declaration);
-  m_nameOf.emplace(&declaration, first);
   if (declaration.isOperand())
     option.positional();
   if (!takesAnything)
     limitValues(option, declaration);
-  if (m_purpose == Purpose::description && shownDefault(declaration).empty())
+  if (m_purpose != Purpose::description)
+    return;
+  if (shownDefault(declaration).empty())
     setDefault(option, declaration);
-  if (m_purpose == Purpose::description)
-    annotateAll(declaration, first);
-}
-
-// The parser looks at all its options for a name that nobody can type.
-bool Scope::isDeclared(const std::string& name, bool amongActions) const {
-  const char* const found = resolveName(m_parser, name.c_str());
-  return (found != nullptr && name == found) ||
-         m_parser.isOptionDeclared(name.c_str(), amongActions, nullptr);
+  annotateAll(declaration, std::string(*NameList(names).begin()));
 }
 
 void limitValues(IOption& option, const Declaration& declaration) {
   for (const DeclaredChoice& choice : declaration.choices)
-    option.allowValue(choice.text.c_str());
+    option.allowValue(choice.text.data());
   for (const auto& [former, now] : declaration.deprecatedChoices)
     option.allowDeprecatedValue(former.c_str(), now.c_str());
   option.tokenize(declaration.separator);  // choices have made it split at commas
@@ -244,32 +261,47 @@ void Scope::annotateAll(const Declaration& declaration, const std::string& name)
 }
 
 Declaration* Scope::withFirstName(std::string_view name) const {
-  const auto found = m_firstNames.find(name);
-  return found != m_firstNames.end() ? found->second : nullptr;
+  const auto found = m_names.find(name);
+  return found != m_names.end() ? found->second : nullptr;
 }
 
-Declaration* Scope::resolve(const char* typed) const {
-  const char* const first = resolveName(m_parser, typed);
+Declaration* Scope::negated(std::string_view name) const {
+  if (name.substr(0, negation.size()) != negation)
+    return nullptr;
+  Declaration* const found = withFirstName(name.substr(negation.size()));
+  return found != nullptr && parserType(*found) == vtBool ? found : nullptr;
+}
+
+Declaration* Scope::resolve(const std::string& typed) const {
+  if (Declaration* const found = withFirstName(typed); found != nullptr)
+    return found;
+  const char* const first = resolveName(m_parser, typed.c_str());
   return first != nullptr ? withFirstName(first) : nullptr;
 }
 
 const Declaration* Scope::declared(const ToolData& tool, const std::string& name) const {
-  const auto found = m_taken.find(name);
-  if (found == m_taken.end())
-    return nullptr;
-  const ToolData& owner = found->second->tool;
-  return &owner == &tool || &owner == tool.parent ? found->second : nullptr;
+  const Declaration* found = withFirstName(name);
+  if (found == nullptr)
+    found = negated(name);
+  return found != nullptr && (&found->tool == &tool || &found->tool == tool.parent) ? found
+                                                                                    : nullptr;
 }
 
-const std::string& Scope::nameOf(const Declaration& declaration) const {
-  return m_nameOf.at(&declaration);
+std::string Scope::nameOf(const Declaration& declaration) const {
+  if (declaration.isOperand())
+    return operandMark + declaration.firstName();
+  for (const std::string_view name : declaration.names) {
+    if (withFirstName(name) == &declaration)
+      return std::string(name);
+  }
+  return hiddenMark + declaration.firstName();
 }
 
 std::vector<std::string> Scope::typedNames(const Declaration& declaration) const {
   std::vector<std::string> names;
-  for (const std::string& name : declaration.names) {
-    if (m_taken.at(name) == &declaration)
-      names.push_back(name);
+  for (const std::string_view name : declaration.names) {
+    if (withFirstName(name) == &declaration)
+      names.emplace_back(name);
   }
   return names;
 }

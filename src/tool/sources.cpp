@@ -188,7 +188,7 @@ class LineReader {
   }
 
   int readOption(const Word& word, const std::string& argument, std::string& reason) {
-    const Declaration* const option = m_scope.resolve(word.name.c_str());
+    const Declaration* const option = m_scope.resolve(word.name);
     if (option == nullptr)
       return parse({"", argument.c_str()}, reason);
     if (option->isBuiltIn || option->use == Use::config) {
@@ -208,7 +208,7 @@ class LineReader {
 
   std::string withoutDeprecated(const Declaration& option, const Word& word,
                                 const std::string& argument) const {
-    const std::string value = replaced(option, word.value);
+    const std::string value = replaced(option, std::string(word.value));
     if (value == word.value)
       return argument;
     return "--" + m_scope.nameOf(option) + '=' + value;
@@ -248,21 +248,24 @@ bool isConcerned(const Declaration& declaration, const GivenValues& values) {
   if (declaration.only.empty())
     return true;
   const std::string list = ',' + declaration.only + ',';
-  return std::any_of(values.actions().begin(), values.actions().end(), [&](const auto* action) {
-    return std::any_of(action->names.begin(), action->names.end(), [&](const std::string& name) {
-      return list.find(',' + name + ',') != std::string::npos;
-    });
-  });
+  for (const Declaration* const action : values.actions()) {
+    for (const std::string_view name : action->names) {
+      if (list.find(',' + std::string(name) + ',') != std::string::npos)
+        return true;
+    }
+  }
+  return false;
 }
 
 int readEnvironment(const Scope& scope, IParser& parser, GivenValues& values,
                     std::string& failure) {
   values.startSource(Source::environment);
   for (Declaration* const declaration : scope.options()) {
+    if (declaration->environment.empty())
+      continue;
     // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing here changes the environment
     const char* const text = std::getenv(declaration->environment.c_str());
-    if (declaration->environment.empty() || text == nullptr || *text == '\0' ||
-        !isConcerned(*declaration, values))
+    if (text == nullptr || *text == '\0' || !isConcerned(*declaration, values))
       continue;
     const int status = readVariable(scope, parser, *declaration, text, values, failure);
     if (status != status::success)
@@ -278,7 +281,9 @@ int readConfiguration(const Scope& scope, IParser& parser, GivenValues& values,
     if (declaration->use != Use::config)
       continue;
     const bool isNamed = !declaration->texts.empty();
-    const std::string path = isNamed ? declaration->texts.back().text : atHome(declaration->path);
+    std::string path = atHome(declaration->path);
+    if (isNamed)
+      path = declaration->texts.back().text;
     std::string text;
     const int problem = path.empty() ? ENOENT : load(path, text);
     if ((problem == ENOENT || problem == ENOTDIR) && !isNamed)

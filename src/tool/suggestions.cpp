@@ -44,7 +44,7 @@ std::string suggestedChoice(const Scope& scope, const std::string& reason) {
       const std::string typed = reason.substr(begin + start.size());
       std::vector<std::string> texts;
       for (const DeclaredChoice& choice : one->choices)
-        texts.push_back(choice.text);
+        texts.emplace_back(choice.text);
       return didYouMean(nearest(texts, typed.substr(0, typed.rfind(end))));
     }
   }

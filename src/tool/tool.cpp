@@ -44,7 +44,7 @@ ToolData* toolOf(Declaration* declaration) {
   return declaration != nullptr ? &declaration->tool : nullptr;
 }
 
-std::string bytesOf(const void* value, std::size_t size) {
+std::string_view bytesOf(const void* value, std::size_t size) {
   return {static_cast<const char*>(value), value != nullptr ? size : 0};
 }
 
@@ -128,11 +128,12 @@ void limit(Declaration* declaration, Limit limit, const void* first, const void*
   remembering(toolOf(declaration), [&] {
     const std::size_t bytes = declaration->type != nullptr ? declaration->type->bytes : 0;
     const auto text = [](const void* given) { return orEmpty(static_cast<const char*>(given)); };
+    ToolData& tool = declaration->tool;
     if (limit == Limit::range) {
       declaration->lowest = bytesOf(first, bytes);
       declaration->highest = bytesOf(second, bytes);
     } else if (limit == Limit::choice) {
-      declaration->choices.push_back({text(first), bytesOf(second, bytes)});
+      declaration->choices.push_back({tool.keep(text(first)), tool.keep(bytesOf(second, bytes))});
     } else if (limit == Limit::deprecatedChoice) {
       declaration->deprecatedChoices.emplace_back(text(first), text(second));
     } else {
@@ -173,8 +174,8 @@ Declaration* Tool::add(Use use, const char* names, const char* help, void* varia
   return remembering(m_data, none, [&] {
     tool_glue::OwnedCallable owned(function);
     Declaration& declaration = m_data->declarations.emplace_back(*m_data, use, type);
-    declaration.names = tool_glue::splitAt(tool_glue::orEmpty(names), ',');
-    declaration.help = orEmpty(help);
+    declaration.names = tool_glue::NameList(m_data->keep(orEmpty(names)));
+    declaration.help = m_data->keep(orEmpty(help)).data();
     declaration.section = m_data->section;
     declaration.variable = variable;
     declaration.function = std::move(owned);
@@ -194,7 +195,7 @@ Option<int> Tool::count(const char* names, int& variable, const char* help) noex
 Option<const char*> Tool::config(const char* names, const char* path, const char* help) noexcept {
   Declaration* const declaration = add(Use::config, names, help, nullptr, nullptr, {});
   remembering(declaration != nullptr ? m_data : nullptr, [&] {
-    declaration->path = orEmpty(path);
+    declaration->path = m_data->keep(orEmpty(path)).data();
     declaration->shownDefault = orEmpty(path);
   });
   return Option<const char*>(declaration);
@@ -224,7 +225,7 @@ void Tool::setOutput(const tool_glue::Callable& function) noexcept {
 }
 
 void Tool::section(const char* heading) noexcept {
-  remembering(m_data, [&] { m_data->section = orEmpty(heading); });
+  remembering(m_data, [&] { m_data->section = m_data->keep(orEmpty(heading)).data(); });
 }
 
 void Tool::footer(const char* text) noexcept {
@@ -262,7 +263,10 @@ int Tool::fail(const char* reason) noexcept {
 
 IParser* Tool::parser() noexcept {
   IParser* const none = nullptr;
-  return remembering(m_data, none, [&] { return &parserOf(*m_data); });
+  return remembering(m_data, none, [&] {
+    m_data->isParserShared = true;
+    return &parserOf(*m_data);
+  });
 }
 
 const char* Tool::helpText() noexcept {

@@ -5,7 +5,9 @@
 
 #include <deque>
 #include <map>
+#include <memory_resource>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tool/declaration.h"
@@ -30,7 +32,15 @@ struct Group {
 /// line. The command may have options of the same names.
 using EarlyOptions = std::map<std::size_t, Declaration*>;
 
+/// The first block of a tool's memory, in bytes: a tool with a dozen options.
+constexpr std::size_t firstBlock = 8192;
+
 struct ToolData {
+  /// Returns a zero-terminated copy of the texts, one after the other, which lives as long as the
+  /// tool. Throws std::bad_alloc.
+  std::string_view keep(std::initializer_list<std::string_view> parts);
+  std::string_view keep(std::string_view text) { return keep({text}); }
+
   /// The name as a user types it, with the words of the command.
   std::string calledName() const { return command != nullptr ? name + ' ' + command->words : name; }
   const ToolData& root() const { return parent != nullptr ? parent->root() : *this; }
@@ -39,19 +49,20 @@ struct ToolData {
   static Tool handleOf(ToolData& data) { return Tool(&data); }
   static void release(Tool& tool) { tool.m_data = nullptr; }
 
+  std::pmr::monotonic_buffer_resource memory{firstBlock};  // freed with the tool
+
   std::string name, summary, version;
   std::vector<std::string> footers;
   int usageStatus = 2;
 
-  std::string section;                   // of the next declarations
-  std::deque<Declaration> declarations;  // at stable addresses
-  std::deque<Declaration> builtIn;       // help and version
+  const char* section = "";                            // of the next declarations
+  std::pmr::deque<Declaration> declarations{&memory};  // at stable addresses
+  std::pmr::deque<Declaration> builtIn{&memory};       // help and version
   std::vector<Group> groups;
-  std::deque<Command> commands;
+  std::pmr::deque<Command> commands{&memory};
   OwnedCallable output;
 
   ParserHandle parser;
-  std::deque<std::string> texts;  // that variables point to
   std::string help;
 
   Tool* handle = nullptr;
@@ -61,6 +72,7 @@ struct ToolData {
   EarlyOptions early;              // those before the words of the command
   bool mayHaveSwitch = true;       // for the library, as first word
   bool isDescribing = false;
+  bool isParserShared = false;  // the author may have declared more on it
   bool isParsed = false;
   bool isWorking = false;  // an action or a command runs; what it throws passes through
   bool isOutOfMemory = false;

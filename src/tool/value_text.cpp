@@ -124,7 +124,7 @@ std::string numberText(const VariableType& type, const void* value) {
 std::string choiceText(const Declaration& declaration, const void* value) {
   for (const DeclaredChoice& choice : declaration.choices) {
     if (!choice.value.empty() && std::memcmp(choice.value.data(), value, choice.value.size()) == 0)
-      return choice.text;
+      return std::string(choice.text);
   }
   return "";
 }
