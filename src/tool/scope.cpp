@@ -104,7 +104,7 @@ variant_type_t readType(const Declaration& declaration) {
 }
 
 Scope::Scope(ToolData& tool, IParser& parser, Purpose purpose)
-    : m_parser(parser), m_purpose(purpose) {
+    : m_parser(parser), m_purpose(purpose), m_isParserGivenAway(tool.isParserGivenAway) {
   addAll(tool);
   if (tool.parent != nullptr && purpose == Purpose::parse)
     addAll(*tool.parent);
@@ -140,7 +140,7 @@ void Scope::addOperand(Declaration& declaration) {
 
 void Scope::add(Declaration& declaration) {
   std::vector<std::string> names = takeNames(declaration);
-  if (names.empty() && declaration.isBuiltIn)
+  if (names.empty() && !isHiddenByCommand(declaration))
     return;
   if (names.empty())  // can be given before the words of the command, and by its environment
     names.push_back(hiddenMark + declaration.firstName());
@@ -150,13 +150,35 @@ void Scope::add(Declaration& declaration) {
   declare(declaration, names);
 }
 
+// Whether the author of the tool has an option of this name on parser().
+bool Scope::isDeclaredByAuthor(const std::string& name) const {
+  return m_isParserGivenAway && m_taken.find(name) == m_taken.end() &&
+         (m_parser.isOptionDeclared(name.c_str(), false, nullptr) ||
+          m_parser.isOptionDeclared(name.c_str(), true, nullptr));
+}
+
+// Whether a command uses the names of its tool's option for options of its own.
+bool Scope::isHiddenByCommand(const Declaration& declaration) const {
+  const auto taken = m_taken.find(declaration.firstName());
+  return taken != m_taken.end() && &taken->second->tool != &declaration.tool &&
+         !declaration.isBuiltIn;
+}
+
 // The names of a command count where the tool has the same ones, and those of a tool where help and
 // version have them. Within the declarations of one of them, a name may be declared once.
 std::vector<std::string> Scope::takeNames(Declaration& declaration) {
   std::vector<std::string> names;
   for (const std::string& name : declaration.names) {
-    if (!canBeTyped(name))
+    if (!canBeTyped(name)) {
       reportMistake(called(declaration) + " has a name that cannot be typed: '" + name + "'");
+      continue;
+    }
+    if (isDeclaredByAuthor(name)) {
+      if (!declaration.isBuiltIn)
+        reportMistake("the name '" + name + "' is declared twice, by " + called(declaration) +
+                      " and on parser()");
+      continue;
+    }
     const auto [taken, isNew] = m_taken.emplace(name, &declaration);
     if (isNew) {
       names.push_back(name);
@@ -265,7 +287,8 @@ const std::string& Scope::nameOf(const Declaration& declaration) const {
 std::vector<std::string> Scope::typedNames(const Declaration& declaration) const {
   std::vector<std::string> names;
   for (const std::string& name : declaration.names) {
-    if (m_taken.at(name) == &declaration)
+    const auto taken = m_taken.find(name);
+    if (taken != m_taken.end() && taken->second == &declaration)
       names.push_back(name);
   }
   return names;

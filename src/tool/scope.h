@@ -44,6 +44,8 @@ class Scope {
   void addAll(ToolData& tool);
   void add(Declaration& declaration);
   std::vector<std::string> takeNames(Declaration& declaration);
+  bool isDeclaredByAuthor(const std::string& name) const;
+  bool isHiddenByCommand(const Declaration& declaration) const;
   void addOperand(Declaration& declaration);
   IOption& declareOnParser(const Declaration& declaration, const std::vector<std::string>& names,
                            variant_type_t type);
@@ -53,6 +55,7 @@ class Scope {
 
   IParser& m_parser;
   const Purpose m_purpose;
+  const bool m_isParserGivenAway;
   std::vector<Declaration*> m_options;
   std::vector<Declaration*> m_operands;
   std::map<std::string, Declaration*, std::less<>> m_taken;       // all names, "no-" forms too

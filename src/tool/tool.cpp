@@ -262,7 +262,10 @@ int Tool::fail(const char* reason) noexcept {
 
 IParser* Tool::parser() noexcept {
   IParser* const none = nullptr;
-  return remembering(m_data, none, [&] { return &parserOf(*m_data); });
+  return remembering(m_data, none, [&] {
+    m_data->isParserGivenAway = true;
+    return &parserOf(*m_data);
+  });
 }
 
 const char* Tool::helpText() noexcept {

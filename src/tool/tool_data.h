@@ -51,7 +51,8 @@ struct ToolData {
   OwnedCallable output;
 
   ParserHandle parser;
-  std::deque<std::string> texts;  // that variables point to
+  bool isParserGivenAway = false;  // to the author, who may declare on it
+  std::deque<std::string> texts;   // that variables point to
   std::string help;
 
   Tool* handle = nullptr;

@@ -1,3 +1,6 @@
+#include <kivo/parser.h>
+
+#include <cstdlib>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -77,6 +80,59 @@ TEST_F(ToolMistakes, TooManyNames) {
 TEST_F(ToolMistakes, AnEmptyName) {
   tool.flag("", one, "One.");
   EXPECT_EQ("flag '' has a name that cannot be typed: ''", reported());
+}
+
+TEST_F(ToolMistakes, AnOptionWithoutAName) {
+  tool.flag(nullptr, one, nullptr);
+  tool.flag("", two, "Two.");
+  tool.option("text", text, "A text.");
+  EXPECT_EQ(
+      "flag '' has a name that cannot be typed: ''; flag '' has a name that cannot be typed: ''",
+      reported({"--text=x"}));
+  EXPECT_EQ("x", text);
+  EXPECT_EQ("", tool.err);
+}
+
+TEST_F(ToolMistakes, AnOptionWhoseOtherNamesCountAllTheSame) {
+  tool.flag("one,,a b", one, "One.");
+  EXPECT_EQ(
+      "flag 'one,,a b' has a name that cannot be typed: ''; "
+      "flag 'one,,a b' has a name that cannot be typed: 'a b'",
+      reported({"--one"}));
+  EXPECT_TRUE(one);
+}
+
+TEST_F(ToolMistakes, AnOptionDeclaredThreeTimes) {
+  for (bool* flag : {&one, &two, &two})
+    tool.flag("one", *flag, "One.");
+  EXPECT_EQ(
+      "the name 'one' is declared twice, by flag 'one' and by flag 'one'; "
+      "the name 'one' is declared twice, by flag 'one' and by flag 'one'",
+      reported({"--one"}));
+  EXPECT_TRUE(one);
+  EXPECT_FALSE(two);
+}
+
+TEST_F(ToolMistakes, ANameThatIsOnTheParserToo) {
+  tool.parser()->option("first,t", "", vtNull);
+  tool.option("text,t", text, "A text.");
+  EXPECT_EQ("the name 't' is declared twice, by option 'text,t' and on parser()",
+            reported({"-t", "--text=x"}));
+  EXPECT_EQ("x", text);
+}
+
+TEST_F(ToolMistakes, AnOptionWhoseOnlyNameIsOnTheParserToo) {
+  tool.parser()->action("one", "", vtNull);
+  tool.flag("one", one, "One.");
+  EXPECT_EQ("the name 'one' is declared twice, by flag 'one' and on parser()", reported({"--one"}));
+  EXPECT_FALSE(one);
+  EXPECT_EQ("", tool.err);
+}
+
+TEST_F(ToolMistakes, NoneForHelpThatIsOnTheParser) {
+  tool.parser()->option("help", "", vtNull);
+  EXPECT_EQ("", reported({"--help"}));
+  EXPECT_EQ("", tool.out + tool.err);
 }
 
 TEST_F(ToolMistakes, NamesThatNobodyCanType) {
