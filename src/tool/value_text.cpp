@@ -214,7 +214,9 @@ bool putNumber(const VariableType& type, const char* text, const variant_t& type
     else if (!readText(type, text, given))
       return false;
     const auto stored = static_cast<Number>(given);
-    if (!fits(stored, given) || (std::is_unsigned_v<Number> && std::strchr(text, '-') != nullptr))
+    const bool isNegative =
+        std::is_unsigned_v<Number> && given != 0 && std::strchr(text, '-') != nullptr;
+    if (!fits(stored, given) || isNegative)
       return false;
     std::memcpy(value, &stored, sizeof stored);
     return true;
