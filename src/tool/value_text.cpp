@@ -164,7 +164,7 @@ std::string limitsText(const VariableType& type) {
 std::string defaultText(const Declaration& declaration) {
   if (!declaration.shownDefault.empty())
     return declaration.shownDefault;
-  if (declaration.variable == nullptr || declaration.use == Use::flag ||
+  if (declaration.variable == nullptr || declaration.isRequired || declaration.use == Use::flag ||
       declaration.use == Use::count)
     return "";
   std::string all;

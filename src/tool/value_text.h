@@ -19,7 +19,8 @@ std::string limitsText(const VariableType& type);
 /// A value of the variable as it may be typed; empty for a value that has no text.
 std::string valueText(const Declaration& declaration, const void* value);
 
-/// What the variable holds: the default. Empty if there is nothing to show.
+/// What the variable holds: the default. Empty if there is nothing to show, and for a value that is
+/// required.
 std::string defaultText(const Declaration& declaration);
 
 /// What is shown instead of the default: the tool's own text, or a list of numbers, which cannot be
