@@ -68,26 +68,6 @@ int statusOf(const ToolData& tool, int parserStatus, const std::string& reason) 
   return parserStatus;
 }
 
-// What a misspelt option or value may have been.
-std::string suggestionFor(const Scope& scope, const Arguments& arguments,
-                          const std::string& reason) {
-  std::vector<std::string> names;
-  for (const Declaration* option : scope.options()) {
-    for (const std::string& name : option->names) {
-      if (!option->isHidden)
-        names.push_back(name);
-    }
-  }
-  for (const std::string& typed : arguments.unknownNames()) {
-    if (!typed.empty() && reason.find("Unknown option") == 0) {
-      std::vector<std::string> near = nearest(names, typed);
-      std::transform(near.begin(), near.end(), near.begin(), shownName);
-      return didYouMean(near);
-    }
-  }
-  return "";
-}
-
 // The values are notified by the parser while this object exists.
 class Handling {
  public:
@@ -169,9 +149,9 @@ class CommandLine {
       throw std::bad_alloc();
     if (status != status::success) {
       const std::string reason = parser.getErrorDesc();
-      return statusOf(
-          m_tool, status,
-          reason + suggestionFor(m_scope, m_arguments, reason) + suggestedChoice(m_scope, reason));
+      return statusOf(m_tool, status,
+                      reason + suggestedOption(m_scope, m_arguments.unknownNames(), reason) +
+                          suggestedChoice(m_scope, reason));
     }
     return readOthers(parser);
   }
@@ -307,7 +287,7 @@ int withoutCommand(ToolData& tool, const Scope& scope, const FoundCommand& found
       tool.parser->parseArgsVector(static_cast<int>(words.size()), words.data(), nullptr);
   if (wrong != status::success) {
     const std::string reason = tool.parser->getErrorDesc();
-    return statusOf(tool, wrong, reason + suggestionFor(scope, arguments, reason));
+    return statusOf(tool, wrong, reason + suggestedOption(scope, arguments.unknownNames(), reason));
   }
   if (found.words.empty())
     return refused(tool, "A command is required");

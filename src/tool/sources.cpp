@@ -26,13 +26,14 @@ bool isFalse(const std::string& text) { return text == "0" || text == "false"; }
 
 // Parses words, the first of which is passed over, without storing them. Returns the status.
 int parseInto(const Scope& scope, IParser& parser, GivenValues& values,
-              const std::vector<const char*>& words, std::string& failure) {
+              const std::vector<const char*>& words, const std::vector<std::string>& unknownNames,
+              std::string& failure) {
   const int status = parser.parseArgsVector(static_cast<int>(words.size()), words.data(), nullptr);
   const bool isFromValues = values.failureStatus() != 0;
   if (!isFromValues && status == status::success)
     return status;
   const std::string reason = isFromValues ? values.failure() : parser.getErrorDesc();
-  failure += reason + suggestedChoice(scope, reason);
+  failure += reason + suggestedOption(scope, unknownNames, reason) + suggestedChoice(scope, reason);
   // A parser that fails without a reason of its own had no memory.
   const int ofParser =
       status == status::unidentifiedProblem ? int{status::exceptionCaught} : status;
@@ -93,7 +94,7 @@ int readVariable(const Scope& scope, IParser& parser, Declaration& declaration,
     return readTruth(declaration, text, values, failure);
   const std::string argument = "--" + scope.nameOf(declaration) + '=' + replaced(declaration, text);
   failure = "Environment variable " + declaration.environment + ": ";
-  return parseInto(scope, parser, values, {"", argument.c_str()}, failure);
+  return parseInto(scope, parser, values, {"", argument.c_str()}, {}, failure);
 }
 
 struct CloseFile {
@@ -212,7 +213,8 @@ class LineReader {
     const EarlyOptions none;
     const Arguments arguments(m_scope, none, false, words);
     m_values.replaceMarks(arguments.mark(), arguments.marked());
-    return parseInto(m_scope, m_parser, m_values, arguments.words(), reason);
+    return parseInto(m_scope, m_parser, m_values, arguments.words(), arguments.unknownNames(),
+                     reason);
   }
 
   const Scope& m_scope;

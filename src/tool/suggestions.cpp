@@ -31,6 +31,25 @@ std::vector<std::string> nearest(std::vector<std::string> names, const std::stri
   return found;
 }
 
+std::string suggestedOption(const Scope& scope, const std::vector<std::string>& unknownNames,
+                            const std::string& reason) {
+  std::vector<std::string> names;
+  for (const Declaration* option : scope.options()) {
+    for (const std::string& name : option->names) {
+      if (!option->isHidden)
+        names.push_back(name);
+    }
+  }
+  for (const std::string& typed : unknownNames) {
+    if (!typed.empty() && reason.find("Unknown option") == 0) {
+      std::vector<std::string> near = nearest(names, typed);
+      std::transform(near.begin(), near.end(), near.begin(), shownName);
+      return didYouMean(near);
+    }
+  }
+  return "";
+}
+
 std::string suggestedChoice(const Scope& scope, const std::string& reason) {
   for (const auto* list : {&scope.options(), &scope.operands()}) {
     for (const Declaration* one : *list) {

@@ -172,8 +172,14 @@ TEST_F(ToolSources, AnEndlessFileIsRefused) {
 TEST_F(ToolSources, ErrorsOfAFileNameItsLine) {
   write("# a comment\n; another\n\n  --times=3\r\n--tims=4\n");
   EXPECT_EQ(2, tool.run({}));
-  EXPECT_EQ("5: Unknown option: --tims=4", reason());
+  EXPECT_EQ("5: Unknown option: --tims=4. Did you mean '--times'?", reason());
   EXPECT_EQ(1, times);
+}
+
+TEST_F(ToolSources, AMisspeltOptionOfAFileHasASuggestion) {
+  write("\n--qiuck\n");
+  EXPECT_EQ(2, tool.run({}));
+  EXPECT_EQ("2: Unknown option: --qiuck. Did you mean '--quick'?", reason());
 }
 
 TEST_F(ToolSources, AValueInTheNextLineIsReadWithItsOption) {
