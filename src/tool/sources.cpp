@@ -256,7 +256,7 @@ int readEnvironment(const Scope& scope, IParser& parser, GivenValues& values,
     // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing here changes the environment
     const char* const text = std::getenv(declaration->environment.c_str());
     if (declaration->environment.empty() || text == nullptr || *text == '\0' ||
-        !isConcerned(*declaration, values))
+        declaration->use == Use::action || !isConcerned(*declaration, values))
       continue;
     const int status = readVariable(scope, parser, *declaration, text, values, failure);
     if (status != status::success)

@@ -163,6 +163,16 @@ TEST_F(ToolMistakes, OnlyWithoutActions) {
   EXPECT_EQ("flag 'one' goes only with 'list', which is not declared", reported());
 }
 
+TEST_F(ToolMistakes, AnActionOfTheEnvironment) {
+  setenv("TRIED_GO", "1", 1);
+  auto go = tool.action("go", "Go.", [] { return 7; });
+  go.env("TRIED_GO").required();
+  EXPECT_EQ("action 'go' cannot be given by the environment variable 'TRIED_GO'", reported());
+  EXPECT_EQ("tool: Option '--go' is required\nTry 'tool --help'.\n", tool.err);
+  EXPECT_EQ(0U, go.given());
+  unsetenv("TRIED_GO");
+}
+
 TEST_F(ToolMistakes, ADefaultOutsideTheChoices) {
   text = "loud";
   tool.option("tone", text, "How.").choices({"low", "high"});
