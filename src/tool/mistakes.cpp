@@ -57,12 +57,13 @@ void checkModifiers(const Declaration& declaration) {
                   declaration.environment + "'");
   if (!declaration.lowest.empty() && !isInRange(declaration, declaration.highest.data()))
     reportMistake(called(declaration) + " takes no number from " + rangeText(declaration));
-  for (const auto& [former, now] : declaration.deprecatedChoices) {
-    const bool isChoice = std::any_of(declaration.choices.begin(), declaration.choices.end(),
-                                      [&](const auto& choice) { return choice.text == now; });
+  for (const auto& deprecated : declaration.deprecatedChoices) {
+    const bool isChoice =
+        std::any_of(declaration.choices.begin(), declaration.choices.end(),
+                    [&](const auto& choice) { return choice.text == deprecated.second; });
     if (!isChoice && !declaration.choices.empty())
-      reportMistake(called(declaration) + " takes '" + former + "' as '" + now +
-                    "', which is none of its choices");
+      reportMistake(called(declaration) + " takes '" + deprecated.first + "' as '" +
+                    deprecated.second + "', which is none of its choices");
   }
 }
 
