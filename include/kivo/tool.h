@@ -361,7 +361,8 @@ class Tool {
   KIVO_API void footer(const char* text) noexcept;
   /// The status for wrong arguments instead of 2.
   KIVO_API void usageStatus(int status) noexcept;
-  /// Hands what would be printed to `function(const char* text, bool isError)`.
+  /// Hands what would be printed to `function(const char* text, bool isError)`. If it throws, that
+  /// counts as a text that cannot be written.
   template <class Function>
   void output(Function function) {
     setOutput(tool_glue::keep<const char* const>(static_cast<Function&&>(function)));
@@ -376,9 +377,7 @@ class Tool {
   }
   /// The same for arguments without the name of the tool: parse({"--times=3", "Ada"}).
   [[nodiscard]] std::optional<int> parse(std::initializer_list<const char*> arguments) {
-    std::vector<const char*> all{""};
-    all.insert(all.end(), arguments);
-    return parse(static_cast<int>(all.size()), all.data());
+    return parse(-static_cast<int>(arguments.size()), arguments.begin());
   }
   /// The same for the arguments of a command.
   [[nodiscard]] std::optional<int> parse() { return parse(0, nullptr); }
@@ -388,7 +387,7 @@ class Tool {
   }
   /// Prints a reason as an error of the user, and returns the status for wrong arguments.
   KIVO_API int fail(const char* reason) noexcept;
-  /// What "--help" prints.
+  /// What "--help" prints; empty if memory has run out. What formatValue() throws passes through.
   std::string help() { return helpText(); }
   /// The parser that the tool declares on at parse(); null if there was no memory for it.
   KIVO_API IParser* parser() noexcept;
@@ -420,8 +419,9 @@ class Tool {
       addToGroup(name, &name == names.begin(), isNeeded);
   }
   KIVO_API void setOutput(const tool_glue::Callable& function) noexcept;
+  // A negative number is that of arguments without the name of the tool.
   KIVO_API bool parse(int argc, const char* const* argv, int& status);
-  KIVO_API const char* helpText() noexcept;
+  KIVO_API const char* helpText();
 
   tool_glue::ToolData* m_data;  // null if there was no memory for it
 };

@@ -65,6 +65,9 @@ struct Declaration {
   bool takesValue() const;
   /// Whether every text, the empty one too, is a value.
   bool takesAnyText() const;
+  /// Whether some of the texts are deprecated. They are chosen here: the parser would write its own
+  /// warnings to standard error.
+  bool hasDeprecatedChoices() const { return takesValue() && !deprecatedChoices.empty(); }
   bool isList() const { return type != nullptr && type->holder == Holder::list; }
 
   /// Drops the given values.
@@ -86,7 +89,7 @@ struct Declaration {
   char separator = '\0';
   std::string environment, placeholder, deprecated, shownDefault, only;  // empty if there is none
   std::vector<DeclaredChoice> choices;
-  std::vector<std::pair<std::string, std::string>> deprecatedChoices;
+  std::vector<std::pair<std::string_view, std::string_view>> deprecatedChoices;
   std::vector<OwnedCallable> checks;
   std::string lowest, highest;  // bytes of values; empty if there is no range
 

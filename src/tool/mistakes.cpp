@@ -50,6 +50,23 @@ void checkActionsOf(const Declaration& declaration, const ToolData& tool, const 
   }
 }
 
+// What a declaration asks for that cannot be had.
+void checkModifiers(const Declaration& declaration) {
+  if (declaration.use == Use::action && !declaration.environment.empty())
+    reportMistake(called(declaration) + " cannot be given by the environment variable '" +
+                  declaration.environment + "'");
+  if (!declaration.lowest.empty() && !isInRange(declaration, declaration.highest.data()))
+    reportMistake(called(declaration) + " takes no number from " + rangeText(declaration));
+  for (const auto& deprecated : declaration.deprecatedChoices) {
+    const bool isChoice =
+        std::any_of(declaration.choices.begin(), declaration.choices.end(),
+                    [&](const auto& choice) { return choice.text == deprecated.second; });
+    if (!isChoice && !declaration.choices.empty())
+      reportMistake(called(declaration) + " takes '" + std::string(deprecated.first) + "' as '" +
+                    std::string(deprecated.second) + "', which is none of its choices");
+  }
+}
+
 // Where choices stand for values, a default that is no choice has no text.
 void checkDefault(const Declaration& declaration) {
   const bool needsText = !declaration.choices.front().value.empty();
@@ -83,6 +100,7 @@ void reportMistakes(const ToolData& tool, const Scope& scope) {
   checkCommands(tool);
   checkActions(tool);
   for (const Declaration& declaration : tool.declarations) {
+    checkModifiers(declaration);
     if (!declaration.only.empty())
       checkActionsOf(declaration, tool, scope);
     if (!declaration.choices.empty() && declaration.variable != nullptr)

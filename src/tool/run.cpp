@@ -20,6 +20,7 @@
 #include "tool/scope.h"
 #include "tool/sources.h"
 #include "tool/suggestions.h"
+#include "tool/value_text.h"
 
 namespace kivo_3_3::tool_glue {
 namespace {
@@ -68,24 +69,17 @@ int statusOf(const ToolData& tool, int parserStatus, const std::string& reason) 
   return parserStatus;
 }
 
-// What a misspelt option or value may have been.
-std::string suggestionFor(const Scope& scope, const Arguments& arguments,
-                          const std::string& reason) {
-  std::vector<std::string> names;
-  for (const Declaration* option : scope.options()) {
-    for (const std::string_view name : option->names) {
-      if (!option->isHidden)
-        names.emplace_back(name);
-    }
+// The status of the tool for what a function of the tool has thrown.
+int statusOfThrown(const ToolData& tool, const std::exception_ptr& thrown) {
+  std::string reason;
+  try {
+    std::rethrow_exception(thrown);
+  } catch (const std::exception& problem) {
+    reason = problem.what();
+  } catch (...) {
+    reason.clear();
   }
-  for (const std::string& typed : arguments.unknownNames()) {
-    if (!typed.empty() && reason.find("Unknown option") == 0) {
-      std::vector<std::string> near = nearest(names, typed);
-      std::transform(near.begin(), near.end(), near.begin(), shownName);
-      return didYouMean(near);
-    }
-  }
-  return "";
+  return statusOf(tool, status::unidentifiedProblem, reason);
 }
 
 // The values are notified by the parser while this object exists.
@@ -126,9 +120,11 @@ class CommandLine {
   std::optional<int> deliver() {
     std::vector<std::pair<unsigned int, std::pair<Declaration*, const char*>>> calls;
     const std::vector<Declaration*> delivered = toDeliver();
+    for (const std::string& warning : m_values.warnings())
+      warn(warning);
     for (Declaration* declaration : delivered) {
       if (!declaration->deprecated.empty())
-        print(m_tool, m_tool.root().name + ": " + isDeprecated(*declaration) + '\n', true);
+        warn(isDeprecated(*declaration));
       for (const PlacedText& text : declaration->texts) {
         if (declaration->use == Use::each)
           calls.push_back({text.place, {declaration, text.text.c_str()}});
@@ -142,10 +138,8 @@ class CommandLine {
         callWith(*call.first, call.second);
     } catch (const std::bad_alloc&) {
       throw;
-    } catch (const std::exception& problem) {
-      return statusOf(m_tool, status::unidentifiedProblem, problem.what());
     } catch (...) {
-      return statusOf(m_tool, status::unidentifiedProblem, "");
+      return statusOfThrown(m_tool, std::current_exception());
     }
     return std::nullopt;
   }
@@ -169,9 +163,9 @@ class CommandLine {
       throw std::bad_alloc();
     if (status != status::success) {
       const std::string reason = parser.getErrorDesc();
-      return statusOf(
-          m_tool, status,
-          reason + suggestionFor(m_scope, m_arguments, reason) + suggestedChoice(m_scope, reason));
+      return statusOf(m_tool, status,
+                      reason + suggestedOption(m_scope, m_arguments.unknownNames(), reason) +
+                          suggestedChoice(m_scope, reason));
     }
     return readOthers(parser);
   }
@@ -181,7 +175,7 @@ class CommandLine {
   bool needsResult() const {
     const auto isAction = [](const Declaration* one) { return one->use == Use::action; };
     const auto& options = m_scope.options();
-    return m_tool.isParserShared || std::any_of(options.begin(), options.end(), isAction);
+    return m_tool.isParserGivenAway || std::any_of(options.begin(), options.end(), isAction);
   }
 
   std::optional<int> readOthers(IParser& parser) {
@@ -257,6 +251,10 @@ class CommandLine {
       declaration.type->move(declaration.staged, declaration.variable);
   }
 
+  void warn(const std::string& warning) const {
+    print(m_tool, m_tool.root().name + ": " + warning + '\n', true);
+  }
+
   static void callWith(Declaration& declaration, const char* text) {
     Text unused;
     bool isLast = false;
@@ -318,7 +316,7 @@ int withoutCommand(ToolData& tool, const Scope& scope, const FoundCommand& found
       tool.parser->parseArgsVector(static_cast<int>(words.size()), words.data(), nullptr);
   if (wrong != status::success) {
     const std::string reason = tool.parser->getErrorDesc();
-    return statusOf(tool, wrong, reason + suggestionFor(scope, arguments, reason));
+    return statusOf(tool, wrong, reason + suggestedOption(scope, arguments.unknownNames(), reason));
   }
   if (found.words.empty())
     return refused(tool, "A command is required");
@@ -369,6 +367,23 @@ bool isDescriptionAsked(const std::vector<const char*>& words) {
   return words.size() > 1 && std::string_view(words[1]) == descriptionSwitch;
 }
 
+bool runOnce(ToolData& tool, const std::vector<const char*>& words, int& status) {
+  parserOf(tool);
+  addBuiltIn(tool.root());
+  if (tool.isDescribing) {
+    reportMistakes(tool, Scope(tool, *tool.parser, Purpose::description));
+    status = status::success;
+    return true;
+  }
+  if (tool.parent == nullptr && isDescriptionAsked(words)) {
+    status = writeDescription(tool);
+    return true;
+  }
+  if (!tool.commands.empty())
+    return runWithCommands(tool, words, status);
+  return runAlone(tool, words, status);
+}
+
 }  // namespace
 
 void printError(const ToolData& tool, const std::string& reason) {
@@ -400,20 +415,14 @@ bool run(ToolData& tool, const std::vector<const char*>& words, int& status) {
     status = status::unidentifiedProblem;
     return true;
   }
-  parserOf(tool);
-  addBuiltIn(tool.root());
-  if (tool.isDescribing) {
-    reportMistakes(tool, Scope(tool, *tool.parser, Purpose::description));
-    status = status::success;
+  try {
+    return runOnce(tool, words, status);
+  } catch (const NoText& failure) {
+    if (tool.isDescribing)  // the description of the whole tool fails
+      throw;
+    status = statusOfThrown(tool, failure.cause);
     return true;
   }
-  if (tool.parent == nullptr && isDescriptionAsked(words)) {
-    status = writeDescription(tool);
-    return true;
-  }
-  if (!tool.commands.empty())
-    return runWithCommands(tool, words, status);
-  return runAlone(tool, words, status);
 }
 
 }  // namespace kivo_3_3::tool_glue

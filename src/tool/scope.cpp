@@ -49,6 +49,11 @@ bool lacksValues(const Declaration& declaration) {
                                                         }));
 }
 
+void checkChoices(const Declaration& declaration) {
+  if (lacksValues(declaration))
+    reportMistake(called(declaration) + " needs choices that stand for values");
+}
+
 }  // namespace
 
 std::vector<std::string> splitAt(const std::string& text, char separator) {
@@ -114,11 +119,11 @@ variant_type_t parserType(const Declaration& declaration) {
 variant_type_t readType(const Declaration& declaration) {
   const variant_type_t type = parserType(declaration);
   const bool isLong = type == vtDouble && declaration.type->bytes > sizeof(double);
-  return isLong ? vtString : type;
+  return isLong || declaration.hasDeprecatedChoices() ? vtString : type;
 }
 
 Scope::Scope(ToolData& tool, IParser& parser, Purpose purpose)
-    : m_parser(parser), m_purpose(purpose) {
+    : m_parser(parser), m_purpose(purpose), m_isParserGivenAway(tool.isParserGivenAway) {
   const std::size_t most = tool.declarations.size() + tool.root().declarations.size();
   m_options.reserve(most);
   m_names.reserve(2 * most);
@@ -129,8 +134,12 @@ Scope::Scope(ToolData& tool, IParser& parser, Purpose purpose)
     for (Declaration& declaration : tool.root().builtIn)
       add(declaration);
   }
-  for (Declaration* operand : m_operands)
-    declare(*operand, markedName(*operand, operandMark).data());
+  for (Declaration* operand : m_operands) {
+    if (purpose == Purpose::description || operand == m_operands.front())
+      declare(*operand, markedName(*operand, operandMark).data());
+    else  // the first one gets all arguments
+      checkChoices(*operand);
+  }
 }
 
 void Scope::addAll(ToolData& tool) {
@@ -143,6 +152,9 @@ void Scope::addAll(ToolData& tool) {
 }
 
 void Scope::addOperand(Declaration& declaration) {
+  if (declaration.names.text().find(',') != std::string_view::npos ||
+      declaration.names.text().empty())
+    reportMistake(called(declaration) + " needs one name");
   const auto [taken, isNew] = m_names.emplace(markedName(declaration, operandMark), &declaration);
   if (!m_operands.empty() && m_operands.back()->use == Use::rest)
     reportMistake(called(declaration) + " comes after " + called(*m_operands.back()) +
@@ -158,7 +170,6 @@ void Scope::add(Declaration& declaration) {
   std::size_t count = 0;
   std::size_t taken = 0;
   std::string_view last;
-  std::string list;  // of the names that are taken, if others are not
   for (const std::string_view name : declaration.names) {
     ++count;
     if (!take(name, declaration))
@@ -166,7 +177,7 @@ void Scope::add(Declaration& declaration) {
     last = name;
     ++taken;
   }
-  if (taken == 0 && declaration.isBuiltIn)
+  if (taken == 0 && !isHiddenByCommand(declaration))
     return;
   if (taken > 3 || (taken == 3 && last.size() > 2))
     return reportMistake(called(declaration) + " has too many names or a third one that is long");
@@ -181,13 +192,36 @@ void Scope::add(Declaration& declaration) {
   declare(declaration, joined(typedNames(declaration), ',').c_str());
 }
 
+// Whether the author of the tool has an option of this name on parser().
+bool Scope::isDeclaredByAuthor(std::string_view name) const {
+  if (!m_isParserGivenAway || m_names.find(name) != m_names.end())
+    return false;
+  const std::string text(name);
+  return m_parser.isOptionDeclared(text.c_str(), false, nullptr) ||
+         m_parser.isOptionDeclared(text.c_str(), true, nullptr);
+}
+
+// Whether a command uses the names of its tool's option for options of its own.
+bool Scope::isHiddenByCommand(const Declaration& declaration) const {
+  const Declaration* const other = owner(*declaration.names.begin());
+  return other != nullptr && &other->tool != &declaration.tool && !declaration.isBuiltIn;
+}
+
 // Gives the option a name, unless another one has it: the names of a command count where the tool
 // has the same ones, and those of a tool where help and version have them. Within the declarations
 // of one of them, a name may be declared once.
 bool Scope::take(std::string_view name, Declaration& declaration) {
-  if (!canBeTyped(name))
+  if (!canBeTyped(name)) {
     reportMistake(called(declaration) + " has a name that cannot be typed: '" + std::string(name) +
                   "'");
+    return false;
+  }
+  if (isDeclaredByAuthor(name)) {
+    if (!declaration.isBuiltIn)
+      reportMistake("the name '" + std::string(name) + "' is declared twice, by " +
+                    called(declaration) + " and on parser()");
+    return false;
+  }
   const auto [place, isNew] = m_names.emplace(name, &declaration);
   const Declaration* const other = isNew ? negated(name) : place->second;
   if (other == nullptr)
@@ -221,17 +255,15 @@ IOption& Scope::declareOnParser(const Declaration& declaration, const char* name
 }
 
 void Scope::declare(Declaration& declaration, const char* names) {
-  // Of several operands, the parser gives all arguments to the first one.
   const bool takesAnything = declaration.isOperand() && m_purpose == Purpose::parse;
   const variant_type_t readAs = takesAnything ? vtString : readType(declaration);
   IOption& option = declareOnParser(declaration, names,
                                     m_purpose == Purpose::parse ? readAs : parserType(declaration));
-  if (lacksValues(declaration))
-    reportMistake(called(declaration) + " needs choices that stand for values");
+  checkChoices(declaration);
   if (declaration.isOperand())
     option.positional();
   if (!takesAnything)
-    limitValues(option, declaration);
+    limitValues(option, declaration, m_purpose);
   if (m_purpose != Purpose::description)
     return;
   if (shownDefault(declaration).empty())
@@ -239,11 +271,13 @@ void Scope::declare(Declaration& declaration, const char* names) {
   annotateAll(declaration, std::string(*NameList(names).begin()));
 }
 
-void limitValues(IOption& option, const Declaration& declaration) {
-  for (const DeclaredChoice& choice : declaration.choices)
-    option.allowValue(choice.text.data());
-  for (const auto& [former, now] : declaration.deprecatedChoices)
-    option.allowDeprecatedValue(former.c_str(), now.c_str());
+void limitValues(IOption& option, const Declaration& declaration, Purpose purpose) {
+  if (purpose == Purpose::description || !declaration.hasDeprecatedChoices()) {
+    for (const DeclaredChoice& choice : declaration.choices)
+      option.allowValue(choice.text.data());
+    for (const auto& [former, now] : declaration.deprecatedChoices)
+      option.allowDeprecatedValue(former.data(), now.data());
+  }
   option.tokenize(declaration.separator);  // choices have made it split at commas
 }
 
@@ -265,6 +299,11 @@ Declaration* Scope::withFirstName(std::string_view name) const {
   return found != m_names.end() ? found->second : nullptr;
 }
 
+Declaration* Scope::owner(std::string_view name) const {
+  Declaration* const found = withFirstName(name);
+  return found != nullptr ? found : negated(name);
+}
+
 Declaration* Scope::negated(std::string_view name) const {
   if (name.substr(0, negation.size()) != negation)
     return nullptr;
@@ -280,9 +319,7 @@ Declaration* Scope::resolve(const std::string& typed) const {
 }
 
 const Declaration* Scope::declared(const ToolData& tool, const std::string& name) const {
-  const Declaration* found = withFirstName(name);
-  if (found == nullptr)
-    found = negated(name);
+  const Declaration* const found = owner(name);
   return found != nullptr && (&found->tool == &tool || &found->tool == tool.parent) ? found
                                                                                     : nullptr;
 }

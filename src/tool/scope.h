@@ -57,7 +57,11 @@ class Scope {
   void addAll(ToolData& tool);
   void add(Declaration& declaration);
   bool take(std::string_view name, Declaration& declaration);
+  bool isDeclaredByAuthor(std::string_view name) const;
+  bool isHiddenByCommand(const Declaration& declaration) const;
   void addOperand(Declaration& declaration);
+  /// The option with a name, which may be the "no-" form of a boolean; null if there is none.
+  Declaration* owner(std::string_view name) const;
   /// The boolean of which a name is the "no-" form; null if there is none.
   Declaration* negated(std::string_view name) const;
   IOption& declareOnParser(const Declaration& declaration, const char* names, variant_type_t type);
@@ -66,6 +70,7 @@ class Scope {
 
   IParser& m_parser;
   const Purpose m_purpose;
+  const bool m_isParserGivenAway;
   const IOption* m_rejected = nullptr;  // what the parser answers to all declarations that fail
   std::vector<Declaration*> m_options;
   std::vector<Declaration*> m_operands;
@@ -83,11 +88,12 @@ void annotateOrThrow(IParser& parser, const char* option, const char* key, const
 /// The type of the values on the parser.
 variant_type_t parserType(const Declaration& declaration);
 
-/// The type of the values while a command line is read: the parser has no long double.
+/// The type of the values while a command line is read: the parser has no long double, and does not
+/// look at choices some of which are deprecated.
 variant_type_t readType(const Declaration& declaration);
 
-/// Declares the choices, and at which character values are split.
-void limitValues(IOption& option, const Declaration& declaration);
+/// Declares the choices, unless they are chosen here, and at which character values are split.
+void limitValues(IOption& option, const Declaration& declaration, Purpose purpose);
 
 /// "option 'times,t'", as mistakes name a declaration.
 std::string called(const Declaration& declaration);

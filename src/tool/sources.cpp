@@ -24,30 +24,27 @@ constexpr std::size_t mostBytes = std::size_t{16} << 20;  // of a file; an endle
 bool isTrue(const std::string& text) { return text == "1" || text == "true"; }
 bool isFalse(const std::string& text) { return text == "0" || text == "false"; }
 
+// Why a value was refused; a function of the tool may have thrown something without a text.
+std::string reasonOf(const GivenValues& values) {
+  return values.failure().empty() ? "The value cannot be read" : values.failure();
+}
+
 // Parses words, the first of which is passed over, without storing them. Returns the status.
 int parseInto(const Scope& scope, IParser& parser, GivenValues& values,
-              const std::vector<const char*>& words, std::string& failure) {
+              const std::vector<const char*>& words, const std::vector<std::string>& unknownNames,
+              std::string& failure) {
   const int status = parser.parseArgsVector(static_cast<int>(words.size()), words.data(), nullptr);
   const bool isFromValues = values.failureStatus() != 0;
   if (!isFromValues && status == status::success)
     return status;
-  std::string reason = values.failure();
+  std::string reason = reasonOf(values);
   if (!isFromValues)
     reason = parser.getErrorDesc();
-  failure += reason + suggestedChoice(scope, reason);
+  failure += reason + suggestedOption(scope, unknownNames, reason) + suggestedChoice(scope, reason);
   if (isFromValues)
     return values.failureStatus();
   // A parser that fails without a reason of its own had no memory.
   return status == status::unidentifiedProblem ? int{status::exceptionCaught} : status;
-}
-
-// The value that a deprecated one stands for: only the command line warns of it.
-std::string replaced(const Declaration& declaration, const std::string& text) {
-  for (const auto& [former, now] : declaration.deprecatedChoices) {
-    if (former == text)
-      return now;
-  }
-  return text;
 }
 
 int refuse(const Declaration& declaration, const char* expected, std::string& failure) {
@@ -70,7 +67,7 @@ int readTruth(Declaration& declaration, const std::string& text, GivenValues& va
     outrankFile(declaration);
   if (declaration.use != Use::option || values.giveTruth(declaration, isTrue(text)))
     return status::success;
-  failure = "Environment variable " + declaration.environment + ": " + values.failure();
+  failure = "Environment variable " + declaration.environment + ": " + reasonOf(values);
   return values.failureStatus();
 }
 
@@ -93,9 +90,9 @@ int readVariable(const Scope& scope, IParser& parser, Declaration& declaration,
     return readCount(declaration, text, values, failure);
   if (!declaration.takesValue())
     return readTruth(declaration, text, values, failure);
-  const std::string argument = "--" + scope.nameOf(declaration) + '=' + replaced(declaration, text);
+  const std::string argument = "--" + scope.nameOf(declaration) + '=' + text;
   failure = "Environment variable " + declaration.environment + ": ";
-  return parseInto(scope, parser, values, {"", argument.c_str()}, failure);
+  return parseInto(scope, parser, values, {"", argument.c_str()}, {}, failure);
 }
 
 struct CloseFile {
@@ -196,29 +193,21 @@ class LineReader {
       return status::usageError;
     }
     if (!option->takesValue() || (word.hasValue && option->takesAnyText()) || !word.value.empty())
-      return parse({"", withoutDeprecated(*option, word, argument).c_str()}, reason);
+      return parse({"", argument.c_str()}, reason);
     const std::string* const next =
         m_index + 1 < m_lines.size() ? &m_lines[m_index + 1].argument : nullptr;
     if (next == nullptr || (next->front() == '-' && *next != "-"))
       return parse({"", argument.c_str()}, reason);
     ++m_index;
-    const std::string value = replaced(*option, *next);
-    return parse({"", argument.c_str(), value.c_str()}, reason);
-  }
-
-  std::string withoutDeprecated(const Declaration& option, const Word& word,
-                                const std::string& argument) const {
-    const std::string value = replaced(option, std::string(word.value));
-    if (value == word.value)
-      return argument;
-    return "--" + m_scope.nameOf(option) + '=' + value;
+    return parse({"", argument.c_str(), next->c_str()}, reason);
   }
 
   int parse(const std::vector<const char*>& words, std::string& reason) {
     const EarlyOptions none;
     const Arguments arguments(m_scope, none, false, words);
     m_values.replaceMarks(arguments.mark(), arguments.marked());
-    return parseInto(m_scope, m_parser, m_values, arguments.words(), reason);
+    return parseInto(m_scope, m_parser, m_values, arguments.words(), arguments.unknownNames(),
+                     reason);
   }
 
   const Scope& m_scope;
@@ -265,7 +254,8 @@ int readEnvironment(const Scope& scope, IParser& parser, GivenValues& values,
       continue;
     // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing here changes the environment
     const char* const text = std::getenv(declaration->environment.c_str());
-    if (text == nullptr || *text == '\0' || !isConcerned(*declaration, values))
+    if (text == nullptr || *text == '\0' || declaration->use == Use::action ||
+        !isConcerned(*declaration, values))
       continue;
     const int status = readVariable(scope, parser, *declaration, text, values, failure);
     if (status != status::success)

@@ -31,13 +31,34 @@ std::vector<std::string> nearest(std::vector<std::string> names, const std::stri
   return found;
 }
 
+std::string suggestedOption(const Scope& scope, const std::vector<std::string>& unknownNames,
+                            const std::string& reason) {
+  std::vector<std::string> names;
+  for (const Declaration* option : scope.options()) {
+    for (const std::string_view name : option->names) {
+      if (!option->isHidden)
+        names.emplace_back(name);
+    }
+  }
+  for (const std::string& typed : unknownNames) {
+    if (!typed.empty() && reason.find("Unknown option") == 0) {
+      std::vector<std::string> near = nearest(names, typed);
+      std::transform(near.begin(), near.end(), near.begin(), shownName);
+      return didYouMean(near);
+    }
+  }
+  return "";
+}
+
 std::string suggestedChoice(const Scope& scope, const std::string& reason) {
   for (const auto* list : {&scope.options(), &scope.operands()}) {
     for (const Declaration* one : *list) {
-      const std::string start = one->isOperand()
-                                    ? "Operand '" + one->firstName() + "' does not take '"
+      const bool isRefusedHere = one->isOperand() || one->hasDeprecatedChoices();
+      const std::string start = isRefusedHere
+                                    ? (one->isOperand() ? "Operand '" : "Option '") +
+                                          one->firstName() + "' does not take '"
                                     : "Option '" + scope.nameOf(*one) + "' does not allow value '";
-      const char* const end = one->isOperand() ? "', expected: " : "'. Possible values";
+      const char* const end = isRefusedHere ? "', expected: " : "'. Possible values";
       const std::size_t begin = one->choices.empty() ? std::string::npos : reason.find(start);
       if (begin == std::string::npos)
         continue;

@@ -6,12 +6,14 @@
 #include <kivo/status.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <new>
 #include <type_traits>
 
 #include "tool/console.h"
 #include "tool/run.h"
 #include "tool/scope.h"
+#include "tool/value_text.h"
 
 namespace kivo_3_3 {
 namespace tool_glue {
@@ -21,7 +23,7 @@ const char* orEmpty(const char* text) { return text != nullptr ? text : ""; }
 
 // Does something that may run out of memory. Returns `otherwise` if it did.
 template <class Work, class Result>
-Result remembering(ToolData* tool, Result otherwise, Work work) noexcept {
+Result remembering(ToolData* tool, Result otherwise, Work work) {
   if (tool == nullptr)
     return otherwise;
   try {
@@ -60,8 +62,8 @@ int tellOfMemory(const ToolData* tool) {
     bool isError = true;
     try {
       tool->root().output(&text, &isError, unused);
-    } catch (const std::bad_alloc&) {
-      break;  // the tool has no memory for it either
+    } catch (...) {
+      break;  // the tool has no memory for it either, or cannot write it
     }
   }
   return status::exceptionCaught;
@@ -85,9 +87,10 @@ void destroyUnless(const void* owner, const Callable& function) {
 // The arguments of a tool; those of a command are known already.
 std::vector<const char*> wordsOf(const ToolData& tool, int argc, const char* const* argv) {
   std::vector<const char*> words = tool.words;
-  for (int index = 0; words.size() == static_cast<std::size_t>(index) && tool.parent == nullptr &&
-                      index < argc && argv != nullptr && argv[index] != nullptr;
-       ++index)
+  if (argc <= 0 && words.empty())
+    words.push_back("");
+  const int count = tool.parent == nullptr && argv != nullptr ? std::abs(argc) : 0;
+  for (int index = 0; index < count && argv[index] != nullptr; ++index)
     words.push_back(argv[index]);
   if (words.empty())
     words.push_back("");
@@ -135,7 +138,7 @@ void limit(Declaration* declaration, Limit limit, const void* first, const void*
     } else if (limit == Limit::choice) {
       declaration->choices.push_back({tool.keep(text(first)), tool.keep(bytesOf(second, bytes))});
     } else if (limit == Limit::deprecatedChoice) {
-      declaration->deprecatedChoices.emplace_back(text(first), text(second));
+      declaration->deprecatedChoices.emplace_back(tool.keep(text(first)), tool.keep(text(second)));
     } else {
       OwnedCallable owned(*static_cast<const Callable*>(first));
       declaration->checks.push_back(std::move(owned));
@@ -264,16 +267,20 @@ int Tool::fail(const char* reason) noexcept {
 IParser* Tool::parser() noexcept {
   IParser* const none = nullptr;
   return remembering(m_data, none, [&] {
-    m_data->isParserShared = true;
+    m_data->isParserGivenAway = true;
     return &parserOf(*m_data);
   });
 }
 
-const char* Tool::helpText() noexcept {
-  return remembering(m_data, "", [&] {
-    m_data->help = helpOf(*m_data);
-    return m_data->help.c_str();
-  });
+const char* Tool::helpText() {
+  try {
+    return remembering(m_data, "", [&] {
+      m_data->help = helpOf(*m_data);
+      return m_data->help.c_str();
+    });
+  } catch (const tool_glue::NoText& failure) {
+    std::rethrow_exception(failure.cause);
+  }
 }
 
 }  // namespace kivo_3_3

@@ -63,6 +63,7 @@ struct ToolData {
   OwnedCallable output;
 
   ParserHandle parser;
+  bool isParserGivenAway = false;  // to the author, who may declare on it
   std::string help;
 
   Tool* handle = nullptr;
@@ -72,7 +73,6 @@ struct ToolData {
   EarlyOptions early;              // those before the words of the command
   bool mayHaveSwitch = true;       // for the library, as first word
   bool isDescribing = false;
-  bool isParserShared = false;  // the author may have declared more on it
   bool isParsed = false;
   bool isWorking = false;  // an action or a command runs; what it throws passes through
   bool isOutOfMemory = false;

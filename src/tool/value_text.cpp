@@ -5,6 +5,7 @@
 #include <cstring>
 #include <iterator>
 #include <limits>
+#include <new>
 #include <sstream>
 #include <string_view>
 #include <system_error>
@@ -143,7 +144,13 @@ std::string valueText(const Declaration& declaration, const void* value) {
   if (type.kind == Kind::character)
     return std::string(load<char>(value) != '\0' ? 1 : 0, load<char>(value));
   Text shown;
-  type.show(value, shown);
+  try {
+    type.show(value, shown);
+  } catch (const std::bad_alloc&) {
+    throw;
+  } catch (...) {
+    throw NoText{std::current_exception()};
+  }
   return shown.characters;
 }
 
@@ -164,7 +171,7 @@ std::string limitsText(const VariableType& type) {
 std::string defaultText(const Declaration& declaration) {
   if (!declaration.shownDefault.empty())
     return declaration.shownDefault;
-  if (declaration.variable == nullptr || declaration.use == Use::flag ||
+  if (declaration.variable == nullptr || declaration.isRequired || declaration.use == Use::flag ||
       declaration.use == Use::count)
     return "";
   std::string all;
@@ -216,7 +223,9 @@ bool putNumber(const VariableType& type, const char* text, const variant_t& type
     else if (!readText(type, text, given))
       return false;
     const auto stored = static_cast<Number>(given);
-    if (!fits(stored, given) || (std::is_unsigned_v<Number> && std::strchr(text, '-') != nullptr))
+    const bool isNegative =
+        std::is_unsigned_v<Number> && given != 0 && std::strchr(text, '-') != nullptr;
+    if (!fits(stored, given) || isNegative)
       return false;
     std::memcpy(value, &stored, sizeof stored);
     return true;

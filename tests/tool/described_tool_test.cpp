@@ -83,7 +83,7 @@ TEST_F(ToolDescribed, IsAskedForInExactlyTheseWords) {
 TEST_F(ToolDescribed, OptionsHaveAnnotations) {
   tool.option("level,l", level, "How hard.").range(1, 9).env("LEVEL").placeholder("N").required();
   EXPECT_EQ(plain(R"("level","l")", "integer", "How hard.",
-                  R"(,"default":"5","annotations":{"environment":["LEVEL"],"placeholder":["N"],)"
+                  R"(,"annotations":{"environment":["LEVEL"],"placeholder":["N"],)"
                   R"("range":["1 to 9"],"required":["required"]}})"),
             option("level"));
 }

@@ -62,6 +62,24 @@ TEST_F(ToolHelp, ShowsAllThatIsDeclared) {
       tool.out);
 }
 
+TEST_F(ToolHelp, ShowsNoDefaultOfWhatIsRequired) {
+  Tried tool("tool", "", nullptr);
+  int size = 3;
+  std::vector<int> numbers = {1, 2};
+  std::string file = "f";
+  tool.option("size", size, "How big.").required().range(1, 9);
+  tool.option("numbers", numbers, "Which.").required();
+  tool.operand("file", file, "What to read.").required();
+  EXPECT_EQ(
+      "Usage: tool [OPTION]... FILE\n\n"
+      "Operands:\n  FILE  What to read.\n\n"
+      "Options:\n"
+      "      --size=SIZE        How big. From 1 to 9. Required.\n"
+      "      --numbers=NUMBERS  Which. Required.\n"
+      "  -h, --help             Show this help.\n",
+      tool.help());
+}
+
 TEST_F(ToolHelp, IsAsWideAsColumnsBetweenSixtyAndAHundred) {
   EXPECT_EQ(79U, widest("80"));
   EXPECT_EQ(59U, widest("10"));

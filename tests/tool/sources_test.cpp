@@ -172,8 +172,14 @@ TEST_F(ToolSources, AnEndlessFileIsRefused) {
 TEST_F(ToolSources, ErrorsOfAFileNameItsLine) {
   write("# a comment\n; another\n\n  --times=3\r\n--tims=4\n");
   EXPECT_EQ(2, tool.run({}));
-  EXPECT_EQ("5: Unknown option: --tims=4", reason());
+  EXPECT_EQ("5: Unknown option: --tims=4. Did you mean '--times'?", reason());
   EXPECT_EQ(1, times);
+}
+
+TEST_F(ToolSources, AMisspeltOptionOfAFileHasASuggestion) {
+  write("\n--qiuck\n");
+  EXPECT_EQ(2, tool.run({}));
+  EXPECT_EQ("2: Unknown option: --qiuck. Did you mean '--quick'?", reason());
 }
 
 TEST_F(ToolSources, AValueInTheNextLineIsReadWithItsOption) {
@@ -252,6 +258,19 @@ TEST_F(ToolSources, ADeprecatedChoiceOfAFileIsReplacedWithoutAWarning) {
   std::string color = "red";
   tool.option("color", color, "Which.").choices({"red", "blue"}).deprecatedChoice("b", "blue");
   write("--color=b\n");
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(-1, tool.run({}));
+  EXPECT_EQ("", testing::internal::GetCapturedStderr() + tool.err);
+  EXPECT_EQ("blue", color);
+}
+
+TEST_F(ToolSources, ADeprecatedChoiceOfTheEnvironmentIsReplacedWithoutAWarning) {
+  std::string color = "red";
+  tool.option("color", color, "Which.")
+      .choices({"red", "blue"})
+      .deprecatedChoice("azure", "blue")
+      .env("TRIED_NAME");
+  setenv("TRIED_NAME", "az", 1);
   testing::internal::CaptureStderr();
   EXPECT_EQ(-1, tool.run({}));
   EXPECT_EQ("", testing::internal::GetCapturedStderr() + tool.err);

@@ -109,6 +109,33 @@ TEST(ToolVariables, ANegativeNumberIsRefusedForAnUnsignedType) {
   EXPECT_EQ(outside(" -1", "0 to 18446744073709551615"), taken<unsigned long long>(" -1"));
 }
 
+TEST(ToolVariables, ANegativeZeroIsZeroForEveryType) {
+  EXPECT_EQ("0", taken<unsigned char>("-0"));
+  EXPECT_EQ("0", taken<unsigned short>("-0"));
+  EXPECT_EQ("0", taken<unsigned int>("-0"));
+  EXPECT_EQ("0", taken<unsigned long>("-0"));
+  EXPECT_EQ("0", taken<unsigned long long>("-00"));
+  EXPECT_EQ("0", taken<int>("-0"));
+  EXPECT_EQ("-0", taken<double>("-0"));
+}
+
+// Where a sign is read as a number modulo a power of two, these come to small numbers.
+TEST(ToolVariables, ANegativeNumberThatWrapsAroundIsRefused) {
+  const char* const negative[] = {"-256",
+                                  "-65280",
+                                  "-65536",
+                                  "-4294967295",
+                                  "-4294967296",
+                                  "-18446744073709551615",
+                                  "-18446744073709551616"};
+  for (const char* text : negative) {
+    for (const std::string& printed :
+         {taken<unsigned char>(text), taken<unsigned short>(text), taken<unsigned int>(text),
+          taken<unsigned long>(text), taken<unsigned long long>(text)})
+      EXPECT_EQ(0U, printed.find("tool: ")) << text << " is " << printed;
+  }
+}
+
 TEST(ToolVariables, LettersAfterANumberAreRefused) {
   const auto wrong = [](const char* type) {
     return refused(
