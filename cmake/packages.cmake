@@ -9,7 +9,7 @@ string(REGEX REPLACE "^kivo \\((.+)-([0-9]+)\\).*" "\\1;\\2" newest_entry "${new
 list(GET newest_entry 0 CPACK_KIVO_CHANGELOG_VERSION)
 list(GET newest_entry -1 CPACK_DEBIAN_PACKAGE_RELEASE)
 
-set(KIVO_REFERENCE_DIR "" CACHE PATH "The written reference, for the documentation package")
+set(KIVO_SITE_DIR "" CACHE PATH "The documentation site, for the documentation package")
 
 function(install_into_package component directory)
   cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "FILES;DIRECTORIES")
@@ -19,7 +19,7 @@ function(install_into_package component directory)
   if(arg_DIRECTORIES)
     install(DIRECTORY ${arg_DIRECTORIES} DESTINATION ${destination}
             COMPONENT ${component} EXCLUDE_FROM_ALL
-            PATTERN "*.7" EXCLUDE PATTERN Doxyfile EXCLUDE)
+            PATTERN "*.7" EXCLUDE PATTERN "*.dot" EXCLUDE PATTERN docs/site EXCLUDE)
   endif()
 endfunction()
 
@@ -32,7 +32,7 @@ install_into_package(kivo_development libkivo-dev/examples
 install_into_package(kivo_describe kivo-describe FILES ${copyright})
 install_into_package(kivo_documentation libkivo-doc
   FILES ${copyright} ${PROJECT_SOURCE_DIR}/README.md
-  DIRECTORIES ${PROJECT_SOURCE_DIR}/docs ${KIVO_REFERENCE_DIR})
+  DIRECTORIES ${PROJECT_SOURCE_DIR}/docs ${KIVO_SITE_DIR})
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_VERBATIM_VARIABLES ON)
@@ -92,7 +92,8 @@ set(CPACK_DEBIAN_KIVO_DOCUMENTATION_PACKAGE_MULTIARCH foreign)
 set(CPACK_DEBIAN_KIVO_DOCUMENTATION_DESCRIPTION "command-line parsing for tools (documentation)
 ${about}
 
-This package holds the guide to the library, the changelog, and what users of
-any tool built with it may type, which the manual page kivo(7) tells, too.")
+This package holds the documentation site: the guide to the library, its
+reference, the changelog, and what users of any tool built with it may type,
+which the manual page kivo(7) tells, too.")
 
 include(CPack)

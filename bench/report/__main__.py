@@ -1,6 +1,6 @@
 """Measures, prints the tables, and after a full run writes them into docs/performance.md.
 
-    report SOURCE-DIRECTORY BUILD-DIRECTORY [--quick | --instructions]
+    report SOURCE-DIRECTORY BUILD-DIRECTORY [--quick | --instructions | --draw]
 
 Exits with 1 if a peer gives wrong answers. A target that is not met is no failure.
 """
@@ -18,11 +18,6 @@ from measure import BASELINES, PEERS, Bench, progress, run
 
 BEGIN = "<!-- written by scripts/bench, from here -->\n"
 END = "<!-- to here -->\n"
-DIAGRAMS = {
-    "growth-over-options.svg":
-        (("W2 declare one", "W2 three arguments", "W2 one more argument"), "options"),
-    "growth-over-arguments.svg": (("W3 one argument", "W4 one line"), "arguments, lines"),
-}
 
 
 def machine():
@@ -58,20 +53,15 @@ def measured(bench):
         "### A TAB\n", tables.completion_table(completion.rows(tabs)),
         "### What is missing\n", tables.left_out_table(bench.left_out),
     ])
-    return figures, text
+    return text
 
 
-def write(source, figures, text, peers):
-    folder = source / "docs" / "performance"
-    folder.mkdir(exist_ok=True)
-    pictures = ""
-    for name, (works, unit) in DIAGRAMS.items():
-        (folder / name).write_text(plot.diagram(figures, works, unit, peers))
-        pictures += f"![{', '.join(works)}](performance/{name})\n\n"
+def write(source, text):
     document = source / "docs" / "performance.md"
     before, rest = document.read_text().split(BEGIN)
-    document.write_text(before + BEGIN + text + "\n### Growth\n\n" + pictures + END +
-                        rest.split(END)[1])
+    pictures = f"\n### Growth\n\n{plot.references()}\n"
+    document.write_text(before + BEGIN + text + pictures + END + rest.split(END)[1])
+    plot.draw_all(source)
 
 
 def main():
@@ -81,17 +71,21 @@ def main():
     mode = arguments.add_mutually_exclusive_group()
     mode.add_argument("--quick", action="store_true")
     mode.add_argument("--instructions", action="store_true")
+    mode.add_argument("--draw", action="store_true")
     given = arguments.parse_args()
+    if given.draw:
+        plot.draw_all(given.source)
+        return
     bench = Bench(given.source, given.build, given.quick or given.instructions)
     if given.instructions:
         for name in bench.names():
             print(f"{name:20} {bench.instructions(name):14,.0f}", flush=True)
         print(f"{'B2':20} {bench.instructions_above_empty():14,}")
         return
-    figures, text = measured(bench)
+    text = measured(bench)
     print(text)
     if not given.quick:
-        write(given.source, figures, text, bench.peers)
+        write(given.source, text)
 
 
 main()

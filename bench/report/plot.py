@@ -1,91 +1,94 @@
-"""Draws growth as SVG: time over size, both logarithmic, a line for each peer."""
+"""Draws growth as SVG from the table of every workload in docs/performance.md: time over size, both
+logarithmic, a line for each peer."""
 
+import re
 from math import ceil, floor, log10
+
+import matplotlib
+from matplotlib.figure import Figure
+from matplotlib.ticker import FuncFormatter
 
 from measure import PEERS
 
-COLORS = dict(zip(PEERS, ("#d62728", "#222222", "#8c8c8c", "#1f77b4", "#2ca02c", "#9467bd",
-                          "#ff7f0e", "#17becf")))
-WIDTH, HEIGHT = 330, 300
-LEFT, TOP, RIGHT, BOTTOM = 56, 34, 26, 40
-LEGEND = 30
+PICTURES = {
+    "W2 declare one": ("declare-one.svg", "options"),
+    "W2 three arguments": ("three-arguments.svg", "options"),
+    "W2 one more argument": ("one-more-argument.svg", "options"),
+    "W3 one argument": ("long-command-line.svg", "arguments"),
+    "W4 one line": ("long-option-file.svg", "lines"),
+}
+# Each colour has a contrast of at least 3 to 1 on a white and on a dark page; on a dark page
+# docs/site/picture_scheme.xml changes the colours of text, grid and background.
+COLORS = dict(zip(PEERS.values(), ("#d62728", "#222222", "#808080", "#3a87c8", "#2a9d2a", "#9467bd",
+                                   "#dd6b00", "#0e98a5")))
+MARKERS = dict(zip(PEERS.values(), "osD^vPX*"))
+INCHES = (3.75, 3.7)  # 360 CSS pixels wide: readable on a narrow page, and two fit on a wide one
+STYLE = {
+    "svg.fonttype": "none",
+    "svg.hashsalt": "kivo",  # the same figures give the same file
+    "font.family": "sans-serif",
+    "font.size": 8.5,
+    "text.color": "#222222",
+    "axes.labelcolor": "#222222",
+    "axes.edgecolor": "#dddddd",
+    "axes.facecolor": "#ffffff",
+    "figure.facecolor": "#ffffff",
+    "grid.color": "#dddddd",
+    "xtick.color": "#222222",
+    "ytick.color": "#222222",
+    "axes.titlesize": 10,
+}
 
 
-def label(power):
-    return f"{10 ** power:,}" if power >= 0 else f"{10 ** power}"
+def growth(document):
+    """work -> {peer: [(size, nanoseconds)]}, without the times that are lost in noise."""
+    rows = re.search(r"^\| nanoseconds \|.*?\n\n", document, re.DOTALL | re.MULTILINE).group()
+    header, _, *lines = (row.strip("| ").split(" | ") for row in rows.strip().splitlines())
+    works = {}
+    for row in lines:
+        work, size = re.fullmatch(r"(.+?)(?:, ([\d,]+))?", row[0]).groups()
+        for peer, cell in zip(header[1:], row[1:]):
+            if size and peer in COLORS and re.fullmatch(r"[\d,.]+", cell.strip()):
+                works.setdefault(work, {}).setdefault(peer, []).append(
+                    (number(size), number(cell)))
+    return works
 
 
-class Panel:
-    """One diagram: `lines` is {peer: [(size, nanoseconds)]}."""
-
-    def __init__(self, title, unit, lines, left):
-        self.title, self.unit, self.lines, self.left = title, unit, lines, left
-        sizes = [size for line in lines.values() for size, _ in line]
-        times = [time for line in lines.values() for _, time in line]
-        self.x_range = (log10(min(sizes)), log10(max(sizes)))
-        self.y_range = (floor(log10(min(times))), ceil(log10(max(times))))
-
-    def x(self, power):
-        low, high = self.x_range
-        return self.left + LEFT + (power - low) / (high - low) * (WIDTH - LEFT - RIGHT)
-
-    def y(self, power):
-        low, high = self.y_range
-        return HEIGHT - BOTTOM - (power - low) / (high - low) * (HEIGHT - TOP - BOTTOM)
-
-    def draw(self):
-        yield text(self.left + WIDTH / 2, 18, self.title, "middle", 13)
-        yield text(self.left + WIDTH / 2, HEIGHT - 6, self.unit, "middle", 11)
-        for power in range(self.y_range[0], self.y_range[1] + 1):
-            at = self.y(power)
-            yield line(self.x(self.x_range[0]), at, self.x(self.x_range[1]), at)
-            yield text(self.left + LEFT - 5, at + 4, label(power), "end", 10)
-        for power in range(ceil(self.x_range[0]), floor(self.x_range[1]) + 1):
-            at = self.x(power)
-            yield line(at, self.y(self.y_range[0]), at, self.y(self.y_range[1]))
-            yield text(at, HEIGHT - BOTTOM + 14, label(power), "middle", 10)
-        for peer, points in reversed(self.lines.items()):
-            places = [(self.x(log10(size)), self.y(log10(time))) for size, time in points]
-            path = " ".join(f"{x:.1f},{y:.1f}" for x, y in places)
-            width = 3 if peer == "kivo" else 1.5
-            yield (f'<polyline points="{path}" fill="none" stroke="{COLORS[peer]}" '
-                   f'stroke-width="{width}"/>')
-            for x, y in places:
-                yield f'<circle cx="{x:.1f}" cy="{y:.1f}" r="{width}" fill="{COLORS[peer]}"/>'
+def number(text):
+    return float(text.replace(",", ""))
 
 
-def text(x, y, content, anchor, size):
-    return (f'<text x="{x:.1f}" y="{y:.1f}" text-anchor="{anchor}" font-size="{size}" '
-            f'fill="#222222">{content}</text>')
+def draw(work, lines, unit, path, scheme):
+    with matplotlib.rc_context(STYLE):
+        figure = Figure(figsize=INCHES, layout="constrained")
+        axes = figure.subplots()
+        for order, (peer, points) in enumerate(lines.items()):
+            axes.loglog(*zip(*points), label=peer, color=COLORS[peer], marker=MARKERS[peer],
+                        linewidth=2.5 if peer == "kivo" else 1.3, markersize=4, zorder=9 - order)
+        times = [log10(time) for points in lines.values() for _, time in points]
+        axes.set_ylim(10 ** floor(min(times)), 10 ** ceil(max(times)))
+        axes.set_title(f"{work}, nanoseconds")
+        axes.set_xlabel(unit)
+        axes.grid(True)
+        axes.minorticks_off()
+        for axis in (axes.xaxis, axes.yaxis):
+            axis.set_major_formatter(FuncFormatter(lambda value, _: f"{value:,.10g}"))
+        axes.legend(loc="upper center", bbox_to_anchor=(0.45, -0.16), ncol=4, frameon=False,
+                    columnspacing=1, handletextpad=0.4, handlelength=1.6)
+        figure.savefig(path, metadata={"Date": None, "Creator": None})
+    picture = path.read_text()
+    path.write_text(picture.replace("<defs>", f"<defs>\n{scheme}", 1))
 
 
-def line(x1, y1, x2, y2):
-    return (f'<line x1="{x1:.1f}" y1="{y1:.1f}" x2="{x2:.1f}" y2="{y2:.1f}" '
-            'stroke="#dddddd"/>')
+def draw_all(source):
+    """Draws the pictures that docs/performance.md shows."""
+    scheme = (source / "docs" / "site" / "picture_scheme.xml").read_text()
+    works = growth((source / "docs" / "performance.md").read_text())
+    for work, (name, unit) in PICTURES.items():
+        draw(work, works[work], unit, source / "docs" / "performance" / name, scheme)
 
 
-def legend(peers, width):
-    step = (width - 12) / len(peers)
-    for i, peer in enumerate(peers):
-        x, y = 6 + i * step, HEIGHT + 14
-        yield f'<rect x="{x:.1f}" y="{y - 8}" width="12" height="8" fill="{COLORS[peer]}"/>'
-        yield text(x + 16, y, PEERS[peer], "start", 11)
-
-
-def diagram(figures, works, unit, peers):
-    """The growth of each of `works`, side by side."""
-    parts = []
-    drawn = set()
-    for i, work in enumerate(works):
-        lines = {}
-        for peer in peers:
-            points = [(size, figures.get(work, size, peer)) for size in figures.sizes(work)]
-            lines[peer] = [(size, time) for size, time in points if time and time > 0]
-        lines = {peer: points for peer, points in lines.items() if points}
-        drawn.update(lines)
-        parts += Panel(f"{work} (ns)", unit, lines, i * WIDTH).draw()
-    width = WIDTH * len(works)
-    parts += legend([peer for peer in peers if peer in drawn], width)
-    return (f'<svg xmlns="http://www.w3.org/2000/svg" width="{width}" '
-            f'height="{HEIGHT + LEGEND}" font-family="sans-serif">\n'
-            '<rect width="100%" height="100%" fill="white"/>\n' + "\n".join(parts) + "\n</svg>\n")
+def references():
+    """The lines of docs/performance.md that show the pictures."""
+    return "\n".join(f"![{work}: the time over the number of {unit}](performance/{name})"
+                     for work, (name, unit) in PICTURES.items()) + "\n"

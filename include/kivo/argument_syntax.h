@@ -12,10 +12,11 @@ namespace kivo_3_3 {
 KIVO_API unsigned int getDashLength(const std::string& text, unsigned int pos);
 
 /// Splits an argument into name and value, at the first '=' or run of white space.
-///   "--level=3"  -> "level", "3", true
-///   "--level 3"  -> "level", "3", true
-///   "--level="   -> "level", "",  true     (split off, but empty)
-///   "--level"    -> "level", value untouched, false
+///
+///     "--level=3"  -> "level", "3", true
+///     "--level 3"  -> "level", "3", true
+///     "--level="   -> "level", "",  true     (split off, but empty)
+///     "--level"    -> "level", value untouched, false
 ///
 /// Up to two dashes of any kind are dropped before the name. The global locale decides what is
 /// white space. A null `name` or `value` is not written to.

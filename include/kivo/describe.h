@@ -1,5 +1,6 @@
 #pragma once
 
+/// @file
 /// What a tool says about itself: a description of all its declarations as JSON, from which other
 /// programs write completion scripts and manual pages.
 

@@ -1,5 +1,6 @@
 #pragma once
 
+/// @file
 /// Conveniences on top of the interfaces: owning handles, ranges, typed reads. They are inline
 /// and compiled into the tool; the library does not contain them.
 
@@ -49,7 +50,8 @@ inline ResultHandle makeResult(IParser& parser) {
 
 /// The values of the option in the range, in command-line order, with the bounds of
 /// IParseResult::get(); the default of the option if it was not given.
-///   for (const Value& value : values(*result, "name"))
+///
+///     for (const Value& value : values(*result, "name"))
 ///
 /// All values are read before the function returns, so that a loop over them may call any query of
 /// the result. Each value has a text, which belongs to the result and lives as long as the result.
@@ -67,7 +69,8 @@ inline std::vector<Value> values(IParseResult& result, const char* name, int fro
 }
 
 /// The arguments after "--", in command-line order.
-///   for (const char* argument : leftovers(*result))
+///
+///     for (const char* argument : leftovers(*result))
 ///
 /// The texts belong to the result and live as long as the result. Moves the cursor of
 /// getNextArgument() to the end, and no other cursor.
@@ -82,7 +85,8 @@ inline std::vector<const char*> leftovers(IParseResult& result) {
 /// The last value of the option in the range, with the bounds of getLastValue(); its
 /// default if it was not given; `fallback` if getLastValue() finds no value and no default, or an
 /// occurrence without a value.
-///   valueOr(*result, "times", 1U)    valueOr<std::string>(*result, "tone", "friendly")
+///
+///     valueOr(*result, "times", 1U)    valueOr<std::string>(*result, "tone", "friendly")
 ///
 /// `T` is bool, an integer or a floating-point type as which the option's type can be read (see
 /// variant_t::get() for any other type), or a text type: `const char*` and std::string give the

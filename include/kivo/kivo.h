@@ -1,5 +1,6 @@
 #pragma once
 
+/// @file
 /// Everything a tool needs from the library, in one include.
 
 #include <kivo/argument_syntax.h>

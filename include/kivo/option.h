@@ -8,7 +8,8 @@ namespace kivo_3_3 {
 /// Amends the option, action or modifier that was just declared.
 ///
 /// Every operation returns the same builder, so that calls chain:
-///   parser->option("level,l", "How hard to try", vtS32)->defaultValue(3)->tag("run");
+///
+///     parser->option("level,l", "How hard to try", vtS32)->defaultValue(3)->tag("run");
 ///
 /// The parser owns the builder. The builder is valid until the next declaration on the same
 /// parser. A rejected declaration returns a builder too; its operations have no effect on any

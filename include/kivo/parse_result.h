@@ -14,7 +14,8 @@ namespace kivo_3_3 {
 /// to the next. A query finds an option by any of its names; names cannot be abbreviated here.
 ///
 /// Queries move cursors, so a query determines where next() and nextPosition() continue:
-///   (present nextPosition* | get next*)* , independently (getFirstArgument getNextArgument*)
+///
+///     (present nextPosition* | get next*)* , independently (getFirstArgument getNextArgument*)
 ///
 /// The caller owns the result, may keep it longer than the parser, and destroys it with destroy().
 /// The texts that the result returns live until then, and equal texts have one address. If memory

@@ -33,7 +33,7 @@ constexpr int noTokenizer = 32;
 
 /// Holds the declared options and actions of a tool, parses its command lines, and writes its help.
 ///
-///   createParser (option | action | modifier)* (createResult parseArgsVector get*)* destroy
+///     createParser (option | action | modifier)* (createResult parseArgsVector get*)* destroy
 ///
 /// Use one parser, and one result, on one thread at a time. Different parsers may be used on
 /// several threads at once. Each thread has its own trace. A line of the trace or a warning is

@@ -1,5 +1,6 @@
 #pragma once
 
+/// @file
 /// A whole command line in one place: variables that receive the values, help, version, required
 /// options, ranges, groups, environment, a configuration file, operands, actions and commands.
 ///
@@ -288,7 +289,7 @@ class Option {
 
 /// A tool: what it takes, and what it does with that. Use one tool on one thread at a time.
 ///
-///   Tool (option | flag | count | each | operand | rest | config | action | command ...)* parse
+///     Tool (option | flag | count | each | operand | rest | config | action | command ...)* parse
 ///
 /// Declaring never throws: if memory runs out, parse() tells so and gives status 3. Names are
 /// separated by commas, "times,t": at most three, and a third one has one or two characters. Users

@@ -1,5 +1,6 @@
 #pragma once
 
+/// All names of the library. Tools write the alias `kivo`.
 namespace kivo_3_3 {
 
 /// The version of these headers. It is written here once; the build and the

@@ -11,7 +11,7 @@
 #   sh       one command a line; each is run and has to succeed
 #   console  run; what the commands print has to be what the block shows. A command that ends with
 #            "<TAB>" is completed by bash with the script that was installed below the home folder
-# A block of any other kind but mermaid is an error. For documents other than the guide the
+# A block of any other kind is an error. For documents other than the guide the
 # library is installed first, by the commands that the guide gives.
 set -euo pipefail
 source=$1 build=$2 compiler=$3 flags=$4 sampleTools=$5 document=$6
@@ -114,7 +114,6 @@ follow() {
         diff -u --label "$document, from line ${block##*/}" --label "what comes out" \
           "$block" "$work/output" || complain "this is not what comes out"
         commands=$((commands + $(grep -c '^\$ ' "$block"))) ;;
-      *.mermaid) ;;
       *) complain "line ${block##*/}: what is to be done with this?" ;;
     esac
   done
