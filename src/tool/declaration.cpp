@@ -25,15 +25,12 @@ int OwnedCallable::operator()(void* first, void* second, Text& answer) const {
   return m_callable.call(m_callable.function, first, second, answer);
 }
 
-std::string_view ToolData::keep(std::initializer_list<std::string_view> parts) {
-  std::size_t size = 0;
-  for (const std::string_view part : parts)
-    size += part.size();
+std::string_view ToolData::keep(std::string_view text, std::string_view before) {
+  const std::size_t size = before.size() + text.size();
   char* const kept = static_cast<char*>(memory.allocate(size + 1, 1));
-  char* end = kept;
-  for (const std::string_view part : parts)
-    end += part.copy(end, part.size());
-  *end = '\0';
+  before.copy(kept, before.size());
+  text.copy(kept + before.size(), text.size());
+  kept[size] = '\0';
   return {kept, size};
 }
 

@@ -87,11 +87,11 @@ struct Declaration {
   bool isRequired = false;
   bool isHidden = false;
   char separator = '\0';
-  std::string environment, placeholder, deprecated, shownDefault, only;  // empty if there is none
+  std::string_view environment, placeholder, deprecated, shownDefault, only;  // empty: none
   std::vector<DeclaredChoice> choices;
   std::vector<std::pair<std::string_view, std::string_view>> deprecatedChoices;
   std::vector<OwnedCallable> checks;
-  std::string lowest, highest;  // bytes of values; empty if there is no range
+  std::string_view lowest, highest;  // bytes of values; empty if there is no range
 
   Source source = Source::none;
   unsigned int given = 0;

@@ -118,7 +118,7 @@ std::string upper(std::string text) {
 
 std::string placeholderOf(const Declaration& declaration) {
   if (!declaration.placeholder.empty())
-    return declaration.placeholder;
+    return std::string(declaration.placeholder);
   return upper(declaration.firstName());
 }
 
@@ -152,9 +152,9 @@ std::string choicesText(const Declaration& declaration) {
   return text;
 }
 
-void addRemark(std::string& text, const char* before, const std::string& remark) {
+void addRemark(std::string& text, const char* before, std::string_view remark) {
   if (!remark.empty())
-    text += before + remark + '.';
+    text.append(before).append(remark).append(1, '.');
 }
 
 std::string described(const Declaration& declaration) {

@@ -30,7 +30,7 @@ std::string isRequired(const Declaration& declaration) {
 
 std::string isDeprecated(const Declaration& declaration) {
   return "Option " + quoted(shownName(declaration.firstName())) +
-         " is deprecated: " + declaration.deprecated;
+         " is deprecated: " + std::string(declaration.deprecated);
 }
 
 std::string isDeprecatedChoice(const Declaration& declaration, const std::string& former,

@@ -40,7 +40,7 @@ void checkActions(const ToolData& tool) {
 }
 
 void checkActionsOf(const Declaration& declaration, const ToolData& tool, const Scope& scope) {
-  for (const std::string& name : splitAt(declaration.only, ',')) {
+  for (const std::string& name : splitAt(std::string(declaration.only), ',')) {
     const Declaration* const action = scope.declared(tool, name);
     if (action == nullptr)
       reportMistake(called(declaration) + " goes only with '" + name + "', which is not declared");
@@ -54,7 +54,7 @@ void checkActionsOf(const Declaration& declaration, const ToolData& tool, const 
 void checkModifiers(const Declaration& declaration) {
   if (declaration.use == Use::action && !declaration.environment.empty())
     reportMistake(called(declaration) + " cannot be given by the environment variable '" +
-                  declaration.environment + "'");
+                  std::string(declaration.environment) + "'");
   if (!declaration.lowest.empty() && !isInRange(declaration, declaration.highest.data()))
     reportMistake(called(declaration) + " takes no number from " + rangeText(declaration));
   for (const auto& deprecated : declaration.deprecatedChoices) {

@@ -27,7 +27,7 @@ constexpr const char* tooManyNames = "a,b,c,d";
 
 // A name that only the layer uses, in the memory of the tool.
 std::string_view markedName(const Declaration& declaration, char mark) {
-  return declaration.tool.keep({{&mark, 1}, *declaration.names.begin()});
+  return declaration.tool.keep(*declaration.names.begin(), {&mark, 1});
 }
 
 // What the parser would split, or take for the end of the name.
@@ -246,7 +246,7 @@ IOption& Scope::declareOnParser(const Declaration& declaration, const char* name
   if (declaration.use == Use::action)
     option = m_parser.action(names, help, type, group);
   else if (!declaration.only.empty())
-    option = m_parser.modifier(names, declaration.only.c_str(), help, type, group);
+    option = m_parser.modifier(names, declaration.only.data(), help, type, group);
   else
     option = m_parser.option(names, help, type, group);
   if (option == m_rejected)
@@ -282,9 +282,9 @@ void limitValues(IOption& option, const Declaration& declaration, Purpose purpos
 }
 
 void Scope::annotateAll(const Declaration& declaration, const std::string& name) {
-  const auto addFact = [&](const char* key, const std::string& text) {
+  const auto addFact = [&](const char* key, std::string_view text) {
     if (!text.empty())
-      annotateOrThrow(m_parser, name.c_str(), key, text);
+      annotateOrThrow(m_parser, name.c_str(), key, std::string(text));
   };
   addFact("placeholder", declaration.placeholder);
   addFact("range", rangeText(declaration));

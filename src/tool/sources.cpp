@@ -47,8 +47,13 @@ int parseInto(const Scope& scope, IParser& parser, GivenValues& values,
   return status == status::unidentifiedProblem ? int{status::exceptionCaught} : status;
 }
 
+// The beginning of an error.
+std::string ofVariable(const Declaration& declaration) {
+  return "Environment variable " + std::string(declaration.environment) + ": ";
+}
+
 int refuse(const Declaration& declaration, const char* expected, std::string& failure) {
-  failure = "Environment variable " + declaration.environment + ": expected " + expected;
+  failure = ofVariable(declaration) + "expected " + expected;
   return status::usageError;
 }
 
@@ -67,7 +72,7 @@ int readTruth(Declaration& declaration, const std::string& text, GivenValues& va
     outrankFile(declaration);
   if (declaration.use != Use::option || values.giveTruth(declaration, isTrue(text)))
     return status::success;
-  failure = "Environment variable " + declaration.environment + ": " + reasonOf(values);
+  failure = ofVariable(declaration) + reasonOf(values);
   return values.failureStatus();
 }
 
@@ -91,7 +96,7 @@ int readVariable(const Scope& scope, IParser& parser, Declaration& declaration,
   if (!declaration.takesValue())
     return readTruth(declaration, text, values, failure);
   const std::string argument = "--" + scope.nameOf(declaration) + '=' + text;
-  failure = "Environment variable " + declaration.environment + ": ";
+  failure = ofVariable(declaration);
   return parseInto(scope, parser, values, {"", argument.c_str()}, {}, failure);
 }
 
@@ -236,7 +241,7 @@ std::string atHome(const std::string& path) {
 bool isConcerned(const Declaration& declaration, const GivenValues& values) {
   if (declaration.only.empty())
     return true;
-  const std::string list = ',' + declaration.only + ',';
+  const std::string list = ',' + std::string(declaration.only) + ',';
   for (const Declaration* const action : values.actions()) {
     for (const std::string_view name : action->names) {
       if (list.find(',' + std::string(name) + ',') != std::string::npos)
@@ -253,7 +258,7 @@ int readEnvironment(const Scope& scope, IParser& parser, GivenValues& values,
     if (declaration->environment.empty())
       continue;
     // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing here changes the environment
-    const char* const text = std::getenv(declaration->environment.c_str());
+    const char* const text = std::getenv(declaration->environment.data());
     if (text == nullptr || *text == '\0' || declaration->use == Use::action ||
         !isConcerned(*declaration, values))
       continue;

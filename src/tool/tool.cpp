@@ -92,6 +92,7 @@ std::vector<const char*> wordsOf(const ToolData& tool, int argc, const char* con
   if (argc <= 0 && words.empty())
     words.push_back("");
   const int count = tool.parent == nullptr && argv != nullptr ? std::abs(argc) : 0;
+  words.reserve(words.size() + static_cast<std::size_t>(count) + 1);
   for (int index = 0; index < count && argv[index] != nullptr; ++index)
     words.push_back(argv[index]);
   if (words.empty())
@@ -108,14 +109,14 @@ int tell(Text& text, const char* answer) {
 
 void note(Declaration* declaration, Note note, const char* text) noexcept {
   remembering(toolOf(declaration), [&] {
-    std::string* const texts[] = {nullptr,
-                                  nullptr,
-                                  &declaration->environment,
-                                  &declaration->placeholder,
-                                  nullptr,
-                                  &declaration->only,
-                                  &declaration->deprecated,
-                                  &declaration->shownDefault};
+    std::string_view* const texts[] = {nullptr,
+                                       nullptr,
+                                       &declaration->environment,
+                                       &declaration->placeholder,
+                                       nullptr,
+                                       &declaration->only,
+                                       &declaration->deprecated,
+                                       &declaration->shownDefault};
     if (note == Note::required)
       declaration->isRequired = true;
     else if (note == Note::hidden)
@@ -123,7 +124,7 @@ void note(Declaration* declaration, Note note, const char* text) noexcept {
     else if (note == Note::split)
       declaration->separator = *orEmpty(text);
     else
-      *texts[static_cast<int>(note)] = orEmpty(text);
+      *texts[static_cast<int>(note)] = declaration->tool.keep(orEmpty(text));
   });
 }
 
@@ -135,10 +136,12 @@ void limit(Declaration* declaration, Limit limit, const void* first, const void*
     const auto text = [](const void* given) { return orEmpty(static_cast<const char*>(given)); };
     ToolData& tool = declaration->tool;
     if (limit == Limit::range) {
-      declaration->lowest = bytesOf(first, bytes);
-      declaration->highest = bytesOf(second, bytes);
+      declaration->lowest = tool.keep(bytesOf(first, bytes));
+      declaration->highest = tool.keep(bytesOf(second, bytes));
     } else if (limit == Limit::choice) {
-      declaration->choices.push_back({tool.keep(text(first)), tool.keep(bytesOf(second, bytes))});
+      const std::string_view value = bytesOf(second, bytes);
+      declaration->choices.push_back(
+          {tool.keep(text(first)), value.empty() ? value : tool.keep(value)});
     } else if (limit == Limit::deprecatedChoice) {
       declaration->deprecatedChoices.emplace_back(tool.keep(text(first)), tool.keep(text(second)));
     } else {
@@ -201,7 +204,7 @@ Option<const char*> Tool::config(const char* names, const char* path, const char
   Declaration* const declaration = add(Use::config, names, help, nullptr, nullptr, {});
   remembering(declaration != nullptr ? m_data : nullptr, [&] {
     declaration->path = m_data->keep(orEmpty(path)).data();
-    declaration->shownDefault = orEmpty(path);
+    declaration->shownDefault = declaration->path;
   });
   return Option<const char*>(declaration);
 }

@@ -36,10 +36,9 @@ using EarlyOptions = std::map<std::size_t, Declaration*>;
 constexpr std::size_t firstBlock = 8192;
 
 struct ToolData {
-  /// Returns a zero-terminated copy of the texts, one after the other, which lives as long as the
-  /// tool. Throws std::bad_alloc.
-  std::string_view keep(std::initializer_list<std::string_view> parts);
-  std::string_view keep(std::string_view text) { return keep({text}); }
+  /// Returns a zero-terminated copy of `before` and the text, which lives as long as the tool.
+  /// Throws std::bad_alloc.
+  std::string_view keep(std::string_view text, std::string_view before = {});
 
   /// The name as a user types it, with the words of the command.
   std::string calledName() const { return command != nullptr ? name + ' ' + command->words : name; }

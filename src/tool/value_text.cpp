@@ -170,7 +170,7 @@ std::string limitsText(const VariableType& type) {
 
 std::string defaultText(const Declaration& declaration) {
   if (!declaration.shownDefault.empty())
-    return declaration.shownDefault;
+    return std::string(declaration.shownDefault);
   if (declaration.variable == nullptr || declaration.isRequired || declaration.use == Use::flag ||
       declaration.use == Use::count)
     return "";
@@ -190,7 +190,7 @@ std::string shownDefault(const Declaration& declaration) {
   const bool isNumberList = declaration.isList() && declaration.variable != nullptr &&
                             isNumber(*declaration.type) &&
                             declaration.type->at(declaration.variable, 1) != nullptr;
-  return isNumberList ? defaultText(declaration) : declaration.shownDefault;
+  return isNumberList ? defaultText(declaration) : std::string(declaration.shownDefault);
 }
 
 void setDefault(IOption& option, const Declaration& declaration) {
