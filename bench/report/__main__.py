@@ -42,7 +42,8 @@ def measured(bench):
     tools = bench.tools()
     progress("completion")
     tabs = completion.measured(bench.source, bench.describe(), bench.rounds * 4)
-    rows = tables.targets(figures, line, tools, bench.library_bytes())
+    cycles = {peer: bench.instructions("W1/cycle/1", peer) for peer in ("kivo", "kivo_tool")}
+    rows = tables.targets(figures, line, tools, bench.library_bytes(), cycles)
     text = "\n".join([
         about,
         "### Targets\n", tables.target_table(rows),

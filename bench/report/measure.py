@@ -24,6 +24,7 @@ PEERS = {
     "cxxopts": "cxxopts",
     "args": "taywee/args",
     "gflags": "gflags",
+    "kivo_tool": "kivo/tool.h",  # no peer: what the layer costs on top
 }
 CPP_PEERS = ("boost", "cli11", "cxxopts", "args", "gflags")
 BASELINES = {"empty": "an empty program", "headers": "empty, with the three headers"}
@@ -32,6 +33,7 @@ LEFT_OUT = "left out: "
 TOOL_ARGUMENTS = ["--verbose", "--jobs=8", "--level=5", "--ratio=0.75", "--output=result.txt",
                   "--mode=fast"]
 TOOL_STATUS = 31
+KIVO_TOOLS = ("kivo", "kivo_tool")
 TOOL_LIBRARIES = {"popt": ["-lpopt"], "boost": ["-lboost_program_options"],
                   "gflags": ["-lgflags"]}
 
@@ -125,11 +127,19 @@ class Bench:
         folder.mkdir(exist_ok=True)
         return folder / tool
 
+    def tool_source(self, tool):
+        return self.source / "bench" / "tools" / f"{tool}.cpp"
+
+    def lines_of_code(self, tool):
+        """The lines of a tool that are neither blank nor a comment."""
+        lines = map(str.strip, self.tool_source(tool).read_text().splitlines())
+        return sum(1 for line in lines if line and not line.startswith("//"))
+
     def compile(self, tool):
-        flags = self.compile_flags if tool == "kivo" else []
+        flags = self.compile_flags if tool in KIVO_TOOLS else []
         before = resource.getrusage(resource.RUSAGE_CHILDREN)
-        run(["g++", "-std=c++17", "-O2", "-c", *flags,
-             self.source / "bench" / "tools" / f"{tool}.cpp", "-o", f"{self.tool_path(tool)}.o"])
+        run(["g++", "-std=c++17", "-O2", "-c", *flags, self.tool_source(tool), "-o",
+             f"{self.tool_path(tool)}.o"])
         after = resource.getrusage(resource.RUSAGE_CHILDREN)
         return after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
 
@@ -140,19 +150,19 @@ class Bench:
         language too, so what a tool has above an empty program comes from the peer alone.
         """
         path = self.tool_path(tool)
-        libraries = self.link_flags if tool == "kivo" else TOOL_LIBRARIES.get(tool, [])
+        libraries = self.link_flags if tool in KIVO_TOOLS else TOOL_LIBRARIES.get(tool, [])
         run(["g++", f"{path}.o", "-s", "-o", path, f"-Wl,-rpath,{self.library.parent}",
              "-Wl,--no-as-needed" if tool in BASELINES else "-Wl,--as-needed", *libraries])
         status = subprocess.run([path, *TOOL_ARGUMENTS], check=False).returncode
         if status != (0 if tool in BASELINES else TOOL_STATUS):
             sys.exit(f"the ten-option tool of {tool} gives wrong answers: {status}")
-        return {"bytes": path.stat().st_size,
+        return {"bytes": path.stat().st_size, "lines": self.lines_of_code(tool),
                 "instructions": executed([path, *TOOL_ARGUMENTS])}
 
-    def instructions(self, name):
+    def instructions(self, name, peer="kivo"):
         """The instructions of one iteration, from two runs with different numbers of them."""
         few, many = 2, 12
-        command = [self.program("kivo"), f"--benchmark_filter=^{name}/iterations:"]
+        command = [self.program(peer), f"--benchmark_filter=^{name}/iterations:"]
         return (executed([*command, f"--iterations={many}"]) -
                 executed([*command, f"--iterations={few}"])) / (many - few)
 

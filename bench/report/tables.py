@@ -107,10 +107,11 @@ def heap_table(cycle, parse, line, values):
 def tool_table(tools, names):
     empty, headers = tools["empty"], tools["headers"]
     rows = [[names[tool], f"{of['seconds']:.2f}", f"{of['seconds'] / headers['seconds']:.1f}",
-             f"{of['bytes']:,}", f"{of['instructions'] - empty['instructions']:,}"]
+             f"{of['bytes']:,}", f"{of['instructions'] - empty['instructions']:,}",
+             of["lines"]]
             for tool, of in tools.items()]
     return table(["", "B1 compile, CPU seconds", "ratio to that with three headers",
-                  "B1 stripped bytes", "B2 instructions above empty"], rows)
+                  "B1 stripped bytes", "B2 instructions above empty", "lines of code"], rows)
 
 
 def completion_table(rows):
@@ -128,8 +129,9 @@ def left_out_table(left_out):
                   sorted(works.items())])
 
 
-def targets(figures, heap, tools, library_bytes):
-    """Rows of the target, its upper limit, and the measured value."""
+def targets(figures, heap, tools, library_bytes, cycles):
+    """Rows of the target, its upper limit, and the measured value. `cycles` are the instructions of
+    W1's whole cycle."""
     rows = []
 
     def against_best(work, size, most):
@@ -172,6 +174,17 @@ def targets(figures, heap, tools, library_bytes):
     rows.append(("B2 instructions above an empty program's", 230000,
                  kivo["instructions"] - empty["instructions"]))
     rows.append(("B2 stripped bytes of `libkivo.so`", 340000, library_bytes))
+    layer, cli11 = tools["kivo_tool"], tools.get("cli11")
+    rows.append(("W1 whole cycle with kivo/tool.h, instructions, of those without", 1.8,
+                 cycles["kivo_tool"] / cycles["kivo"]))
+    rows.append(("B1 compile with kivo/tool.h, of that without", 1.5,
+                 layer["seconds"] / kivo["seconds"]))
+    rows.append(("B1 stripped bytes with kivo/tool.h", 24576, layer["bytes"]))
+    if cli11:
+        rows.append(("B1 compile with kivo/tool.h, of CLI11's", 0.12,
+                     layer["seconds"] / cli11["seconds"]))
+        rows.append(("B1 lines of code with kivo/tool.h, of CLI11's", 1,
+                     layer["lines"] / cli11["lines"]))
     return rows
 
 
