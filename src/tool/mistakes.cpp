@@ -55,6 +55,16 @@ void checkModifiers(const Declaration& declaration) {
   if (declaration.use == Use::action && !declaration.environment.empty())
     reportMistake(called(declaration) + " cannot be given by the environment variable '" +
                   declaration.environment + "'");
+  if (!declaration.lowest.empty() && !isInRange(declaration, declaration.highest.data()))
+    reportMistake(called(declaration) + " takes no number from " + rangeText(declaration));
+  for (const auto& deprecated : declaration.deprecatedChoices) {
+    const bool isChoice =
+        std::any_of(declaration.choices.begin(), declaration.choices.end(),
+                    [&](const auto& choice) { return choice.text == deprecated.second; });
+    if (!isChoice && !declaration.choices.empty())
+      reportMistake(called(declaration) + " takes '" + deprecated.first + "' as '" +
+                    deprecated.second + "', which is none of its choices");
+  }
 }
 
 // Where choices stand for values, a default that is no choice has no text.

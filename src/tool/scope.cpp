@@ -126,6 +126,8 @@ void Scope::addAll(ToolData& tool) {
 }
 
 void Scope::addOperand(Declaration& declaration) {
+  if (declaration.names.size() != 1 || declaration.firstName().empty())
+    reportMistake(called(declaration) + " needs one name");
   const std::string name = untypable(declaration.firstName());
   const auto [taken, isNew] = m_taken.emplace(name, &declaration);
   if (!m_operands.empty() && m_operands.back()->use == Use::rest)

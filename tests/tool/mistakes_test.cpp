@@ -66,6 +66,14 @@ TEST_F(ToolMistakes, AnOperandDeclaredTwice) {
   EXPECT_EQ("the name 'file' is declared twice, by operand 'file' and by rest 'file'", reported());
 }
 
+TEST_F(ToolMistakes, AnOperandWithoutOneName) {
+  tool.operand(nullptr, text, nullptr);
+  tool.rest("a,b", texts, "Others.");
+  EXPECT_EQ("operand '' needs one name; rest 'a,b' needs one name", reported({"x", "y"}));
+  EXPECT_EQ("x", text);
+  EXPECT_EQ(std::vector<std::string>{"y"}, texts);
+}
+
 TEST_F(ToolMistakes, AnOperandAfterTheRest) {
   tool.rest("files", texts, "All.");
   tool.operand("file", text, "One.");
@@ -171,6 +179,51 @@ TEST_F(ToolMistakes, AnActionOfTheEnvironment) {
   EXPECT_EQ("tool: Option '--go' is required\nTry 'tool --help'.\n", tool.err);
   EXPECT_EQ(0U, go.given());
   unsetenv("TRIED_GO");
+}
+
+TEST_F(ToolMistakes, ARangeWithoutNumbers) {
+  int number = 5;
+  double real = 0.5;
+  tool.option("number", number, "A number.").range(9, 1);
+  tool.option("real", real, "A number.").range(0.5, 0.5);
+  EXPECT_EQ("option 'number' takes no number from 9 to 1", reported({"--number=5"}));
+  EXPECT_EQ("tool: Option 'number' does not take '5', expected: 9 to 1\nTry 'tool --help'.\n",
+            tool.err);
+}
+
+TEST_F(ToolMistakes, ADeprecatedChoiceThatStandsForNone) {
+  tool.option("tone", text, "How.").choices({"low"}).deprecatedChoice("loud", "high");
+  tool.option("free", text, "Any.").deprecatedChoice("loud", "high");
+  EXPECT_EQ("option 'tone' takes 'loud' as 'high', which is none of its choices", reported());
+}
+
+TEST_F(ToolMistakes, NoneForTextsThatAreNull) {
+  tool.section(nullptr);
+  tool.option("text", text, nullptr).env(nullptr).placeholder(nullptr).only(nullptr);
+  tool.flag("one", one, nullptr).deprecated(nullptr).shownDefault(nullptr);
+  tool.config("config", nullptr, nullptr);
+  tool.footer(nullptr);
+  EXPECT_EQ("", reported({"--text=x", "--one"}));
+  EXPECT_EQ("x", text);
+  EXPECT_EQ("", tool.err);
+}
+
+TEST_F(ToolMistakes, AToolWithoutAName) {
+  Tried unnamed(nullptr, nullptr, nullptr);
+  EXPECT_EQ("Usage: [OPTION]...\n\nOptions:\n  -h, --help  Show this help.\n", unnamed.help());
+  EXPECT_EQ(2, unnamed.run({"--version"}));
+  EXPECT_EQ(": Unknown option: --version\nTry ' --help'.\n", unnamed.err);
+}
+
+TEST_F(ToolMistakes, NullsInListsOfNames) {
+  tool.option("text", text, "A text.").choices({static_cast<const char*>(nullptr), "low"});
+  tool.atMostOne({nullptr, "text"});
+  tool.exactlyOne({});
+  tool.command(nullptr, nullptr, [](Tool& inner) { return inner.parse().value_or(0); });
+  EXPECT_EQ(
+      "command '' needs words with single blanks between and no dash before; "
+      "the group ',text' has the name '', which is no option",
+      reported());
 }
 
 TEST_F(ToolMistakes, ADefaultOutsideTheChoices) {
