@@ -361,7 +361,8 @@ class Tool {
   KIVO_API void footer(const char* text) noexcept;
   /// The status for wrong arguments instead of 2.
   KIVO_API void usageStatus(int status) noexcept;
-  /// Hands what would be printed to `function(const char* text, bool isError)`.
+  /// Hands what would be printed to `function(const char* text, bool isError)`. If it throws, that
+  /// counts as a text that cannot be written.
   template <class Function>
   void output(Function function) {
     setOutput(tool_glue::keep<const char* const>(static_cast<Function&&>(function)));

@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cstdio>
 #include <cstdlib>
+#include <new>
 #include <string_view>
 
 namespace kivo_3_3::tool_glue {
@@ -16,7 +17,13 @@ bool print(const ToolData& tool, const std::string& text, bool isError) {
   if (output) {
     Text unused;
     const char* characters = text.c_str();
-    output(&characters, &isError, unused);
+    try {
+      output(&characters, &isError, unused);
+    } catch (const std::bad_alloc&) {
+      throw;
+    } catch (...) {
+      return false;
+    }
     return true;
   }
   std::FILE* const stream = isError ? stderr : stdout;

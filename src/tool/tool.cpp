@@ -60,8 +60,8 @@ int tellOfMemory(const ToolData* tool) {
     bool isError = true;
     try {
       tool->root().output(&text, &isError, unused);
-    } catch (const std::bad_alloc&) {
-      break;  // the tool has no memory for it either
+    } catch (...) {
+      break;  // the tool has no memory for it either, or cannot write it
     }
   }
   return status::exceptionCaught;
