@@ -389,7 +389,7 @@ class Tool {
   }
   /// Prints a reason as an error of the user, and returns the status for wrong arguments.
   KIVO_API int fail(const char* reason) noexcept;
-  /// What "--help" prints.
+  /// What "--help" prints; empty if memory has run out. What formatValue() throws passes through.
   std::string help() { return helpText(); }
   /// The parser that the tool declares on at parse(); null if there was no memory for it.
   KIVO_API IParser* parser() noexcept;
@@ -422,7 +422,7 @@ class Tool {
   }
   KIVO_API void setOutput(const tool_glue::Callable& function) noexcept;
   KIVO_API bool parse(int argc, const char* const* argv, int& status);
-  KIVO_API const char* helpText() noexcept;
+  KIVO_API const char* helpText();
 
   tool_glue::ToolData* m_data;  // null if there was no memory for it
 };

@@ -20,6 +20,7 @@
 #include "tool/scope.h"
 #include "tool/sources.h"
 #include "tool/suggestions.h"
+#include "tool/value_text.h"
 
 namespace kivo_3_3::tool_glue {
 namespace {
@@ -66,6 +67,19 @@ int statusOf(const ToolData& tool, int parserStatus, const std::string& reason) 
     return refused(tool, reason);
   printError(tool, reason.empty() ? "The command line cannot be read" : reason);
   return parserStatus;
+}
+
+// The status of the tool for what a function of the tool has thrown.
+int statusOfThrown(const ToolData& tool, const std::exception_ptr& thrown) {
+  std::string reason;
+  try {
+    std::rethrow_exception(thrown);
+  } catch (const std::exception& problem) {
+    reason = problem.what();
+  } catch (...) {
+    reason.clear();
+  }
+  return statusOf(tool, status::unidentifiedProblem, reason);
 }
 
 // The values are notified by the parser while this object exists.
@@ -122,10 +136,8 @@ class CommandLine {
         callWith(*call.first, call.second);
     } catch (const std::bad_alloc&) {
       throw;
-    } catch (const std::exception& problem) {
-      return statusOf(m_tool, status::unidentifiedProblem, problem.what());
     } catch (...) {
-      return statusOf(m_tool, status::unidentifiedProblem, "");
+      return statusOfThrown(m_tool, std::current_exception());
     }
     return std::nullopt;
   }
@@ -338,6 +350,23 @@ bool isDescriptionAsked(const std::vector<const char*>& words) {
   return words.size() > 1 && std::string_view(words[1]) == descriptionSwitch;
 }
 
+bool runOnce(ToolData& tool, const std::vector<const char*>& words, int& status) {
+  parserOf(tool);
+  addBuiltIn(tool.root());
+  if (tool.isDescribing) {
+    reportMistakes(tool, Scope(tool, *tool.parser, Purpose::description));
+    status = status::success;
+    return true;
+  }
+  if (tool.parent == nullptr && isDescriptionAsked(words)) {
+    status = writeDescription(tool);
+    return true;
+  }
+  if (!tool.commands.empty())
+    return runWithCommands(tool, words, status);
+  return runAlone(tool, words, status);
+}
+
 }  // namespace
 
 void printError(const ToolData& tool, const std::string& reason) {
@@ -369,20 +398,14 @@ bool run(ToolData& tool, const std::vector<const char*>& words, int& status) {
     status = status::unidentifiedProblem;
     return true;
   }
-  parserOf(tool);
-  addBuiltIn(tool.root());
-  if (tool.isDescribing) {
-    reportMistakes(tool, Scope(tool, *tool.parser, Purpose::description));
-    status = status::success;
+  try {
+    return runOnce(tool, words, status);
+  } catch (const NoText& failure) {
+    if (tool.isDescribing)  // the description of the whole tool fails
+      throw;
+    status = statusOfThrown(tool, failure.cause);
     return true;
   }
-  if (tool.parent == nullptr && isDescriptionAsked(words)) {
-    status = writeDescription(tool);
-    return true;
-  }
-  if (!tool.commands.empty())
-    return runWithCommands(tool, words, status);
-  return runAlone(tool, words, status);
 }
 
 }  // namespace kivo_3_3::tool_glue

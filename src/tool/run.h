@@ -14,7 +14,7 @@ void printError(const ToolData& tool, const std::string& reason);
 /// Makes the parser if there is none. Throws std::bad_alloc.
 IParser& parserOf(ToolData& tool);
 
-/// What "--help" prints.
+/// What "--help" prints. Throws std::bad_alloc, and NoText.
 std::string helpOf(ToolData& tool);
 
 }  // namespace kivo_3_3::tool_glue

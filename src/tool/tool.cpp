@@ -12,6 +12,7 @@
 #include "tool/console.h"
 #include "tool/run.h"
 #include "tool/scope.h"
+#include "tool/value_text.h"
 
 namespace kivo_3_3 {
 namespace tool_glue {
@@ -21,7 +22,7 @@ const char* orEmpty(const char* text) { return text != nullptr ? text : ""; }
 
 // Does something that may run out of memory. Returns `otherwise` if it did.
 template <class Work, class Result>
-Result remembering(ToolData* tool, Result otherwise, Work work) noexcept {
+Result remembering(ToolData* tool, Result otherwise, Work work) {
   if (tool == nullptr)
     return otherwise;
   try {
@@ -268,11 +269,15 @@ IParser* Tool::parser() noexcept {
   });
 }
 
-const char* Tool::helpText() noexcept {
-  return remembering(m_data, "", [&] {
-    m_data->help = helpOf(*m_data);
-    return m_data->help.c_str();
-  });
+const char* Tool::helpText() {
+  try {
+    return remembering(m_data, "", [&] {
+      m_data->help = helpOf(*m_data);
+      return m_data->help.c_str();
+    });
+  } catch (const tool_glue::NoText& failure) {
+    std::rethrow_exception(failure.cause);
+  }
 }
 
 }  // namespace kivo_3_3

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <iterator>
 #include <limits>
+#include <new>
 #include <sstream>
 #include <string_view>
 #include <system_error>
@@ -143,7 +144,13 @@ std::string valueText(const Declaration& declaration, const void* value) {
   if (type.kind == Kind::character)
     return load<char>(value) != '\0' ? std::string(1, load<char>(value)) : "";
   Text shown;
-  type.show(value, shown);
+  try {
+    type.show(value, shown);
+  } catch (const std::bad_alloc&) {
+    throw;
+  } catch (...) {
+    throw NoText{std::current_exception()};
+  }
   return shown.characters;
 }
 

@@ -2,6 +2,7 @@
 
 #include <kivo/option.h>
 
+#include <exception>
 #include <string>
 
 #include "tool/declaration.h"
@@ -16,7 +17,14 @@ std::string rangeText(const Declaration& declaration);
 /// The numbers that the type can hold: "0 to 255".
 std::string limitsText(const VariableType& type);
 
-/// A value of the variable as it may be typed; empty for a value that has no text.
+/// A function of the tool's own that gives a value as text has thrown something else than
+/// std::bad_alloc.
+struct NoText {
+  std::exception_ptr cause;
+};
+
+/// A value of the variable as it may be typed; empty for a value that has no text. Throws NoText,
+/// and so does all that needs a text of the default.
 std::string valueText(const Declaration& declaration, const void* value);
 
 /// What the variable holds: the default. Empty if there is nothing to show, and for a value that is
