@@ -24,6 +24,11 @@ constexpr std::size_t mostBytes = std::size_t{16} << 20;  // of a file; an endle
 bool isTrue(const std::string& text) { return text == "1" || text == "true"; }
 bool isFalse(const std::string& text) { return text == "0" || text == "false"; }
 
+// Why a value was refused; a function of the tool may have thrown something without a text.
+std::string reasonOf(const GivenValues& values) {
+  return values.failure().empty() ? "The value cannot be read" : values.failure();
+}
+
 // Parses words, the first of which is passed over, without storing them. Returns the status.
 int parseInto(const Scope& scope, IParser& parser, GivenValues& values,
               const std::vector<const char*>& words, const std::vector<std::string>& unknownNames,
@@ -32,7 +37,7 @@ int parseInto(const Scope& scope, IParser& parser, GivenValues& values,
   const bool isFromValues = values.failureStatus() != 0;
   if (!isFromValues && status == status::success)
     return status;
-  const std::string reason = isFromValues ? values.failure() : parser.getErrorDesc();
+  const std::string reason = isFromValues ? reasonOf(values) : parser.getErrorDesc();
   failure += reason + suggestedOption(scope, unknownNames, reason) + suggestedChoice(scope, reason);
   // A parser that fails without a reason of its own had no memory.
   const int ofParser =
@@ -69,7 +74,7 @@ int readTruth(Declaration& declaration, const std::string& text, GivenValues& va
     outrankFile(declaration);
   if (declaration.use != Use::option || values.giveTruth(declaration, isTrue(text)))
     return status::success;
-  failure = "Environment variable " + declaration.environment + ": " + values.failure();
+  failure = "Environment variable " + declaration.environment + ": " + reasonOf(values);
   return values.failureStatus();
 }
 
