@@ -377,9 +377,7 @@ class Tool {
   }
   /// The same for arguments without the name of the tool: parse({"--times=3", "Ada"}).
   [[nodiscard]] std::optional<int> parse(std::initializer_list<const char*> arguments) {
-    std::vector<const char*> all{""};
-    all.insert(all.end(), arguments);
-    return parse(static_cast<int>(all.size()), all.data());
+    return parse(-static_cast<int>(arguments.size()), arguments.begin());
   }
   /// The same for the arguments of a command.
   [[nodiscard]] std::optional<int> parse() { return parse(0, nullptr); }
@@ -421,6 +419,7 @@ class Tool {
       addToGroup(name, &name == names.begin(), isNeeded);
   }
   KIVO_API void setOutput(const tool_glue::Callable& function) noexcept;
+  // A negative number is that of arguments without the name of the tool.
   KIVO_API bool parse(int argc, const char* const* argv, int& status);
   KIVO_API const char* helpText();
 

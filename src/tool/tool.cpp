@@ -6,6 +6,7 @@
 #include <kivo/status.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <new>
 #include <type_traits>
 
@@ -86,9 +87,10 @@ void destroyUnless(const void* owner, const Callable& function) {
 // The arguments of a tool; those of a command are known already.
 std::vector<const char*> wordsOf(const ToolData& tool, int argc, const char* const* argv) {
   std::vector<const char*> words = tool.words;
-  for (int index = 0; words.size() == static_cast<std::size_t>(index) && tool.parent == nullptr &&
-                      index < argc && argv != nullptr && argv[index] != nullptr;
-       ++index)
+  if (argc <= 0 && words.empty())
+    words.push_back("");
+  const int count = tool.parent == nullptr && argv != nullptr ? std::abs(argc) : 0;
+  for (int index = 0; index < count && argv[index] != nullptr; ++index)
     words.push_back(argv[index]);
   if (words.empty())
     words.push_back("");

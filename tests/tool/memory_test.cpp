@@ -181,6 +181,21 @@ TEST(ToolWithoutMemory, EndsWithThreeEvenIfItCannotBeTold) {
   EXPECT_EQ(3, tool.parse(2, words).value_or(-1));
 }
 
+TEST(ToolWithoutMemory, ReadsNoListOfArguments) {
+  for (const Failing failing : {Failing::once, Failing::forEver}) {
+    for (long allowed = 0, status = 0; status != -1; ++allowed) {
+      bool given = false;
+      Tool tool("tool", "Tries a tool.");
+      tool.output([](const char*, bool) {});
+      tool.flag("given", given, "");
+      const AllocationLimit limit(allowed, failing);
+      status = tool.parse({"--given"}).value_or(-1);
+      ASSERT_TRUE(status == 3 || status == -1) << allowed;
+      EXPECT_EQ(status == -1, given);
+    }
+  }
+}
+
 // The parser of the command line reads the environment too, and may run out of memory there.
 TEST(ToolWithoutMemory, ReadsNoEnvironment) {
   setenv("TRIED_TEXT", "a text that is too long to be kept without memory of its own", 1);
