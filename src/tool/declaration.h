@@ -62,6 +62,9 @@ struct Declaration {
   bool takesValue() const;
   /// Whether every text, the empty one too, is a value.
   bool takesAnyText() const;
+  /// Whether some of the texts are deprecated. They are chosen here: the parser would write its own
+  /// warnings to standard error.
+  bool hasDeprecatedChoices() const { return takesValue() && !deprecatedChoices.empty(); }
   bool isList() const { return type != nullptr && type->holder == Holder::list; }
 
   /// Drops the given values.

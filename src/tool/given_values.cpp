@@ -1,9 +1,12 @@
 #include "tool/given_values.h"
 
+#include <algorithm>
 #include <cstring>
 #include <exception>
 #include <new>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include <kivo/status.h>
 
@@ -70,16 +73,30 @@ std::string readValue(const Declaration& declaration, const char* text, const va
   return "";
 }
 
-// The choice that a deprecated one stands for; another text stands for itself.
-const char* meantBy(const Declaration& declaration, const char* text) {
-  for (const auto& [former, now] : declaration.deprecatedChoices) {
-    if (former == text)
-      return now.c_str();
+// A choice that a text means, and what the variable gets for it.
+struct Meant {
+  const std::string* choice;
+  const std::string* value;
+};
+
+// The choices that a text means, in full or cut short, as the parser would find them.
+std::vector<Meant> meantBy(const Declaration& declaration, std::string_view text) {
+  std::vector<Meant> all;
+  for (const DeclaredChoice& choice : declaration.choices)
+    all.push_back({&choice.text, &choice.text});
+  for (const auto& [former, now] : declaration.deprecatedChoices)
+    all.push_back({&former, &now});
+  std::vector<Meant> begun;
+  for (const Meant& one : all) {
+    if (*one.choice == text)
+      return {one};
+    if (!declaration.choices.empty() && one.choice->compare(0, text.size(), text) == 0)
+      begun.push_back(one);
   }
-  return text;
+  return begun;
 }
 
-// What the parser expects of an operand.
+// What is expected of an operand, and of an option with deprecated choices.
 std::string expectedOf(const Declaration& declaration) {
   if (declaration.type != nullptr && isNumber(declaration.type->kind) &&
       declaration.choices.empty())
@@ -198,7 +215,7 @@ bool GivenValues::onValueParse(const char* name, const Value& value) {
     if (declaration->isOperand())
       takeOperand(text);
     else
-      take(*declaration, text, value.value);
+      choose(*declaration, text, value.value);
   });
 }
 
@@ -228,16 +245,31 @@ void GivenValues::takeOperand(const char* text) {
   give(declaration);
   if (readType(declaration) == vtString && declaration.choices.empty() &&
       (declaration.separator == '\0' || *text == '\0'))
-    return take(declaration, text, variant_t());
+    return choose(declaration, text, variant_t());
   const std::vector<OperandValue> items = m_reader.read(declaration, text);
   if (items.empty())
     return refuse(doesNotTake(declaration, text, expectedOf(declaration)));
   for (const auto& [item, typed] : items)
-    take(declaration, item.c_str(), typed);
+    choose(declaration, item.c_str(), typed);
 }
 
-void GivenValues::take(Declaration& declaration, const char* given, const variant_t& typed) {
-  const char* text = meantBy(declaration, given);
+void GivenValues::choose(Declaration& declaration, const char* given, const variant_t& typed) {
+  if (!declaration.hasDeprecatedChoices())
+    return take(declaration, given, typed);
+  const std::vector<Meant> meant = meantBy(declaration, given);
+  if (meant.empty() && declaration.choices.empty())  // then there are only deprecated ones
+    return take(declaration, given, typed);
+  if (meant.size() != 1)
+    return refuse(doesNotTake(declaration, given, expectedOf(declaration)));
+  const Meant& one = meant.front();
+  const std::string warning = isDeprecatedChoice(declaration, *one.choice, *one.value);
+  const bool isNew = std::find(m_warnings.begin(), m_warnings.end(), warning) == m_warnings.end();
+  if (one.choice != one.value && isNew && m_source == Source::commandLine)
+    m_warnings.push_back(warning);
+  take(declaration, one.value->c_str(), typed);
+}
+
+void GivenValues::take(Declaration& declaration, const char* text, const variant_t& typed) {
   if (declaration.type == nullptr) {
     const std::string expected = check(declaration, &text);
     if (!expected.empty())

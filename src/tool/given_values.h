@@ -4,6 +4,7 @@
 
 #include <deque>
 #include <string>
+#include <vector>
 
 #include "tool/operand_reader.h"
 #include "tool/scope.h"
@@ -42,11 +43,14 @@ class GivenValues final : public EventHandler {
   const std::string& failure() const { return m_failure; }
   /// The status of the failure: memory ran out, a function of the tool threw, or a wrong value.
   int failureStatus() const { return m_failureStatus; }
+  /// Of deprecated choices on the command line, each once.
+  const std::vector<std::string>& warnings() const { return m_warnings; }
   /// The actions that were given, in command-line order.
   const std::vector<Declaration*>& actions() const { return m_actions; }
 
  private:
-  void take(Declaration& declaration, const char* given, const variant_t& typed);
+  void choose(Declaration& declaration, const char* given, const variant_t& typed);
+  void take(Declaration& declaration, const char* text, const variant_t& typed);
   void takeOperand(const char* text);
   void read(Declaration& declaration, const char* text, const variant_t& typed, void* variable);
   void refuse(std::string reason);
@@ -63,6 +67,7 @@ class GivenValues final : public EventHandler {
   std::string m_mark;
   std::deque<std::string> m_marked;
   std::vector<Declaration*> m_actions;
+  std::vector<std::string> m_warnings;
   std::string m_failure;
   int m_failureStatus = 0;
 };

@@ -33,6 +33,13 @@ std::string isDeprecated(const Declaration& declaration) {
          " is deprecated: " + declaration.deprecated;
 }
 
+std::string isDeprecatedChoice(const Declaration& declaration, const std::string& former,
+                               const std::string& now) {
+  return (declaration.isOperand() ? "Operand " + quoted(declaration.firstName())
+                                  : "Option " + quoted(shownName(declaration.firstName()))) +
+         ": " + quoted(former) + " is deprecated: use " + quoted(now);
+}
+
 std::string isForCommandLine(const Declaration& declaration) {
   return "A configuration file cannot give " + quoted(shownName(declaration.firstName()));
 }

@@ -16,6 +16,8 @@ std::string doesNotTake(const Declaration& declaration, const std::string& text,
                         const std::string& expected);
 std::string isRequired(const Declaration& declaration);
 std::string isDeprecated(const Declaration& declaration);
+std::string isDeprecatedChoice(const Declaration& declaration, const std::string& former,
+                               const std::string& now);
 std::string isForCommandLine(const Declaration& declaration);
 std::string isUnexpected(const std::string& argument);
 std::string excludeEachOther(const std::vector<std::string>& names);

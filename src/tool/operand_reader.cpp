@@ -34,7 +34,7 @@ ParserHandle parserFor(const Declaration& declaration) {
     throw std::bad_alloc();
   IOption& option = *parser->option("operand", "", readType(declaration));
   option.positional();
-  limitValues(option, declaration);
+  limitValues(option, declaration, Purpose::parse);
   return parser;
 }
 

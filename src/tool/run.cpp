@@ -120,9 +120,11 @@ class CommandLine {
   std::optional<int> deliver() {
     std::vector<std::pair<unsigned int, std::pair<Declaration*, const char*>>> calls;
     const std::vector<Declaration*> delivered = toDeliver();
+    for (const std::string& warning : m_values.warnings())
+      warn(warning);
     for (Declaration* declaration : delivered) {
       if (!declaration->deprecated.empty())
-        print(m_tool, m_tool.root().name + ": " + isDeprecated(*declaration) + '\n', true);
+        warn(isDeprecated(*declaration));
       for (const PlacedText& text : declaration->texts) {
         if (declaration->use == Use::each)
           calls.push_back({text.place, {declaration, text.text.c_str()}});
@@ -236,6 +238,10 @@ class CommandLine {
       *static_cast<int*>(declaration.variable) = static_cast<int>(declaration.given);
     else if (declaration.staged != nullptr)
       declaration.type->move(declaration.staged, declaration.variable);
+  }
+
+  void warn(const std::string& warning) const {
+    print(m_tool, m_tool.root().name + ": " + warning + '\n', true);
   }
 
   static void callWith(Declaration& declaration, const char* text) {

@@ -100,7 +100,7 @@ variant_type_t parserType(const Declaration& declaration) {
 variant_type_t readType(const Declaration& declaration) {
   const variant_type_t type = parserType(declaration);
   const bool isLong = type == vtDouble && declaration.type->bytes > sizeof(double);
-  return isLong ? vtString : type;
+  return isLong || declaration.hasDeprecatedChoices() ? vtString : type;
 }
 
 Scope::Scope(ToolData& tool, IParser& parser, Purpose purpose)
@@ -229,7 +229,7 @@ void Scope::declare(Declaration& declaration, const std::vector<std::string>& na
   if (declaration.isOperand())
     option.positional();
   if (!takesAnything)
-    limitValues(option, declaration);
+    limitValues(option, declaration, m_purpose);
   if (m_purpose == Purpose::description && shownDefault(declaration).empty())
     setDefault(option, declaration);
   if (m_purpose == Purpose::description)
@@ -243,11 +243,13 @@ bool Scope::isDeclared(const std::string& name, bool amongActions) const {
          m_parser.isOptionDeclared(name.c_str(), amongActions, nullptr);
 }
 
-void limitValues(IOption& option, const Declaration& declaration) {
-  for (const DeclaredChoice& choice : declaration.choices)
-    option.allowValue(choice.text.c_str());
-  for (const auto& [former, now] : declaration.deprecatedChoices)
-    option.allowDeprecatedValue(former.c_str(), now.c_str());
+void limitValues(IOption& option, const Declaration& declaration, Purpose purpose) {
+  if (purpose == Purpose::description || !declaration.hasDeprecatedChoices()) {
+    for (const DeclaredChoice& choice : declaration.choices)
+      option.allowValue(choice.text.c_str());
+    for (const auto& [former, now] : declaration.deprecatedChoices)
+      option.allowDeprecatedValue(former.c_str(), now.c_str());
+  }
   option.tokenize(declaration.separator);  // choices have made it split at commas
 }
 

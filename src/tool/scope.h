@@ -72,11 +72,12 @@ void annotateOrThrow(IParser& parser, const char* option, const char* key, const
 /// The type of the values on the parser.
 variant_type_t parserType(const Declaration& declaration);
 
-/// The type of the values while a command line is read: the parser has no long double.
+/// The type of the values while a command line is read: the parser has no long double, and does not
+/// look at choices some of which are deprecated.
 variant_type_t readType(const Declaration& declaration);
 
-/// Declares the choices, and at which character values are split.
-void limitValues(IOption& option, const Declaration& declaration);
+/// Declares the choices, unless they are chosen here, and at which character values are split.
+void limitValues(IOption& option, const Declaration& declaration, Purpose purpose);
 
 /// "option 'times,t'", as mistakes name a declaration.
 std::string called(const Declaration& declaration);

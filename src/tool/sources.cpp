@@ -45,15 +45,6 @@ int parseInto(const Scope& scope, IParser& parser, GivenValues& values,
   return isFromValues ? values.failureStatus() : ofParser;
 }
 
-// The value that a deprecated one stands for: only the command line warns of it.
-std::string replaced(const Declaration& declaration, const std::string& text) {
-  for (const auto& [former, now] : declaration.deprecatedChoices) {
-    if (former == text)
-      return now;
-  }
-  return text;
-}
-
 int refuse(const Declaration& declaration, const char* expected, std::string& failure) {
   failure = "Environment variable " + declaration.environment + ": expected " + expected;
   return status::usageError;
@@ -97,7 +88,7 @@ int readVariable(const Scope& scope, IParser& parser, Declaration& declaration,
     return readCount(declaration, text, values, failure);
   if (!declaration.takesValue())
     return readTruth(declaration, text, values, failure);
-  const std::string argument = "--" + scope.nameOf(declaration) + '=' + replaced(declaration, text);
+  const std::string argument = "--" + scope.nameOf(declaration) + '=' + text;
   failure = "Environment variable " + declaration.environment + ": ";
   return parseInto(scope, parser, values, {"", argument.c_str()}, {}, failure);
 }
@@ -198,20 +189,13 @@ class LineReader {
       return status::usageError;
     }
     if (!option->takesValue() || (word.hasValue && option->takesAnyText()) || !word.value.empty())
-      return parse({"", withoutDeprecated(*option, word, argument).c_str()}, reason);
+      return parse({"", argument.c_str()}, reason);
     const std::string* const next =
         m_index + 1 < m_lines.size() ? &m_lines[m_index + 1].argument : nullptr;
     if (next == nullptr || (next->front() == '-' && *next != "-"))
       return parse({"", argument.c_str()}, reason);
     ++m_index;
-    const std::string value = replaced(*option, *next);
-    return parse({"", argument.c_str(), value.c_str()}, reason);
-  }
-
-  std::string withoutDeprecated(const Declaration& option, const Word& word,
-                                const std::string& argument) const {
-    const std::string value = replaced(option, word.value);
-    return value == word.value ? argument : "--" + m_scope.nameOf(option) + '=' + value;
+    return parse({"", argument.c_str(), next->c_str()}, reason);
   }
 
   int parse(const std::vector<const char*>& words, std::string& reason) {

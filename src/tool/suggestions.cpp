@@ -53,10 +53,12 @@ std::string suggestedOption(const Scope& scope, const std::vector<std::string>& 
 std::string suggestedChoice(const Scope& scope, const std::string& reason) {
   for (const auto* list : {&scope.options(), &scope.operands()}) {
     for (const Declaration* one : *list) {
-      const std::string start = one->isOperand()
-                                    ? "Operand '" + one->firstName() + "' does not take '"
+      const bool isRefusedHere = one->isOperand() || one->hasDeprecatedChoices();
+      const std::string start = isRefusedHere
+                                    ? (one->isOperand() ? "Operand '" : "Option '") +
+                                          one->firstName() + "' does not take '"
                                     : "Option '" + scope.nameOf(*one) + "' does not allow value '";
-      const char* const end = one->isOperand() ? "', expected: " : "'. Possible values";
+      const char* const end = isRefusedHere ? "', expected: " : "'. Possible values";
       const std::size_t begin = one->choices.empty() ? std::string::npos : reason.find(start);
       if (begin == std::string::npos)
         continue;

@@ -214,6 +214,83 @@ TEST(ToolDeclarations, ADeprecatedChoiceGivesTheValueOfTheOtherOne) {
   EXPECT_EQ(Tone::cold, operand);
 }
 
+TEST(ToolDeclarations, ADeprecatedChoiceIsToldOfOnceAsTheToolTellsOfErrors) {
+  const testing::ConsoleCapture console;
+  std::vector<std::string> tones;
+  std::string voice;
+  Tried tool;
+  tool.option("tone,t", tones, "").choices({"warm", "cold"}).deprecatedChoice("mild", "warm");
+  tool.operand("voice", voice, "").choices({"high", "low"}).deprecatedChoice("deep", "low");
+  EXPECT_EQ(-1, tool.run({"--tone=mild", "-t=m", "--tone=cold", "de"}));
+  EXPECT_EQ((std::vector<std::string>{"warm", "warm", "cold"}), tones);
+  EXPECT_EQ("low", voice);
+  EXPECT_EQ(
+      "tool: Option '--tone': 'mild' is deprecated: use 'warm'\n"
+      "tool: Operand 'voice': 'deep' is deprecated: use 'low'\n",
+      tool.err);
+  EXPECT_EQ("", tool.out + console.out() + console.err());
+}
+
+TEST(ToolDeclarations, ADeprecatedChoiceIsNotToldOfBesideAnError) {
+  std::string tone;
+  Tried tool;
+  tool.option("tone", tone, "").choices({"warm"}).deprecatedChoice("mild", "warm");
+  EXPECT_EQ(2, tool.run({"--tone=mild", "stray"}));
+  EXPECT_EQ(refused("Unexpected argument: stray"), tool.err);
+}
+
+// What is printed for a tone, some of which are deprecated.
+std::string toldOfTone(const char* tone) {
+  std::string text = "none";
+  Tried tool;
+  tool.option("tone", text, "")
+      .shownDefault("none")
+      .choices({"warm", "wet", "wetter", "none"})
+      .deprecatedChoice("weak", "wet")
+      .deprecatedChoice("mild", "warm");
+  return tool.run({"--tone", tone}) == -1 ? text : tool.err;
+}
+
+TEST(ToolDeclarations, ChoicesBesideDeprecatedOnesMayBeCutShortUnlessAmbiguous) {
+  EXPECT_EQ("warm", toldOfTone("wa"));
+  EXPECT_EQ("wet", toldOfTone("wet"));
+  EXPECT_EQ("warm", toldOfTone("m"));
+  EXPECT_EQ(refused("Option 'tone' does not take 'we', expected: warm, wet, wetter, none"),
+            toldOfTone("we"));
+  EXPECT_EQ(refused("Option 'tone' does not take 'warn', expected: warm, wet, wetter, none."
+                    " Did you mean 'warm'?"),
+            toldOfTone("warn"));
+}
+
+TEST(ToolDeclarations, ADeprecatedTextMayStandBesideAnyOther) {
+  const testing::ConsoleCapture console;
+  int number = 1;
+  std::string text;
+  Tried tool;
+  tool.option("number", number, "").deprecatedChoice("few", "3").range(1, 9);
+  tool.option("text", text, "").deprecatedChoice("old", "new");
+  EXPECT_EQ(-1, tool.run({"--number=few", "--text=ol"}));
+  EXPECT_EQ(3, number);
+  EXPECT_EQ("ol", text);
+  EXPECT_EQ("tool: Option '--number': 'few' is deprecated: use '3'\n", tool.err);
+  EXPECT_EQ("", console.err());
+  Tried other;
+  other.option("number", number, "").deprecatedChoice("few", "3").range(1, 9);
+  EXPECT_EQ(2, other.run({"--number=10"}));
+  EXPECT_EQ(refused("Option 'number' does not take '10', expected: 1 to 9"), other.err);
+}
+
+TEST(ToolDeclarations, DeprecatedChoicesOfAListAreSplitAsOthers) {
+  std::vector<Tone> tones;
+  Tried tool;
+  tool.option("tone", tones, "")
+      .choices({{"warm", Tone::warm}, {"cold", Tone::cold}})
+      .deprecatedChoice("icy", "cold")
+      .split('+');
+  EXPECT_EQ(-1, tool.run({"--tone=icy+warm", "--tone=c"}));
+  EXPECT_EQ((std::vector<Tone>{Tone::cold, Tone::warm, Tone::cold}), tones);
+}
+
 TEST(ToolDeclarations, ChecksGetTheValueAndTellWhatTheyExpect) {
   int even = 0;
   std::string word;

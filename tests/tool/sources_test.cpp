@@ -264,6 +264,19 @@ TEST_F(ToolSources, ADeprecatedChoiceOfAFileIsReplacedWithoutAWarning) {
   EXPECT_EQ("blue", color);
 }
 
+TEST_F(ToolSources, ADeprecatedChoiceOfTheEnvironmentIsReplacedWithoutAWarning) {
+  std::string color = "red";
+  tool.option("color", color, "Which.")
+      .choices({"red", "blue"})
+      .deprecatedChoice("azure", "blue")
+      .env("TRIED_NAME");
+  setenv("TRIED_NAME", "az", 1);
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(-1, tool.run({}));
+  EXPECT_EQ("", testing::internal::GetCapturedStderr() + tool.err);
+  EXPECT_EQ("blue", color);
+}
+
 TEST(ToolSourcesAtHome, WithoutAHomeThereIsNoFile) {
   const char* const home = getenv("HOME");
   const std::string kept = home != nullptr ? home : "";
