@@ -1,6 +1,9 @@
 #include "tool/help_page.h"
 
 #include <algorithm>
+#include <map>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "tool/messages.h"
@@ -179,12 +182,10 @@ std::string usage(const ToolData& tool, const Scope& scope) {
 class Sections {
  public:
   void add(const std::string& heading, Entry entry) {
-    const auto found = std::find_if(m_sections.begin(), m_sections.end(),
-                                    [&](const auto& section) { return section.first == heading; });
-    if (found != m_sections.end())
-      found->second.push_back(std::move(entry));
-    else
-      m_sections.push_back({heading, {std::move(entry)}});
+    const auto [place, isNew] = m_places.emplace(heading, m_sections.size());
+    if (isNew)
+      m_sections.push_back({heading, {}});
+    m_sections[place->second].second.push_back(std::move(entry));
   }
   std::string laidOut(std::size_t width) const {
     std::string text;
@@ -194,6 +195,7 @@ class Sections {
   }
 
  private:
+  std::map<std::string, std::size_t> m_places;  // of the headings in:
   std::vector<std::pair<std::string, std::vector<Entry>>> m_sections;
 };
 

@@ -38,6 +38,11 @@ bool lacksValues(const Declaration& declaration) {
                                                         }));
 }
 
+void checkChoices(const Declaration& declaration) {
+  if (lacksValues(declaration))
+    reportMistake(called(declaration) + " needs choices that stand for values");
+}
+
 }  // namespace
 
 std::vector<std::string> splitAt(const std::string& text, char separator) {
@@ -112,8 +117,12 @@ Scope::Scope(ToolData& tool, IParser& parser, Purpose purpose)
     for (Declaration& declaration : tool.root().builtIn)
       add(declaration);
   }
-  for (Declaration* operand : m_operands)
-    declare(*operand, {untypable(operand->firstName())});
+  for (Declaration* operand : m_operands) {
+    if (purpose == Purpose::description || operand == m_operands.front())
+      declare(*operand, {untypable(operand->firstName())});
+    else  // the first one gets all arguments
+      checkChoices(*operand);
+  }
 }
 
 void Scope::addAll(ToolData& tool) {
@@ -216,13 +225,11 @@ IOption& Scope::declareOnParser(const Declaration& declaration,
 }
 
 void Scope::declare(Declaration& declaration, const std::vector<std::string>& names) {
-  // Of several operands, the parser gives all arguments to the first one.
   const bool takesAnything = declaration.isOperand() && m_purpose == Purpose::parse;
   const variant_type_t readAs = takesAnything ? vtString : readType(declaration);
   IOption& option = declareOnParser(declaration, names,
                                     m_purpose == Purpose::parse ? readAs : parserType(declaration));
-  if (lacksValues(declaration))
-    reportMistake(called(declaration) + " needs choices that stand for values");
+  checkChoices(declaration);
   const std::string& first = names.front();
   m_firstNames.emplace(first, &declaration);
   m_nameOf.emplace(&declaration, first);
