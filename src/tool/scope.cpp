@@ -26,8 +26,8 @@ constexpr std::string_view negation = "no-";
 constexpr const char* tooManyNames = "a,b,c,d";
 
 // A name that only the layer uses, in the memory of the tool.
-std::string_view markedName(const Declaration& declaration, char mark) {
-  return declaration.tool.keep(*declaration.names.begin(), {&mark, 1});
+std::string_view marked(const Declaration& declaration, std::string_view name, char mark) {
+  return declaration.tool.keep(name, {&mark, 1});
 }
 
 // What the parser would split, or take for the end of the name.
@@ -136,7 +136,7 @@ Scope::Scope(ToolData& tool, IParser& parser, Purpose purpose)
   }
   for (Declaration* operand : m_operands) {
     if (purpose == Purpose::description || operand == m_operands.front())
-      declare(*operand, markedName(*operand, operandMark).data());
+      declare(*operand, marked(*operand, operand->firstName(), operandMark).data());
     else  // the first one gets all arguments
       checkChoices(*operand);
   }
@@ -155,7 +155,8 @@ void Scope::addOperand(Declaration& declaration) {
   if (declaration.names.text().find(',') != std::string_view::npos ||
       declaration.names.text().empty())
     reportMistake(called(declaration) + " needs one name");
-  const auto [taken, isNew] = m_names.emplace(markedName(declaration, operandMark), &declaration);
+  const auto [taken, isNew] =
+      m_names.emplace(marked(declaration, declaration.firstName(), operandMark), &declaration);
   if (!m_operands.empty() && m_operands.back()->use == Use::rest)
     reportMistake(called(declaration) + " comes after " + called(*m_operands.back()) +
                   ", which takes all operands");
@@ -177,19 +178,27 @@ void Scope::add(Declaration& declaration) {
     last = name;
     ++taken;
   }
-  if (taken == 0 && !isHiddenByCommand(declaration))
-    return;
+  if (taken == 0)
+    return addHidden(declaration);
   if (taken > 3 || (taken == 3 && last.size() > 2))
     return reportMistake(called(declaration) + " has too many names or a third one that is long");
   m_options.push_back(&declaration);
   if (taken == count)
     return declare(declaration, declaration.names.text().data());
-  if (taken == 0) {  // can be given before the words of the command, and by its environment
-    const std::string_view name = markedName(declaration, hiddenMark);
-    m_names.emplace(name, &declaration);
-    return declare(declaration, name.data());
-  }
   declare(declaration, joined(typedNames(declaration), ',').c_str());
+}
+
+// An option of which a command uses the names can be given before the words of the command, and by
+// its environment variable.
+void Scope::addHidden(Declaration& declaration) {
+  const std::string_view hidden = nameHiddenByCommand(declaration);
+  if (hidden.empty())
+    return;
+  const std::string_view name = marked(declaration, hidden, hiddenMark);
+  if (!m_names.emplace(name, &declaration).second)
+    return;
+  m_options.push_back(&declaration);
+  declare(declaration, name.data());
 }
 
 // Whether the author of the tool has an option of this name on parser().
@@ -201,10 +210,15 @@ bool Scope::isDeclaredByAuthor(std::string_view name) const {
          m_parser.isOptionDeclared(text.c_str(), true, nullptr);
 }
 
-// Whether a command uses the names of its tool's option for options of its own.
-bool Scope::isHiddenByCommand(const Declaration& declaration) const {
-  const Declaration* const other = owner(*declaration.names.begin());
-  return other != nullptr && &other->tool != &declaration.tool && !declaration.isBuiltIn;
+// A name of an option of the tool that a command uses for an option of its own; empty if there is
+// none.
+std::string_view Scope::nameHiddenByCommand(const Declaration& declaration) const {
+  for (const std::string_view name : declaration.names) {
+    const Declaration* const other = owner(name);
+    if (other != nullptr && &other->tool != &declaration.tool && !declaration.isBuiltIn)
+      return name;
+  }
+  return {};
 }
 
 // Gives the option a name, unless another one has it: the names of a command count where the tool
@@ -331,7 +345,7 @@ std::string Scope::nameOf(const Declaration& declaration) const {
     if (withFirstName(name) == &declaration)
       return std::string(name);
   }
-  return hiddenMark + declaration.firstName();
+  return hiddenMark + std::string(nameHiddenByCommand(declaration));
 }
 
 std::vector<std::string> Scope::typedNames(const Declaration& declaration) const {

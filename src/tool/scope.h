@@ -56,9 +56,10 @@ class Scope {
  private:
   void addAll(ToolData& tool);
   void add(Declaration& declaration);
+  void addHidden(Declaration& declaration);
   bool take(std::string_view name, Declaration& declaration);
   bool isDeclaredByAuthor(std::string_view name) const;
-  bool isHiddenByCommand(const Declaration& declaration) const;
+  std::string_view nameHiddenByCommand(const Declaration& declaration) const;
   void addOperand(Declaration& declaration);
   /// The option with a name, which may be the "no-" form of a boolean; null if there is none.
   Declaration* owner(std::string_view name) const;
