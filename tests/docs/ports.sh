@@ -17,7 +17,7 @@ for folder in examples/ports/*/; do
   grep -q '^| licence |' "$folder/README.md" || complain "$folder: README.md states no licence"
   grep -qF "[$name](../$folder" docs/performance.md || complain "$name: docs/performance.md has no row"
   for patch in "$folder"*.patch; do
-    ! grep -E '^(---|\+\+\+) ' "$patch" | grep -vE '^(--- a|\+\+\+ b)/[A-Za-z0-9_./-]+$' >&2 ||
+    ! grep -E '^(---|\+\+\+) ' "$patch" | grep -vE '^(--- a/|\+\+\+ b/|(---|\+\+\+) /dev/null$)[A-Za-z0-9_./-]*$' >&2 ||
       complain "$patch: other files than those of the tool"
   done
 done
