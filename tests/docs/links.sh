@@ -16,7 +16,7 @@ anchors() {
 
 withoutBlocks() { sed '/^```/,/^```/d' "$1"; }
 
-for document in *.md docs/*.md examples/*/README.md platform/README.md; do
+for document in *.md docs/*.md examples/*/README.md examples/ports/*/README.md platform/README.md; do
   folder=$(dirname "$document")
   while IFS= read -r link; do
     [[ $link == http*://* || $link == mailto:* ]] && continue
