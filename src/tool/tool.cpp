@@ -50,8 +50,10 @@ std::string bytesOf(const void* value, std::size_t size) {
   return value != nullptr ? std::string(static_cast<const char*>(value), size) : std::string();
 }
 
-// Needs no memory.
+// Needs no memory. While a command only declares, its tool tells of it.
 int tellOfMemory(const ToolData* tool) {
+  if (tool != nullptr && tool->isDescribing)
+    return status::exceptionCaught;
   const char* const name = tool != nullptr ? tool->root().name.c_str() : "";
   for (const char* text : {name, *name != '\0' ? ": " : "", "Memory has run out.\n"}) {
     if (tool == nullptr || !tool->root().output) {
