@@ -151,10 +151,12 @@ void Scope::addOperand(Declaration& declaration) {
 
 void Scope::add(Declaration& declaration) {
   std::vector<std::string> names = takeNames(declaration);
-  if (names.empty() && !isHiddenByCommand(declaration))
-    return;
-  if (names.empty())  // can be given before the words of the command, and by its environment
-    names.push_back(hiddenMark + declaration.firstName());
+  if (names.empty()) {  // can be given before the words of the command, and by its environment
+    const std::string* const hidden = nameHiddenByCommand(declaration);
+    if (hidden == nullptr || m_firstNames.count(hiddenMark + *hidden) != 0)
+      return;
+    names.push_back(hiddenMark + *hidden);
+  }
   if (names.size() > 3 || (names.size() == 3 && names.back().size() > 2))
     return reportMistake(called(declaration) + " has too many names or a third one that is long");
   m_options.push_back(&declaration);
@@ -168,11 +170,15 @@ bool Scope::isDeclaredByAuthor(const std::string& name) const {
           m_parser.isOptionDeclared(name.c_str(), true, nullptr));
 }
 
-// Whether a command uses the names of its tool's option for options of its own.
-bool Scope::isHiddenByCommand(const Declaration& declaration) const {
-  const auto taken = m_taken.find(declaration.firstName());
-  return taken != m_taken.end() && &taken->second->tool != &declaration.tool &&
-         !declaration.isBuiltIn;
+// A name of an option of the tool that a command uses for an option of its own; null if there is
+// none.
+const std::string* Scope::nameHiddenByCommand(const Declaration& declaration) const {
+  const auto hidden = std::find_if(
+      declaration.names.begin(), declaration.names.end(), [&](const std::string& name) {
+        const auto taken = m_taken.find(name);
+        return taken != m_taken.end() && &taken->second->tool != &declaration.tool;
+      });
+  return hidden != declaration.names.end() && !declaration.isBuiltIn ? &*hidden : nullptr;
 }
 
 // The names of a command count where the tool has the same ones, and those of a tool where help and

@@ -45,7 +45,7 @@ class Scope {
   void add(Declaration& declaration);
   std::vector<std::string> takeNames(Declaration& declaration);
   bool isDeclaredByAuthor(const std::string& name) const;
-  bool isHiddenByCommand(const Declaration& declaration) const;
+  const std::string* nameHiddenByCommand(const Declaration& declaration) const;
   void addOperand(Declaration& declaration);
   IOption& declareOnParser(const Declaration& declaration, const std::vector<std::string>& names,
                            variant_type_t type);

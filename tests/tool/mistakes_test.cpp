@@ -110,6 +110,35 @@ TEST_F(ToolMistakes, AnOptionWhoseOtherNamesCountAllTheSame) {
   EXPECT_TRUE(one);
 }
 
+TEST_F(ToolMistakes, AnOptionOfTheToolWhoseOtherNameACommandUses) {
+  tool.option("a b,o", one, "One.");
+  tool.command("pack", "Pack files.", [this](Tool& inner) {
+    inner.flag("o", two, "Two.");
+    return inner.parse().value_or(0);
+  });
+  EXPECT_EQ(
+      "option 'a b,o' has a name that cannot be typed: 'a b'; "
+      "option 'a b,o' has a name that cannot be typed: 'a b'",
+      reported({"-o", "pack", "-o"}));
+  EXPECT_TRUE(one && two);
+  EXPECT_EQ("", tool.err);
+}
+
+TEST_F(ToolMistakes, AnOptionDeclaredTwiceWhoseNameACommandUses) {
+  bool three = false;
+  tool.flag("o", one, "One.");
+  tool.flag("o", two, "Two.");
+  tool.command("pack", "Pack files.", [&](Tool& inner) {
+    inner.flag("o", three, "Three.");
+    return inner.parse().value_or(0);
+  });
+  EXPECT_EQ("the name 'o' is declared twice, by flag 'o' and by flag 'o'",
+            reported({"-o", "pack", "-o"}));
+  EXPECT_TRUE(one && three);
+  EXPECT_FALSE(two);
+  EXPECT_EQ("", tool.err);
+}
+
 TEST_F(ToolMistakes, AnOptionDeclaredThreeTimes) {
   for (bool* flag : {&one, &two, &two})
     tool.flag("one", *flag, "One.");
