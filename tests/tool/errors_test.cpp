@@ -17,6 +17,31 @@ TEST(ToolErrors, AnErrorNamesTheToolAndItsHelp) {
   EXPECT_EQ("", tool.out);
 }
 
+TEST(ToolErrors, WhatIsRequiredIsNamedAsItIsTyped) {
+  int number = 1;
+  Tried tool;
+  tool.operand("times", number, "").required();
+  EXPECT_EQ(2, tool.run({}));
+  EXPECT_EQ("tool: Operand 'times' is required\nTry 'tool --help'.\n", tool.err);
+  Tried other;
+  other.option("t,times", number, "").required();
+  EXPECT_EQ(2, other.run({}));
+  EXPECT_EQ("tool: Option '-t' is required\nTry 'tool --help'.\n", other.err);
+}
+
+TEST(ToolErrors, ADeprecatedOptionIsToldOfOnceAsItIsTyped) {
+  bool flag = false;
+  int number = 1;
+  Tried tool;
+  tool.flag("old,o", flag, "").deprecated("use --new");
+  tool.option("n,number", number, "").deprecated("count yourself");
+  EXPECT_EQ(-1, tool.run({"-o", "--number=3", "--old"}));
+  EXPECT_EQ(
+      "tool: Option '--old' is deprecated: use --new\n"
+      "tool: Option '-n' is deprecated: count yourself\n",
+      tool.err);
+}
+
 TEST(ToolErrors, TheStatusOfAWrongCommandLineCanBeChanged) {
   Tried tool;
   tool.usageStatus(64);

@@ -104,6 +104,77 @@ TEST_F(ToolHelp, BreaksLinesBetweenCharacters) {
             tool.help());
 }
 
+TEST_F(ToolHelp, BreaksAWordAtTheWidthOfThePage) {
+  const std::string word(101, 'x');
+  const std::size_t columns[][2] = {{1, 60}, {60, 60}, {61, 61}, {80, 80}, {100, 100}, {101, 100}};
+  for (const auto& [variable, width] : columns) {
+    setenv("COLUMNS", std::to_string(variable).c_str(), 1);
+    EXPECT_NE(std::string::npos,
+              Tried("tool", word.c_str())
+                  .help()
+                  .find("\n\n" + word.substr(0, width) + '\n' + word.substr(width) + '\n'))
+        << variable;
+  }
+  unsetenv("COLUMNS");
+  EXPECT_NE(std::string::npos,
+            Tried("tool", word.c_str()).help().find("\n" + word.substr(0, 80) + '\n'));
+}
+
+TEST_F(ToolHelp, TakesLineEndsForBlanks) {
+  bool given = false;
+  Tried tool("tool", "One\ntwo\n\n three.", nullptr);
+  tool.flag("flag", given, "Four\nfive.");
+  tool.footer("\nSix\nseven.\n");
+  EXPECT_EQ(
+      "Usage: tool [OPTION]...\n\nOne two three.\n\n"
+      "Options:\n      --flag  Four five.\n  -h, --help  Show this help.\n\nSix seven.\n",
+      tool.help());
+}
+
+TEST_F(ToolHelp, OfLongNamesAloneBeginsItsTextsAtTheWidestColumn) {
+  bool given = false;
+  Tried tool("tool", "", nullptr);
+  tool.section("Long");
+  tool.flag("a-name-that-is-longer-than-the-column", given, "Long.");
+  const std::string help = tool.help();
+  EXPECT_EQ(
+      "Long:\n      --a-name-that-is-longer-than-the-column\n" + std::string(32, ' ') + "Long.\n\n",
+      help.substr(help.find("Long:"), help.find("Options:") - help.find("Long:")));
+}
+
+TEST_F(ToolHelp, ShowsTheActionsThatAnOptionGoesWith) {
+  bool given = false;
+  Tried tool("tool", "", nullptr);
+  tool.action("go", "", [] { return 0; });
+  tool.action("stay", "", [] { return 0; });
+  tool.flag("fast", given, "Be fast.").only("go,stay");
+  EXPECT_NE(std::string::npos, tool.help().find("--fast  Be fast. Only with: go,stay.\n"));
+}
+
+TEST_F(ToolHelp, ShowsNoOperandsThatAreHiddenOrWithoutHelp) {
+  std::string text;
+  Tried tool("tool", "", nullptr);
+  tool.operand("plain", text, "");
+  tool.operand("secret", text, "Secret.").hidden();
+  EXPECT_EQ("Usage: tool [OPTION]... [PLAIN] [SECRET]\n\nOptions:\n  -h, --help  Show this help.\n",
+            tool.help());
+}
+
+TEST_F(ToolHelp, WithoutOptionsHasNoneInItsUsage) {
+  bool given = false;
+  Tried tool("tool", "", nullptr);
+  tool.flag("help,h", given, "").hidden();
+  EXPECT_EQ("Usage: tool\n", tool.help());
+}
+
+TEST_F(ToolHelp, ListsCommandsThatGoOnAfterWholeWords) {
+  Tried tool;
+  for (const char* words : {"remote add", "remote remove", "remotely", "remotely add"})
+    tool.command(words, "Help.", [](Tool& inner) { return inner.parse().value_or(0); });
+  EXPECT_EQ(0, tool.run({"remote"})) << tool.err;
+  EXPECT_EQ("  remote add     Help.\n  remote remove  Help.\n", tool.out);
+}
+
 TEST_F(ToolHelp, ALongWordTakesNoLongTime) {
   const std::string word(2'000'000, 'x');
   EXPECT_LT(word.size(), Tried("tool", word.c_str()).help().size());
@@ -192,6 +263,11 @@ TEST_F(ToolHelp, IsAsWideAsTheTerminal) {
     longest = widest(nullptr);
   }
   EXPECT_EQ(69U, longest);  // "a a ... a": an odd number of columns
+  {
+    const NarrowTerminal terminal;
+    longest = widest("90");
+  }
+  EXPECT_EQ(89U, longest);
 }
 
 }  // namespace

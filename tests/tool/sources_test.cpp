@@ -145,6 +145,24 @@ TEST_F(ToolSources, ACountOfTheEnvironmentHasALimit) {
   }
 }
 
+TEST_F(ToolSources, ACountOfTheEnvironmentReachesItsLimit) {
+  setenv("TRIED_MORE", "1000000", 1);
+  EXPECT_EQ(-1, tool.run({})) << tool.err;
+  EXPECT_EQ(1'000'000, more);
+}
+
+TEST_F(ToolSources, TheLastFileThatIsNamedIsRead) {
+  write("--times=3\n");
+  EXPECT_EQ(-1, tool.run({"--config=/dev/null", ("--config=" + path).c_str()})) << tool.err;
+  EXPECT_EQ(3, times);
+}
+
+TEST_F(ToolSources, LineEndsOfOtherSystemsBelongToNoValue) {
+  write("--name=Ada\r\n\t --name\r\nBob\r\r\n  \r\n");
+  EXPECT_EQ(-1, tool.run({})) << tool.err;
+  EXPECT_EQ((Strings{"Ada", "Bob"}), names);
+}
+
 TEST_F(ToolSources, AnEmptyVariableCountsAsUnset) {
   for (const char* name : {"TRIED_TIMES", "TRIED_LOUD", "TRIED_MORE", "TRIED_NAME"})
     setenv(name, "", 1);
@@ -191,7 +209,7 @@ TEST_F(ToolSources, AValueInTheNextLineIsReadWithItsOption) {
 TEST_F(ToolSources, TheNextOptionIsNoValue) {
   write("--times\n--loud\n");
   EXPECT_EQ(2, tool.run({}));
-  EXPECT_EQ("1: ", reason().substr(0, 3));
+  EXPECT_EQ("1: Option 'times' requires a value in argument: '--times'", reason());
 }
 
 TEST_F(ToolSources, AFileGivesEmptyTextsAndDashes) {
@@ -290,6 +308,10 @@ TEST(ToolSourcesAtHome, WithoutAHomeThereIsNoFile) {
   Tried tool;
   tool.config("config", "~/rc", "Options.");
   EXPECT_EQ(-1, tool.run({})) << tool.err;
+  setenv("HOME", "/", 1);
+  Tried plain;
+  plain.config("config", "~usr", "Options.");  // of a user who is called usr
+  EXPECT_EQ(-1, plain.run({})) << plain.err;
   setenv("HOME", "/usr", 1);
   Tried other;
   other.config("config", "~/", "Options.");
@@ -308,6 +330,17 @@ TEST_F(ToolSources, WhatDoesNotGoWithTheActionIsPassedOver) {
   EXPECT_EQ(0, tool.run({"--go"})) << tool.err;
   EXPECT_TRUE(isDone);
   EXPECT_EQ(0, level);
+}
+
+TEST_F(ToolSources, AVariableThatDoesNotGoWithTheActionIsPassedOver) {
+  int level = 1;
+  setenv("TRIED_LOUD", "no number", 1);
+  Tried fresh;
+  fresh.action("go", "Go.", [] { return 7; });
+  fresh.action("going", "Go on.", [] { return 8; });
+  fresh.option("level", level, "How far.").only("going").env("TRIED_LOUD").required();
+  EXPECT_EQ(7, fresh.run({"--go"})) << fresh.err;
+  EXPECT_EQ(1, level);
 }
 
 TEST_F(ToolSources, AFileGivesNoAction) {

@@ -27,6 +27,26 @@ TEST(ToolSuggestions, AtMostTwoOptionsAreSuggested) {
   EXPECT_EQ("Unknown option: --timez. Did you mean '--times' or '--timer'?", told("--timez"));
 }
 
+TEST(ToolSuggestions, OfThreeNearNamesTwoAreSuggested) {
+  bool given = false;
+  Tried tool;
+  for (const char* name : {"times", "timer", "timed"})
+    tool.flag(name, given, "");
+  EXPECT_EQ(2, tool.run({"--timez"}));
+  EXPECT_EQ(
+      "tool: Unknown option: --timez. Did you mean '--times' or '--timer'?\n"
+      "Try 'tool --help'.\n",
+      tool.err);
+}
+
+TEST(ToolSuggestions, HiddenOptionsAreNotSuggested) {
+  bool given = false;
+  Tried tool;
+  tool.flag("secret", given, "").hidden();
+  EXPECT_EQ(2, tool.run({"--sceret"}));
+  EXPECT_EQ("tool: Unknown option: --sceret\nTry 'tool --help'.\n", tool.err);
+}
+
 TEST(ToolSuggestions, ActionsAreSuggested) {
   EXPECT_EQ("Unknown option: --reprot. Did you mean '--report'?", told("--reprot"));
 }
@@ -51,6 +71,19 @@ TEST(ToolSuggestions, ChoicesAreSuggested) {
   EXPECT_EQ(refusal("freindly") + ". Did you mean 'friendly'?", told("--tone=freindly"));
   EXPECT_EQ(refusal("two wards") + ". Did you mean 'two words'?", told("--tone=two wards"));
   EXPECT_EQ(refusal("other"), told("--tone=other"));
+}
+
+TEST(ToolSuggestions, ChoicesOfAnOptionWhoseFirstNameACommandUses) {
+  Tried tool;
+  std::string tone;
+  bool loud = false;
+  tool.option("tone,voice", tone, "").choices({"friendly", "formal"});
+  tool.command("say", "", [&](Tool& inner) {
+    inner.flag("tone", loud, "");
+    return inner.parse().value_or(0);
+  });
+  EXPECT_EQ(2, tool.run({"say", "--voice=frmal"}));
+  EXPECT_NE(std::string::npos, tool.err.find("Did you mean 'formal'?")) << tool.err;
 }
 
 TEST(ToolSuggestions, ChoicesOfOperandsAreSuggested) {
