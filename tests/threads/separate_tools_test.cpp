@@ -77,38 +77,34 @@ struct Episode {
   const char* outcome;
 };
 
-const std::vector<Episode>& episodes() {
-  static const std::vector<Episode> all = {
-      {{"send", "Ada", "Bob"}, "3 4 cold Ada Bob "},
-      {{"-c", "5", "send", "--tone=w", "--stamp=a", "Eve", "--stamp", "b"}, "3 5 warm *a *b Eve "},
-      {{"--quick", "send", "back"}, "7 4 cold quick "},
-      {{"send", "--quick", "--slow", "Ada"},
-       "2 1 warm error: letters: At most one of these may be given: --quick, --slow\n"
-       "Try 'letters send --help'.\n"},
-      {{"send", "--weight=2.5", "Ada"},
-       "2 1 warm error: letters: Option 'weight' does not take '2.5', expected: a light letter\n"
-       "Try 'letters send --help'.\n"},
-      {{"send"},
-       "2 1 warm error: letters: Operand 'name' is required\nTry 'letters send --help'.\n"},
-      {{"sned"},
-       "2 1 warm error: letters: Unknown command: sned. Did you mean 'send'?\n"
-       "Try 'letters --help'.\n"},
-      {{"send", "--config=/", "Ada"},
-       "2 1 warm error: letters: Cannot read '/': Is a directory\n"
-       "Try 'letters send --help'.\n"},
-      {{"send", "back", "--help"},
-       "0 1 warm printed: Usage: letters send back [OPTION]...\n\nSend one back.\n\nOptions:\n"
-       "  -c, --copies=COPIES  How many. From 1 to 9. Default: 1. Environment:\n"
-       "                       KIVO_THREADS_COPIES.\n"
-       "      --tone=TONE      How. One of: warm, cold. Default: warm.\n"
-       "      --config=CONFIG  Further arguments. Default: RC.\n"
-       "      --quick          Be quick.\n"
-       "      --slow           Be slow.\n"
-       "  -h, --help           Show this help.\n"
-       "  -V, --version        Show the version.\n"},
-      {{"--version"}, "0 1 warm printed: letters 1.2\n"}};
-  return all;
-}
+const std::vector<Episode> episodes = {
+    {{"send", "Ada", "Bob"}, "3 4 cold Ada Bob "},
+    {{"-c", "5", "send", "--tone=w", "--stamp=a", "Eve", "--stamp", "b"}, "3 5 warm *a *b Eve "},
+    {{"--quick", "send", "back"}, "7 4 cold quick "},
+    {{"send", "--quick", "--slow", "Ada"},
+     "2 1 warm error: letters: At most one of these may be given: --quick, --slow\n"
+     "Try 'letters send --help'.\n"},
+    {{"send", "--weight=2.5", "Ada"},
+     "2 1 warm error: letters: Option 'weight' does not take '2.5', expected: a light letter\n"
+     "Try 'letters send --help'.\n"},
+    {{"send"}, "2 1 warm error: letters: Operand 'name' is required\nTry 'letters send --help'.\n"},
+    {{"sned"},
+     "2 1 warm error: letters: Unknown command: sned. Did you mean 'send'?\n"
+     "Try 'letters --help'.\n"},
+    {{"send", "--config=/", "Ada"},
+     "2 1 warm error: letters: Cannot read '/': Is a directory\n"
+     "Try 'letters send --help'.\n"},
+    {{"send", "back", "--help"},
+     "0 1 warm printed: Usage: letters send back [OPTION]...\n\nSend one back.\n\nOptions:\n"
+     "  -c, --copies=COPIES  How many. From 1 to 9. Default: 1. Environment:\n"
+     "                       KIVO_THREADS_COPIES.\n"
+     "      --tone=TONE      How. One of: warm, cold. Default: warm.\n"
+     "      --config=CONFIG  Further arguments. Default: RC.\n"
+     "      --quick          Be quick.\n"
+     "      --slow           Be slow.\n"
+     "  -h, --help           Show this help.\n"
+     "  -V, --version        Show the version.\n"},
+    {{"--version"}, "0 1 warm printed: letters 1.2\n"}};
 
 // The variable of the environment is set before the threads begin: while one thread changes the
 // environment, no other one may read it.
@@ -135,8 +131,8 @@ TEST_P(SeparateTools, OfThreadsDoNotNoticeEachOther) {
     const auto thread = static_cast<std::size_t>(number);
     const TemporaryFolder folder;
     folder.write("rc", "# how\n--tone\ncold\n--copies=2\n");
-    for (std::size_t round = 0; round < rounds * episodes().size(); ++round) {
-      const Episode& episode = episodes()[(round + thread * 3) % episodes().size()];
+    for (std::size_t round = 0; round < rounds * episodes.size(); ++round) {
+      const Episode& episode = episodes[(round + thread * 3) % episodes.size()];
       const string outcome = Letters(folder.path()).after(episode.arguments);
       if (outcome != episode.outcome)
         differences[thread] = "expected: " + string(episode.outcome) + "\nactual: " + outcome;
