@@ -269,13 +269,13 @@ void GivenValues::choose(Declaration& declaration, const char* given, const vari
     return take(declaration, given, typed);
   if (meant.size() != 1)
     return refuse(doesNotTake(declaration, given, expectedOf(declaration)));
-  const auto& [choice, value] = meant.front();
+  const Meant& one = meant.front();
   const std::string warning =
-      isDeprecatedChoice(declaration, std::string(choice), std::string(value));
+      isDeprecatedChoice(declaration, std::string(one.choice), std::string(one.value));
   const bool isNew = std::find(m_warnings.begin(), m_warnings.end(), warning) == m_warnings.end();
-  if (choice != value && isNew && m_source == Source::commandLine)
+  if (one.choice != one.value && isNew && m_source == Source::commandLine)
     m_warnings.push_back(warning);
-  take(declaration, value.data(), typed);
+  take(declaration, one.value.data(), typed);
 }
 
 void GivenValues::take(Declaration& declaration, const char* text, const variant_t& typed) {

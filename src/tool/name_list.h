@@ -35,7 +35,7 @@ class NameList {
   std::string_view text() const { return m_text; }
 
  private:
-  std::string_view m_text = "";
+  std::string_view m_text;
 };
 
 }  // namespace kivo_3_3::tool_glue
