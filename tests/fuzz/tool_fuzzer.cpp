@@ -363,11 +363,14 @@ class Rules {
   }
 
   void checkRefused() const {
-    const string called = m_outcome.command.empty() ? "tool" : "tool " + m_outcome.command;
+    const bool hasWords = m_outcome.command.find_first_not_of(' ') != string::npos;
+    const bool isOdd = !hasWords && contains(m_script, "command");  // one without words
+    const string called = hasWords ? "tool " + m_outcome.command : isOdd ? "" : "tool";
     const string told = errors.text();
     if (m_outcome.status == 3 && throwsWhileReading(m_script))
       return expect(endsWith(told, outOfMemory), "lack of memory is told", all());
-    expect(told.compare(0, 6, "tool: ") == 0 && endsWith(told, "\nTry '" + called + " --help'.\n"),
+    expect(told.compare(0, 6, "tool: ") == 0 &&
+               endsWith(told, (isOdd ? "" : "\nTry '" + called) + " --help'.\n"),
            "an error names the tool and the way to the help", all());
     const bool isUsage = m_outcome.status == 2 || contains(m_script, "status");
     expect(isUsage || (m_outcome.status == 4 && throwsWhileReading(m_script)),
