@@ -28,7 +28,8 @@ install_into_package(kivo_library ${library_package} FILES ${copyright})
 install_into_package(kivo_development libkivo-dev FILES ${copyright})
 install_into_package(kivo_development libkivo-dev/examples
   FILES ${PROJECT_SOURCE_DIR}/packaging/examples/CMakeLists.txt
-  DIRECTORIES ${PROJECT_SOURCE_DIR}/examples/greet ${PROJECT_SOURCE_DIR}/examples/textkit)
+  DIRECTORIES ${PROJECT_SOURCE_DIR}/examples/greet ${PROJECT_SOURCE_DIR}/examples/notebook
+              ${PROJECT_SOURCE_DIR}/examples/textkit)
 install_into_package(kivo_describe kivo-describe FILES ${copyright})
 install_into_package(kivo_documentation libkivo-doc
   FILES ${copyright} ${PROJECT_SOURCE_DIR}/README.md
@@ -74,7 +75,7 @@ set(CPACK_DEBIAN_KIVO_DEVELOPMENT_DESCRIPTION "command-line parsing for tools (d
 ${about}
 
 This package holds what a tool is built with: the headers, the files for
-CMake and pkg-config, and the sources of two example tools.")
+CMake and pkg-config, and the sources of three example tools.")
 
 set(CPACK_DEBIAN_KIVO_DESCRIBE_PACKAGE_NAME kivo-describe)
 set(CPACK_DEBIAN_KIVO_DESCRIBE_PACKAGE_SECTION devel)

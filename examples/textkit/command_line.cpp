@@ -180,14 +180,17 @@ Format readFormat(kivo::IParseResult& result) {
   return format == "csv" ? Format::csv : Format::plain;
 }
 
+// Whether a value is there and true. Without memory for its declaration an option has no default.
+bool isTrue(const kivo::Value& given) { return given.isEmpty == 0 && given.value.get<bool>(); }
+
 // The option given later decides alone, "-no-quiet" and "-no-verbose" included. Both options have
 // defaults, and the position of a default is before those of all arguments.
 Verbosity readVerbosity(kivo::IParseResult& result) {
   const kivo::Value quiet = kivo::getLastValue(&result, "quiet");
   const kivo::Value verbose = kivo::getLastValue(&result, "verbose");
   if (quiet.position > verbose.position)
-    return quiet.value.get<bool>() ? Verbosity::quiet : Verbosity::normal;
-  return verbose.value.get<bool>() ? Verbosity::verbose : Verbosity::normal;
+    return isTrue(quiet) ? Verbosity::quiet : Verbosity::normal;
+  return isTrue(verbose) ? Verbosity::verbose : Verbosity::normal;
 }
 
 std::optional<unsigned int> readLimit(kivo::IParseResult& result) {

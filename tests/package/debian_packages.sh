@@ -89,7 +89,7 @@ greeting=$(LD_LIBRARY_PATH=$libdir "$scratch/greet" World)
 
 # The examples ask for manual pages.
 quietly cmake --install "$scratch/build" --prefix "$scratch/installed"
-for tool in greet textkit; do
+for tool in greet notebook textkit; do
   page=$(LC_ALL=C.UTF-8 man -M "$scratch/installed/share/man" "$tool") || fail "no page of $tool"
   grep -q "^ *$tool - " <<<"$page" || fail "the page of $tool: $page"
   for script in bash-completion/completions/$tool zsh/site-functions/_$tool \

@@ -2,13 +2,13 @@
 
     /usr/bin/python3 -B tests/kivo_describe/completion KIVO-DESCRIBE [--shell bash|zsh|fish]...
                                                        [--count N] [--seed S] [--textkit TEXTKIT]
-                                                       [--part NAME]...
+                                                       [--notebook NOTEBOOK] [--part NAME]...
 
 For each shell: the table of cases (cases.py), the settings that must change nothing, hostile
 texts, tools whose names are alike, N random descriptions with random command lines against the
 model (model.py), the processes that a TAB costs, and what the shells and shellcheck say about the
-scripts. With a TEXTKIT, everything that is offered for it is run. `--part NAME` runs one part
-alone; `--part speed` measures the time of a TAB, which no other run does.
+scripts. With a TEXTKIT, everything that is offered for it is run; with a NOTEBOOK, what is offered
+for it is compared with a table (real_commands.py). `--part NAME` runs one part alone; `--part speed` measures the time of a TAB, which no other run does.
 
 The random descriptions depend on the seed alone. Each broken rule is printed once with its
 shortest cases; the description of a case is written to a file in the folder for temporary files.
@@ -35,6 +35,7 @@ import costs
 import fish_only
 import hostile
 import manners
+import real_commands
 from context import Context, make_files
 from programs import Report, run
 from random_tools import Maker
@@ -49,6 +50,7 @@ def parse_arguments():
     parser.add_argument("--count", type=int, default=60, help="random descriptions (default: 60)")
     parser.add_argument("--seed", type=int, default=1, help="of the random descriptions")
     parser.add_argument("--textkit", help="the example of this name, which runs what is offered")
+    parser.add_argument("--notebook", help="the example of this name")
     parser.add_argument("--part", action="append", help="only these parts")
     arguments = parser.parse_args()
     if not os.access(arguments.describe, os.X_OK):
@@ -91,6 +93,7 @@ def all_parts(context, arguments):
         **{name: lambda check=check: check(context) for name, check in manners.PARTS.items()},
         "random": lambda: by_rules.check_random(context, arguments.count, arguments.seed),
         "textkit": lambda: accepted.check_textkit(context, arguments.textkit),
+        "notebook": lambda: real_commands.check_notebook(context, arguments.notebook),
         "speed": lambda: costs.check_speed(context),
     }
 
@@ -100,8 +103,9 @@ def chosen_parts(context, arguments):
     measured only when it is asked for."""
     parts = all_parts(context, arguments)
     chosen = arguments.part or [name for name in parts if name != "speed"]
-    if not arguments.textkit:
-        chosen = [name for name in chosen if name != "textkit"]
+    for name, path in (("textkit", arguments.textkit), ("notebook", arguments.notebook)):
+        if not path:
+            chosen = [part for part in chosen if part != name]
     return {name: parts[name] for name in chosen}
 
 
@@ -119,6 +123,7 @@ def main():
     arguments = parse_arguments()
     arguments.describe = os.path.abspath(arguments.describe)
     arguments.textkit = arguments.textkit and os.path.abspath(arguments.textkit)
+    arguments.notebook = arguments.notebook and os.path.abspath(arguments.notebook)
     if cases.main():
         return 1
     report = Report("kivo-completion-")
