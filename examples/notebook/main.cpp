@@ -140,7 +140,7 @@ int show(kivo::Tool& tool, const Shared& shared) {
 }
 
 int addTags(kivo::Tool& tool, const Shared& shared) {
-  std::optional<unsigned int> number;
+  unsigned int number = 0;
   std::vector<std::string> tags;
   tool.operand("number", number, "Which note.").required().range(1, Notebook::highestNumber);
   tool.rest("tag", tags, "What it belongs to.").required().check(expectTag);
@@ -148,14 +148,14 @@ int addTags(kivo::Tool& tool, const Shared& shared) {
     return *exit;
 
   Notebook notebook(shared.file);
-  Note& note = notebook.find(*number);
+  Note& note = notebook.find(number);
   for (const std::string& tag : tags)
     note.addTag(tag);
   return save(notebook, note, shared);
 }
 
 int removeTags(kivo::Tool& tool, const Shared& shared) {
-  std::optional<unsigned int> number;
+  unsigned int number = 0;
   std::vector<std::string> tags;
   bool all = false;
   tool.operand("number", number, "Which note.").required().range(1, Notebook::highestNumber);
@@ -166,7 +166,7 @@ int removeTags(kivo::Tool& tool, const Shared& shared) {
     return *exit;
 
   Notebook notebook(shared.file);
-  Note& note = notebook.find(*number);
+  Note& note = notebook.find(number);
   for (const std::string& tag : all ? std::vector<std::string>(note.tags) : tags)
     note.removeTag(tag);
   return save(notebook, note, shared);

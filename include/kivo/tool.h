@@ -243,13 +243,13 @@ class Option {
   Option& deprecatedChoice(const char* former, const char* now) {
     return limit(tool_glue::Limit::deprecatedChoice, former, now);
   }
-  /// Calls `check(const Value&)` for each value. It returns what was expected, as `const char*` or
-  /// std::string; null or an empty text accepts the value.
+  /// Calls `function(const Value&)` for each value. It returns what was expected, as `const char*`
+  /// or std::string; null or an empty text accepts the value.
   template <class Check>
-  Option& check(Check check) {
+  Option& check(Check function) {
     static_assert(!std::is_arithmetic_v<std::invoke_result_t<Check&, const Value&>>,
                   "a check returns what was expected: null or an empty text accepts the value");
-    const auto kept = tool_glue::keep<const Value>(static_cast<Check&&>(check));
+    const auto kept = tool_glue::keep<const Value>(static_cast<Check&&>(function));
     return limit(tool_glue::Limit::check, &kept, nullptr);
   }
   /// Takes the value of an environment variable if the command line gives none.
