@@ -339,8 +339,6 @@ const Declaration* Scope::declared(const ToolData& tool, const std::string& name
 }
 
 std::string Scope::nameOf(const Declaration& declaration) const {
-  if (declaration.isOperand())
-    return operandMark + declaration.firstName();
   for (const std::string_view name : declaration.names) {
     if (withFirstName(name) == &declaration)
       return std::string(name);

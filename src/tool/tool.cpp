@@ -89,7 +89,7 @@ void destroyUnless(const void* owner, const Callable& function) {
 // The arguments of a tool; those of a command are known already.
 std::vector<const char*> wordsOf(const ToolData& tool, int argc, const char* const* argv) {
   std::vector<const char*> words = tool.words;
-  if (argc <= 0 && words.empty())
+  if (argc < 0 && words.empty())  // without the name of the tool
     words.push_back("");
   const int count = tool.parent == nullptr && argv != nullptr ? std::abs(argc) : 0;
   words.reserve(words.size() + static_cast<std::size_t>(count) + 1);

@@ -14,6 +14,6 @@ quietly() {
 buildLibrary() {
   quietly cmake -S "$1" -B "$2" -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_COMPILER="$3" \
     -DCMAKE_CXX_FLAGS="$4" -DCMAKE_INSTALL_LIBDIR=lib -DBUILD_TESTING=OFF \
-    -DKIVO_BUILD_EXAMPLES=OFF -DKIVO_WARNINGS_AS_ERRORS=OFF
+    -DKIVO_BUILD_EXAMPLES=OFF -DKIVO_BUILD_DESCRIBE=OFF -DKIVO_WARNINGS_AS_ERRORS=OFF
   quietly cmake --build "$2" --target kivo --parallel "$(nproc)"
 }
