@@ -364,7 +364,9 @@ class Rules {
 
   void checkRefused() const {
     const bool hasWords = m_outcome.command.find_first_not_of(' ') != string::npos;
-    const bool isOdd = !hasWords && contains(m_script, "command");  // one without words
+    const bool isOdd = !hasWords && std::any_of(m_script.begin(), m_script.end(), [](auto& step) {
+      return step.is("command") && step.text(0).find_first_not_of(' ') == string::npos;
+    });
     const string called = hasWords ? "tool " + m_outcome.command : isOdd ? "" : "tool";
     const string told = errors.text();
     if (m_outcome.status == 3 && throwsWhileReading(m_script))
