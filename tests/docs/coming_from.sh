@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Compares the tables of docs/coming-from.md with its programs: every piece of code in a column "you
-# write" has to occur in a block of the page; follow.sh compiles and runs the blocks. Code in the
+# Compares the tables of docs/coming-from.md with its programs: every piece of code in the two
+# columns of what you write has to occur in a block of the page; follow.sh compiles and runs the blocks. Code in the
 # text of a link is not checked, because the link leads to its program.
 #   coming_from.sh SOURCE-DIRECTORY
 set -euo pipefail
@@ -13,18 +13,18 @@ asOneLine() { tr '\n' ' ' | sed -E 's/ +/ /g'; }
 blocks=$(sed -n '/^```[a-z]/,/^```$/p' "$document" | asOneLine | sed 's/ ->/->/g')
 
 rows() {
-  awk '/^[|] to [|] you wrote [|] you write [|]$/ { inside = 1; next }
+  awk '/^[|] to [|] you wrote [|] you write [|] on the interfaces below [|]$/ { inside = 1; next }
        !/^[|]/ { inside = 0 }
        inside && !/^[|]---/' "$document"
 }
-lastColumn() { awk -F ' [|] ' '{ sub(/ [|]$/, "", $NF); print $NF }' | sed -E 's/\[[^]]*\]\([^)]*\)//g'; }
+lastColumns() { awk -F ' [|] ' '{ sub(/ [|]$/, "", $NF); print $(NF - 1), $NF }' | sed -E 's/\[[^]]*\]\([^)]*\)//g'; }
 
 checked=0
 while IFS= read -r code; do
   checked=$((checked + 1))
   [[ $blocks == *"${code// ->/->}"* ]] || complain "in no block of the page: $code"
-done < <(rows | lastColumn | grep -oE '`[^`]+`' | tr -d '`')
+done < <(rows | lastColumns | grep -oE '`[^`]+`' | tr -d '`')
 
-[ "$checked" -ge 40 ] || complain "only $checked pieces of code found"
+[ "$checked" -ge 90 ] || complain "only $checked pieces of code found"
 echo "$checked pieces of code checked, $failures missing"
 [ "$failures" -eq 0 ]
