@@ -216,7 +216,7 @@ TEST_F(Notebook, AConfigurationFileStandsBelowTheEnvironment) {
 
 TEST_F(Notebook, AnErrorOfAConfigurationFileNamesFileAndLine) {
   write("rc", "# As I like it.\n\n--stile=full\n");
-  EXPECT_EQ(refuses("list", "rc:3: Unknown option: --stile=full"),
+  EXPECT_EQ(refuses("list", "rc:3: Unknown option: --stile=full. Did you mean '--style'?"),
             notebook({"list", "--config=rc"}));
   EXPECT_EQ(refuses("list", "Cannot read 'none': No such file or directory"),
             notebook({"list", "--config=none"}));
