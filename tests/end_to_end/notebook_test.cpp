@@ -40,6 +40,8 @@ class Notebook : public testing::Test {
                          "HOME=" + m_folder.path(),
                          "COLUMNS=80"};
     command.insert(command.end(), variables.begin(), variables.end());
+    for (const std::string& word : runner())
+      command.push_back(word);
     command.emplace_back(NOTEBOOK_PATH);
     command.insert(command.end(), arguments.begin(), arguments.end());
     return run(command, m_folder.path(), "");

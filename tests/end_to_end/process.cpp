@@ -11,6 +11,7 @@
 #include <fstream>
 #include <iterator>
 #include <ostream>
+#include <sstream>
 #include <stdexcept>
 #include <system_error>
 
@@ -101,6 +102,12 @@ Outcome run(const std::vector<std::string>& command, const std::string& folder,
   actions.enter(folder);
   const int status = waitFor(start(command, actions));
   return {status, readFile(out), readFile(err)};
+}
+
+std::vector<std::string> runner() {
+  const char* words = std::getenv("TOOL_RUNNER");
+  std::istringstream stream(words != nullptr ? words : "");
+  return {std::istream_iterator<std::string>(stream), {}};
 }
 
 std::string readFile(const std::string& path) {

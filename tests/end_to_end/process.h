@@ -35,6 +35,10 @@ class TemporaryFolder {
 Outcome run(const std::vector<std::string>& command, const std::string& folder,
             const std::string& input);
 
+/// The program that runs the tools under test, with its options, from the environment variable
+/// TOOL_RUNNER; usually none.
+std::vector<std::string> runner();
+
 std::string readFile(const std::string& path);
 void writeFile(const std::string& path, const std::string& text);
 

@@ -2,23 +2,8 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <sstream>
 
 namespace end_to_end {
-namespace {
-
-// The program that runs textkit, with its options; usually none.
-Arguments runner() {
-  const char* words = std::getenv("TEXTKIT_RUNNER");
-  std::istringstream stream(words != nullptr ? words : "");
-  Arguments command;
-  for (std::string word; stream >> word;)
-    command.push_back(word);
-  return command;
-}
-
-}  // namespace
-
 Textkit::Textkit() { setenv("LC_ALL", "C", 1); }
 
 Outcome Textkit::textkit(const Arguments& arguments, const std::string& input) const {
