@@ -23,6 +23,11 @@ void collectNumbers(std::string_view word, std::vector<unsigned int>& numbers) {
   }
 }
 
+// One dash is ASCII, the others are three bytes.
+bool beginsWithDash(std::string_view text) {
+  return !text.empty() && (text[0] == '-' || getDashLength(std::string(text.substr(0, 3)), 0) != 0);
+}
+
 // Whether the parser would split a mark that it gets as a value.
 bool splitsMarks(const Declaration& declaration) {
   return declaration.separator == markBegin ||
@@ -47,7 +52,7 @@ bool turnsOff(const Declaration& declaration, const std::string& typed) {
 Word wordOf(std::string_view text) {
   if (text == "--")
     return {Word::end, "", "", false};
-  if (text == loneDash || getDashLength(std::string(text.substr(0, 3)), 0) == 0)
+  if (text == loneDash || !beginsWithDash(text))
     return {Word::operand, "", "", false};
   Word word = {Word::option, "", "", false};
   // The value is not copied: with its '=', the name ends at the latest.

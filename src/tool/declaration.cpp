@@ -34,7 +34,10 @@ std::string_view ToolData::keep(std::string_view text, std::string_view before) 
   return {kept, size};
 }
 
-Declaration::~Declaration() { forget(); }
+Declaration::~Declaration() {
+  if (staged != nullptr)
+    type->destroy(staged);
+}
 
 bool Declaration::takesValue() const {
   if (use == Use::flag || use == Use::count || use == Use::action)
@@ -45,15 +48,6 @@ bool Declaration::takesValue() const {
 bool Declaration::takesAnyText() const {
   const bool isText = type == nullptr || type->kind == Kind::object || function;
   return isText && takesValue() && choices.empty();
-}
-
-void Declaration::forget() {
-  if (staged != nullptr)
-    type->destroy(staged);
-  staged = nullptr;
-  texts.clear();
-  source = Source::none;
-  given = 0;
 }
 
 }  // namespace kivo_3_3::tool_glue

@@ -70,9 +70,6 @@ struct Declaration {
   bool hasDeprecatedChoices() const { return takesValue() && !deprecatedChoices.empty(); }
   bool isList() const { return type != nullptr && type->holder == Holder::list; }
 
-  /// Drops the given values.
-  void forget();
-
   ToolData& tool;
   const Use use;
   NameList names;

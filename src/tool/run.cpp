@@ -105,10 +105,6 @@ class CommandLine {
 
   /// The status if the command line is wrong.
   std::optional<int> read() {
-    for (Declaration* option : m_scope.options())
-      option->forget();
-    for (Declaration* operand : m_scope.operands())
-      operand->forget();
     if (const char* const stray = m_arguments.stray(); stray != nullptr)
       return refused(m_tool, isUnexpected(stray));
     IParser& parser = *m_tool.parser;

@@ -292,7 +292,8 @@ void limitValues(IOption& option, const Declaration& declaration, Purpose purpos
     for (const auto& [former, now] : declaration.deprecatedChoices)
       option.allowDeprecatedValue(former.data(), now.data());
   }
-  option.tokenize(declaration.separator);  // choices have made it split at commas
+  if (declaration.separator != '\0' || !declaration.choices.empty())
+    option.tokenize(declaration.separator);  // choices have made it split at commas
 }
 
 void Scope::annotateAll(const Declaration& declaration, const std::string& name) {
@@ -319,7 +320,7 @@ Declaration* Scope::owner(std::string_view name) const {
 }
 
 Declaration* Scope::negated(std::string_view name) const {
-  if (name.substr(0, negation.size()) != negation)
+  if (name.compare(0, negation.size(), negation) != 0)
     return nullptr;
   Declaration* const found = withFirstName(name.substr(negation.size()));
   return found != nullptr && parserType(*found) == vtBool ? found : nullptr;
