@@ -369,8 +369,10 @@ class Rules {
     });
     const string called = hasWords ? "tool " + m_outcome.command : isOdd ? "" : "tool";
     const string told = errors.text();
-    if (m_outcome.status == 3 && throwsWhileReading(m_script))
-      return expect(endsWith(told, outOfMemory), "lack of memory is told", all());
+    if (endsWith(told, outOfMemory)) {
+      return expect(m_outcome.status == 3 && throwsWhileReading(m_script),
+                    "only a lack of memory is told as one, with status 3", all());
+    }
     expect(told.compare(0, 6, "tool: ") == 0 &&
                endsWith(told, (isOdd ? "" : "\nTry '" + called) + " --help'.\n"),
            "an error names the tool and the way to the help", all());
