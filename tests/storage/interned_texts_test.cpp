@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <deque>
 #include <iterator>
 #include <new>
@@ -181,6 +182,19 @@ TEST_F(Interned, StepsAreCounted) {
     texts.intern(all.emplace_back(std::to_string(all.size())).c_str());
   EXPECT_LE(301u, texts.countSteps());
   EXPECT_GT(700u, texts.countSteps());
+}
+
+// The hash has a random key, but of many sets of sixteen texts some are without a collision.
+TEST_F(Interned, ATextWithoutACollisionIsOneStep) {
+  std::size_t fewest = 1000;
+  for (int number = 0; number < 100; ++number) {
+    OwnedMemoryOf<640> own;
+    InternedTexts set(own);
+    for (int text = 0; text < 16; ++text)
+      set.internCopy(std::to_string(number * 16 + text).c_str());
+    fewest = std::min(fewest, set.countSteps());
+  }
+  EXPECT_EQ(16u, fewest);
 }
 
 // The mark of a text may be any bit of 64.
