@@ -21,7 +21,7 @@ using std::string_view;
 string_view orEmpty(const char* text) { return text != nullptr ? text : ""; }
 
 bool isModifier(const OptionDescription& option) {
-  return !option.isAction() && !option.m_tags.empty();
+  return !option.isAction() && !option.tags().empty();
 }
 
 const char* kindOf(const OptionDescription& option) {
@@ -54,7 +54,7 @@ class ActionsByTag {
   explicit ActionsByTag(const OptionList& options) {
     for (const OptionDescription& option : options)
       if (option.isAction() && !option.m_names.empty())
-        for (const string_view tag : option.m_tags)
+        for (const string_view tag : option.tags())
           m_actions[tag].push_back(&option);
   }
 
@@ -62,7 +62,7 @@ class ActionsByTag {
   // declaration, each once.
   std::vector<string_view> of(const OptionDescription& modifier) const {
     std::map<std::uint32_t, string_view> names;
-    for (const string_view tag : modifier.m_tags)
+    for (const string_view tag : modifier.tags())
       if (const auto tagged = m_actions.find(tag); tagged != m_actions.end())
         for (const OptionDescription* action : tagged->second)
           names.emplace(action->m_number, action->firstName());

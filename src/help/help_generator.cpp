@@ -181,7 +181,7 @@ Selection HelpGenerator::getGlobalActions() const {
 Selection HelpGenerator::getGlobalModifiers() const {
   Selection modifiers;
   for (const OptionDescription& option : m_options)
-    if (!option.isAction() && option.m_tags.empty())
+    if (!option.isAction() && option.tags().empty())
       modifiers.push_back(&option);
   return modifiers;
 }
@@ -189,7 +189,7 @@ Selection HelpGenerator::getGlobalModifiers() const {
 void HelpGenerator::findActionModifiers(unsigned int index, Selection& modifiers) const {
   const OptionDescription& action = m_options.at(index);
   for (const OptionDescription& option : m_options)
-    if (&option != &action && !option.isAction() && isIntersected(action.m_tags, option.m_tags))
+    if (&option != &action && !option.isAction() && isIntersected(action.tags(), option.tags()))
       modifiers.push_back(&option);
 }
 

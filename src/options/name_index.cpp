@@ -4,22 +4,12 @@
 #include "options/name_index.h"
 
 #include <algorithm>
-#include <iterator>
 
 #include "options/negation.h"
 
 namespace kivo_3_3 {
 
-struct NameIndex::Matches {
-  int count = 0;
-  const Name* first = nullptr;
-  std::string_view ahead;
-};
-
-// The sorted list is dropped here and not in add(): widening a table moves the names that are in
-// it, even if the declaration then fails and nothing is added.
 void NameIndex::makeRoomFor(std::size_t count) {
-  m_sorted.clear();
   m_names.makeRoomFor(count);
   if (m_repeated.capacity() - m_repeated.size() < count)
     m_repeated.reserve(std::max(m_repeated.capacity() * 2, m_repeated.size() + count));
@@ -52,45 +42,48 @@ std::optional<unsigned int> NameIndex::find(const HashedName& name) const {
 NameIndex::Match NameIndex::findBest(const HashedName& typed) {
   if (const Name* const exact = findName(typed))
     return {Match::unique, exact->option, {}, typed.text};
-  if (m_sorted.size() != m_names.entries().size() + m_repeated.size())
-    sortNames();
-  Matches matches;
-  collect(m_sorted, typed.text, {}, matches);
+  if (m_sorted == nullptr || m_sorted->named != m_names.entries().size() ||
+      m_sorted->repeated != m_repeated.size())
+    sortAdded();
+  const SortedNames::Found plain = m_sorted->all.find(typed.text);
+  SortedNames::Found negated;
   if (const auto prefix = prefixBehindNegation(typed.text))
-    collect(m_sortedBooleans, *prefix, negation, matches);
-  if (matches.count != 1)
-    return {matches.count == 0 ? Match::none : Match::ambiguous};
-  const Name& match = *matches.first;
-  return {Match::unique, match.option, matches.ahead, match.name.text};
+    negated = m_sorted->booleans.find(*prefix);
+  if (plain.count + negated.count != 1)
+    return {plain.count + negated.count == 0 ? Match::none : Match::ambiguous};
+  if (plain.count == 1)
+    return {Match::unique, plain.first.option, {}, plain.first.text};
+  return {Match::unique, negated.first.option, negation, negated.first.text};
 }
 
-void NameIndex::sortNames() {
-  Sorted sorted(m_sorted.get_allocator());
-  for (const Name& name : m_names.entries())
-    sorted.push_back(&name);
-  for (const Name& name : m_repeated)
-    sorted.push_back(&name);
-  std::sort(sorted.begin(), sorted.end(),
-            [](const Name* left, const Name* right) { return left->name.text < right->name.text; });
-  Sorted booleans(m_sorted.get_allocator());
-  std::copy_if(sorted.begin(), sorted.end(), std::back_inserter(booleans),
-               [](const Name* name) { return name->isBoolean; });
-  m_sortedBooleans.swap(booleans);
-  m_sorted.swap(sorted);
+// Calls `visit` for the names that were added since the last call of sortAdded().
+template <class Visit>
+void NameIndex::eachUnsorted(Visit visit) const {
+  for (std::size_t name = m_sorted->named; name < m_names.entries().size(); ++name)
+    visit(m_names.entries()[name]);
+  for (std::size_t name = m_sorted->repeated; name < m_repeated.size(); ++name)
+    visit(m_repeated[name]);
 }
 
-// Two matches suffice to know that a name is ambiguous.
-void NameIndex::collect(const Sorted& sorted, std::string_view prefix, std::string_view ahead,
-                        Matches& matches) {
-  auto match = std::lower_bound(
-      sorted.begin(), sorted.end(), prefix,
-      [](const Name* name, std::string_view wanted) { return name->name.text < wanted; });
-  for (; match != sorted.end() && beginsWith((*match)->name.text, prefix); ++match) {
-    if (++matches.count > 1)
-      return;
-    matches.first = *match;
-    matches.ahead = ahead;
-  }
+// Adds all new names to the sorted ones, or none.
+void NameIndex::sortAdded() {
+  if (m_sorted == nullptr)
+    m_sorted = std::make_unique<Sorted>();
+  std::size_t count = 0;
+  std::size_t booleans = 0;
+  eachUnsorted([&](const Name& name) {
+    ++count;
+    booleans += name.isBoolean ? 1 : 0;
+  });
+  m_sorted->all.makeRoomFor(count);
+  m_sorted->booleans.makeRoomFor(booleans);
+  eachUnsorted([&](const Name& name) {
+    m_sorted->all.add(name.name.text, name.option);
+    if (name.isBoolean)
+      m_sorted->booleans.add(name.name.text, name.option);
+  });
+  m_sorted->named = m_names.entries().size();
+  m_sorted->repeated = m_repeated.size();
 }
 
 }  // namespace kivo_3_3

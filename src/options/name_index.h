@@ -4,11 +4,14 @@
 // findOption() or with find_best_match() over all names, a tool would read another option than its
 // user typed.
 
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string_view>
 #include <vector>
 
+#include "options/sorted_names.h"
 #include "storage/hashed_name.h"
 #include "storage/name_table.h"
 
@@ -28,8 +31,7 @@ class NameIndex {
   };
 
   // The memory must outlive the index.
-  explicit NameIndex(OwnedMemory* memory)
-      : m_names(memory), m_repeated(memory), m_sorted(memory), m_sortedBooleans(memory) {}
+  explicit NameIndex(OwnedMemory* memory) : m_names(memory), m_repeated(memory) {}
 
   // Makes room for `count` more names, so that add() cannot fail. Raises std::bad_alloc.
   void makeRoomFor(std::size_t count);
@@ -41,6 +43,10 @@ class NameIndex {
   // The first option that has this name.
   std::optional<unsigned int> find(const HashedName& name) const;
 
+  // Whether `isMeant` accepts an option that has exactly this name, by its number.
+  template <class IsMeant>
+  bool anyNamed(const HashedName& name, IsMeant isMeant) const;
+
   // The option that has the name `typed`; otherwise the option with the only name that begins with
   // `typed`. Raises std::bad_alloc.
   Match findBest(const HashedName& typed);
@@ -51,23 +57,38 @@ class NameIndex {
     std::uint32_t option;
     bool isBoolean;
   };
-  // Sorted by the texts of the names. The pointers are valid until the next call of makeRoomFor().
-  using Sorted = std::vector<const Name*, OwnedAllocator<const Name*>>;
-  // The first name that begins with a prefix, and whether there are more.
-  struct Matches;
+  // The names as abbreviations need them.
+  struct Sorted {
+    SortedNames all;
+    SortedNames booleans;
+    // How many names of the table and of the repeated ones they have.
+    std::size_t named = 0;
+    std::size_t repeated = 0;
+  };
 
   const Name* findName(const HashedName& name) const;
-  [[gnu::cold]] void sortNames();
-  static void collect(const Sorted& sorted, std::string_view prefix, std::string_view ahead,
-                      Matches& matches);
+  template <class Visit>
+  void eachUnsorted(Visit visit) const;
+  [[gnu::cold]] void sortAdded();
 
   NameTable<Name> m_names;
   // Names that find() never returns, since an equal name was added before. They are not in the
   // table, where thousands of equal names would be probed one by one.
   std::vector<Name, OwnedAllocator<Name>> m_repeated;
-  // makeRoomFor() empties the first list. findBest() builds both lists again when it needs them.
-  Sorted m_sorted;
-  Sorted m_sortedBooleans;  // only names of booleans
+  std::unique_ptr<Sorted> m_sorted;  // made by the first abbreviation
 };
+
+template <class IsMeant>
+bool NameIndex::anyNamed(const HashedName& name, IsMeant isMeant) const {
+  const auto isMeantByName = [&](const Name& other) {
+    return other.name == name && isMeant(other.option);
+  };
+  if (m_names.find(name) == nullptr)
+    return false;
+  for (const Name& repeated : m_repeated)
+    if (isMeantByName(repeated))
+      return true;
+  return m_names.find(name, isMeantByName) != nullptr;
+}
 
 }  // namespace kivo_3_3

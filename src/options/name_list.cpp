@@ -37,14 +37,15 @@ int validateName(const Names& names) {
   return names.size() == mostNames && names.back().text.size() > longestThirdName ? 1 : 0;
 }
 
+// Each tag of the smaller set is searched in the larger one: an action may have thousands.
 bool isIntersected(const Texts& first, const Texts& second) {
-  auto left = first.begin();
-  auto right = second.begin();
-  while (left != first.end() && right != second.end()) {
-    const int order = left->compare(*right);
-    if (order == 0)
+  const Texts& larger = first.size() < second.size() ? second : first;
+  const Texts& smaller = &larger == &first ? second : first;
+  auto place = larger.begin();
+  for (const std::string_view tag : smaller) {
+    place = std::lower_bound(place, larger.end(), tag);
+    if (place != larger.end() && *place == tag)
       return true;
-    ++(order < 0 ? left : right);
   }
   return false;
 }

@@ -30,6 +30,8 @@ void amend(Change change) {
 
 IOption::~IOption() = default;
 
+OptionDescription::OptionDescription(const OptionDescription&) = default;
+
 IOption* OptionDescription::synonym(const char* name) {
   if (name != nullptr)
     amend([&] { addName(name); });
@@ -88,22 +90,35 @@ IOption* OptionDescription::tag(const char* tags) {
   return this;
 }
 
-// Only new tags are copied to the arena. Everything up to insert() may raise std::bad_alloc and
-// leaves m_tags unchanged if it does; nothing after insert() can fail.
+// Tags are sorted when they are read or fill their memory, so that a tool may add many one by one.
+// Everything up to insert() may raise std::bad_alloc, and then no tag has been added.
 void OptionDescription::addTags(const char* tags) {
   if (tags == nullptr)
     return;
   Texts added;
   split(tags, added);
   const auto isKnown = [&](std::string_view tag) {
-    return std::binary_search(m_tags.begin(), m_tags.end(), tag);
+    const auto sortedEnd = m_tags.begin() + m_sortedTags;
+    return std::binary_search(m_tags.begin(), sortedEnd, tag);
   };
   added.erase(std::remove_if(added.begin(), added.end(), isKnown), added.end());
   for (std::string_view& text : added)
     text = m_garbage->memory().copy(text);
+  if (m_tags.capacity() - m_tags.size() < added.size())
+    sortTags();
   m_tags.insert(m_tags.end(), added.begin(), added.end());
+}
+
+const Texts& OptionDescription::tags() const {
+  if (m_sortedTags != m_tags.size())
+    sortTags();
+  return m_tags;
+}
+
+void OptionDescription::sortTags() const {
   std::sort(m_tags.begin(), m_tags.end());
   m_tags.erase(std::unique(m_tags.begin(), m_tags.end()), m_tags.end());
+  m_sortedTags = static_cast<std::uint32_t>(m_tags.size());
 }
 
 std::string OptionDescription::getDefaultValueAsText() const {

@@ -9,6 +9,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,8 @@
 #include "storage/garbage.h"
 
 namespace kivo_3_3 {
+
+class CandidateIndex;
 
 // The section of the help whose options are shown only if a tool asks for them.
 inline constexpr std::string_view hiddenSection = "kivo_hidden";
@@ -44,8 +47,8 @@ class OptionDescription final : public IOption {
   OptionDescription() = default;
   // Allocates the lists in `memory`, which must outlive the description.
   explicit OptionDescription(OwnedMemory* memory)
-      : m_names(memory), m_tags(memory), m_allowedValues(memory), m_deprecatedValues(memory) {}
-  OptionDescription(const OptionDescription&) = default;
+      : m_names(memory), m_allowedValues(memory), m_deprecatedValues(memory), m_tags(memory) {}
+  [[gnu::noinline]] OptionDescription(const OptionDescription& other);  // only few are copied
   OptionDescription(OptionDescription&&) noexcept = default;
   OptionDescription& operator=(const OptionDescription&) = default;
   OptionDescription& operator=(OptionDescription&&) = default;
@@ -59,6 +62,8 @@ class OptionDescription final : public IOption {
 
   // Adds tags as tag() does, but raises std::bad_alloc if memory runs out.
   void addTags(const char* tags);
+  // The tags, sorted, each once.
+  const Texts& tags() const;
 
   // Whether a default other than "no value" was declared.
   bool hasDefault() const { return m_hasDefault && m_defaultValue.type() != stratum2::vtNull; }
@@ -79,11 +84,14 @@ class OptionDescription final : public IOption {
   // text, it refers to the characters of `text`. If the value is refused, returns false with the
   // reason in `error`, and `value` is meaningless; otherwise `error` is unchanged.
   bool validate(std::string_view& text, variant_t& value, std::string& error) const;
+  // All candidates for a value, if there are so many that an index pays; otherwise null.
+  const CandidateIndex* candidates() const;
 
   // Compares the first names byte by byte; an option without names has an empty one. Only tests
   // call this.
   bool operator<(const OptionDescription& other) const;
 
+  using Values = std::vector<variant_t, OwnedAllocator<variant_t>>;
   // From deprecated values to those that replace them.
   using Replacements = std::map<variant_t, variant_t, std::less<>,
                                 OwnedAllocator<std::pair<const variant_t, variant_t>>>;
@@ -91,7 +99,6 @@ class OptionDescription final : public IOption {
   // All texts are in the arena of the Garbage, zero-terminated.
   std::uint32_t m_status = stored;
   Names m_names;
-  Texts m_tags;  // sorted, each once
   std::string_view m_groupKey;
   std::string_view m_groupTitle;  // only tests read it
   std::string_view m_description;
@@ -101,7 +108,7 @@ class OptionDescription final : public IOption {
   char m_tokenizer = ',';           // '\0': values are not split
   variant_type_t m_type = stratum2::vtNull;
   variant_t m_defaultValue;
-  std::vector<variant_t, OwnedAllocator<variant_t>> m_allowedValues;
+  Values m_allowedValues;
   Replacements m_deprecatedValues;
   Garbage* m_garbage = nullptr;
   std::uint64_t m_identity = 0;  // unique in this process; 0 without a registry
@@ -112,6 +119,13 @@ class OptionDescription final : public IOption {
 
  private:
   void addName(std::string_view name);
+  void sortTags() const;
+  [[gnu::cold]] const CandidateIndex* indexedCandidates() const;
+
+  mutable Texts m_tags;
+  mutable std::uint32_t m_sortedTags = 0;  // this many tags are sorted, each once
+  mutable std::uint32_t m_walks = 0;       // over the candidates, since they were last indexed
+  mutable std::shared_ptr<const CandidateIndex> m_candidates;
 };
 
 // All options of one parser in declaration order. A description never moves in memory.

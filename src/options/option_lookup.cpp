@@ -13,11 +13,11 @@ namespace kivo_3_3 {
 namespace {
 
 bool answersTo(const OptionDescription& option, const std::string& text) {
-  const auto isMeant = [&](std::string_view name) {
-    return name == text ||
-           (option.m_type == vtBool && isNegated(text) && withoutNegation(text) == name);
-  };
-  return std::any_of(option.m_names.begin(), option.m_names.end(), isMeant);
+  const bool isNegation = option.m_type == vtBool && isNegated(text);
+  for (const HashedName& name : option.m_names)
+    if (name.text == text || (isNegation && withoutNegation(text) == name.text))
+      return true;
+  return false;
 }
 
 }  // namespace

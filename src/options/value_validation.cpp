@@ -6,12 +6,12 @@
 
 #include <kivo/value.h>
 
+#include <new>
 #include <ostream>
 
-#include "base/begins_with.h"
 #include "base/quoted.h"
 #include "bedrock/console.h"
-#include "options/option_description.h"
+#include "options/candidate_index.h"
 #include "options/value_conversion.h"
 
 namespace kivo_3_3 {
@@ -19,11 +19,6 @@ namespace kivo_3_3 {
 namespace {
 
 using std::string;
-
-// The text of `value`; the empty text for a value that is not a text.
-const char* readAsText(const variant_t& value) {
-  return value.can_get<const char*>() ? value.get<const char*>() : "";
-}
 
 // The list of the allowed values in a message; deprecated values are left out.
 [[gnu::cold]] string possibleValues(const OptionDescription& option) {
@@ -72,21 +67,44 @@ bool anyCandidate(const OptionDescription& option, Visit visit) {
   return false;
 }
 
-// Returns the number of candidates that begin with `text`. Sets `completed` to the last of them
-// and lets `value` refer to it.
-int complete(const OptionDescription& option, std::string_view text, variant_t& value,
-             std::string_view& completed) {
-  int passed = 0;
+bool isCandidate(const OptionDescription& option, const CandidateIndex* index,
+                 const variant_t& value) {
+  if (index != nullptr)
+    return index->has(value);
+  return anyCandidate(option, [&](const variant_t& candidate) { return candidate == value; });
+}
+
+[[gnu::cold]] Completion completionOf(const OptionDescription& option, const CandidateIndex* index,
+                                      std::string_view text) {
+  Completion completion = {text};
+  if (index != nullptr) {
+    index->complete(completion);
+    return completion;
+  }
   anyCandidate(option, [&](const variant_t& candidate) {
-    const std::string_view whole = readAsText(candidate);
-    if (beginsWith(whole, text)) {
-      ++passed;
-      completed = whole;
-      value = variant_t(whole.data(), true);
-    }
+    completion.consider(candidate);
     return false;
   });
-  return passed;
+  return completion;
+}
+
+// Completes the text of a value that is no candidate itself, as validate() does.
+[[gnu::cold, gnu::noinline]] bool complete(const OptionDescription& option,
+                                           const CandidateIndex* index, std::string_view& text,
+                                           variant_t& value, string& error) {
+  const Completion completion =
+      option.m_type == vtString ? completionOf(option, index, text) : Completion{text};
+  if (completion.count == 0) {
+    error = doesNotAllow(option, text);
+    return false;
+  }
+  value = variant_t(completion.last.data(), true);
+  if (completion.count > 1) {
+    error = isAmbiguous(option);
+    return false;
+  }
+  text = completion.last;
+  return true;
 }
 
 void warnIfDeprecated(const OptionDescription& option, std::string_view text) {
@@ -101,6 +119,30 @@ void warnIfDeprecated(const OptionDescription& option, std::string_view text) {
 
 }  // namespace
 
+const CandidateIndex* OptionDescription::candidates() const {
+  constexpr std::size_t fewestIndexed = 32;
+  const std::size_t count = m_allowedValues.size() + m_deprecatedValues.size();
+  if (count < fewestIndexed)
+    return nullptr;
+  const bool isUpToDate = m_candidates != nullptr && m_candidates->size() == count;
+  return isUpToDate ? m_candidates.get() : indexedCandidates();
+}
+
+// The index is built when it is about to pay: candidates that change between any two values are
+// walked most times. Without memory for the index they are walked too.
+const CandidateIndex* OptionDescription::indexedCandidates() const {
+  constexpr std::uint32_t walksAhead = 8;
+  if (++m_walks < walksAhead)
+    return nullptr;
+  m_walks = 0;
+  try {
+    m_candidates = std::make_shared<const CandidateIndex>(*this);
+    return m_candidates.get();
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
+
 bool OptionDescription::validate(std::string_view& text, variant_t& value, string& error) const {
   value = m_type == vtString ? variant_t(text.data(), true) : textToValue(m_type, text);
   if (value.type() == vtNull) {
@@ -110,15 +152,9 @@ bool OptionDescription::validate(std::string_view& text, variant_t& value, strin
   if (m_allowedValues.empty())
     return true;
 
-  if (!anyCandidate(*this, [&](const variant_t& candidate) { return candidate == value; })) {
-    std::string_view completed;
-    const int passed = m_type == vtString ? complete(*this, text, value, completed) : 0;
-    if (passed != 1) {
-      error = passed == 0 ? doesNotAllow(*this, text) : isAmbiguous(*this);
-      return false;
-    }
-    text = completed;
-  }
+  const CandidateIndex* const index = candidates();
+  if (!isCandidate(*this, index, value) && !complete(*this, index, text, value, error))
+    return false;
   warnIfDeprecated(*this, text);
   return true;
 }

@@ -7,6 +7,7 @@
 #include <kivo/status.h>
 
 #include <algorithm>
+#include <optional>
 
 #include "base/quoted.h"
 #include "options/name_list.h"
@@ -26,6 +27,28 @@ struct ActionRules::Used {
   ActionSet actions;
   const OptionDescription* firstAction = nullptr;
   bool otherOptions = false;
+};
+
+// The groups that have all actions added so far. Each action is looked up only in the groups that
+// had the ones before it: thousands of actions may be given together.
+class ActionRules::FittingGroups {
+ public:
+  explicit FittingGroups(const std::vector<ActionSet>& groups) {
+    for (const ActionSet& group : groups)
+      m_groups.push_back(&group);
+  }
+
+  [[gnu::cold]] void add(const string& action) {
+    std::size_t fitting = 0;
+    for (const ActionSet* group : m_groups)
+      if (group->count(action) != 0)
+        m_groups[fitting++] = group;
+    m_groups.resize(fitting);
+  }
+  bool areAny() const { return !m_groups.empty(); }
+
+ private:
+  std::vector<const ActionSet*> m_groups;
 };
 
 namespace {
@@ -71,6 +94,7 @@ std::vector<ActionRules::Stored> ActionRules::lookUp(const StoredOptions& option
 }
 
 int ActionRules::collect(const std::vector<Stored>& stored, Used& used, string& error) const {
+  std::optional<FittingGroups> groups;  // if there is more than one action
   for (const Stored& entry : stored) {
     const OptionDescription* const option = entry.option;
     if (option == nullptr)
@@ -79,10 +103,16 @@ int ActionRules::collect(const std::vector<Stored>& stored, Used& used, string& 
       used.otherOptions = true;
       continue;
     }
-    used.actions.insert(string(option->firstName()));
     if (used.firstAction == nullptr)
       used.firstAction = option;
-    if (option == used.firstAction || assertActionsCanBeUsedSimultaneously(used.actions))
+    const auto [action, isNew] = used.actions.emplace(option->firstName());
+    if (option == used.firstAction)
+      continue;
+    if (!groups)
+      groups.emplace(m_groups).add(string(used.firstAction->firstName()));
+    if (isNew)
+      groups->add(*action);
+    if (groups->areAny())
       continue;
     error = onlyOneActionPossible(*option, *used.firstAction);
     return status::usageError;
@@ -95,8 +125,8 @@ int ActionRules::checkModifiers(const std::vector<Stored>& stored, const OptionD
                                 string& error) {
   for (const Stored& entry : stored) {
     const OptionDescription& option = *entry.option;
-    const bool isGivenModifier = !option.isAction() && !option.m_tags.empty() && entry.isGiven;
-    if (isGivenModifier && !isIntersected(action.m_tags, option.m_tags)) {
+    const bool isGivenModifier = !option.isAction() && !option.tags().empty() && entry.isGiven;
+    if (isGivenModifier && !isIntersected(action.tags(), option.tags())) {
       error = doesNotAccept(action, option);
       return status::usageError;
     }
@@ -105,9 +135,10 @@ int ActionRules::checkModifiers(const std::vector<Stored>& stored, const OptionD
 }
 
 bool ActionRules::assertActionsCanBeUsedSimultaneously(const ActionSet& usedActions) const {
-  return std::any_of(m_groups.begin(), m_groups.end(), [&](const ActionSet& group) {
-    return std::includes(group.begin(), group.end(), usedActions.begin(), usedActions.end());
-  });
+  FittingGroups groups(m_groups);
+  for (const string& action : usedActions)
+    groups.add(action);
+  return groups.areAny();
 }
 
 }  // namespace kivo_3_3

@@ -27,12 +27,13 @@ class ActionRules {
   // an option of another parser.
   int check(const StoredOptions& options, std::string& error) const;
 
-  // Whether one of the groups has all of these actions.
+  // Whether one of the groups has all of these actions. Only tests call this.
   bool assertActionsCanBeUsedSimultaneously(const ActionSet& usedActions) const;
 
  private:
   struct Stored;
   struct Used;
+  class FittingGroups;
 
   std::vector<Stored> lookUp(const StoredOptions& options) const;
   int collect(const std::vector<Stored>& stored, Used& used, std::string& error) const;

@@ -81,15 +81,10 @@ IOption* BasicParser::modifier(const char* names, const char* actions, const cha
 bool BasicParser::isOptionDeclared(const char* name, bool amongActions, const char* group) {
   if (name == nullptr)
     return false;
-  const HashedName wanted(name);
-  const auto isMeant = [&](const OptionDescription& option) {
-    const Names& names = option.m_names;
-    return option.isAction() == amongActions &&
-           std::find(names.begin(), names.end(), wanted) != names.end() &&
-           (group == nullptr || option.m_groupKey == group);
-  };
-  const OptionList& options = m_storage.options();
-  return std::any_of(options.begin(), options.end(), isMeant);
+  return m_storage.names().anyNamed(name, [&](std::uint32_t index) {
+    const OptionDescription& option = m_storage.options()[index];
+    return option.isAction() == amongActions && (group == nullptr || option.m_groupKey == group);
+  });
 }
 
 const char* BasicParser::getErrorDesc() { return m_garbage->init(m_lastError.c_str()); }

@@ -190,7 +190,7 @@ struct Amending {
     std::string text;
     for (const std::string_view name : option.m_names)
       text += joined(name, " ");
-    for (const std::string_view tag : option.m_tags)
+    for (const std::string_view tag : option.tags())
       text += joined("tag ", tag, " ");
     for (const variant_t& value : option.m_allowedValues)
       text += std::string("allowed ") + value.get<const char*>() + " ";

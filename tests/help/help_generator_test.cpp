@@ -564,11 +564,11 @@ class Generator : public ::testing::Test {
 };
 
 TEST_F(Generator, SelectsInTheOrderOfDeclaration) {
-  add("walk", true).m_tags = {"walk"};
+  add("walk", true).tag("walk");
   add("zip", false);
-  add("run", true).m_tags = {"run", "x"};
-  add("level", false).m_tags = {"x"};
-  add("depth", false).m_tags = {"run", "walk"};
+  add("run", true).tag("run,x");
+  add("level", false).tag("x");
+  add("depth", false).tag("run,walk");
   add("all", false);
   EXPECT_EQ("[walk][run]", namesOf(help.getGlobalActions()));
   EXPECT_EQ("[zip][all]", namesOf(help.getGlobalModifiers()));

@@ -22,7 +22,7 @@ std::string deprecations(const OptionDescription& option) {
 
 TEST(OptionDescription, StartsWithNothingSet) {
   const OptionDescription option;
-  EXPECT_EQ("", listed(option.m_names) + listed(option.m_tags));
+  EXPECT_EQ("", listed(option.m_names) + listed(option.tags()));
   EXPECT_EQ(vtNull, option.m_type);
   EXPECT_FALSE(option.m_positional);
   EXPECT_FALSE(option.m_hasDefault);
@@ -127,19 +127,19 @@ TEST(OptionDescription, PositionalIsSetOnRequest) {
 TEST(OptionDescription, TagsAreSplitAtCommasAndStoredOnce) {
   OptionDescription option = makeOption({}, vtNull);
   option.tag("run,walk")->tag("run")->tag("b,a,b")->tag("");
-  EXPECT_EQ("[a][b][run][walk]", listed(option.m_tags));
+  EXPECT_EQ("[a][b][run][walk]", listed(option.tags()));
 }
 
 TEST(OptionDescription, EmptyWordsAmongTagsAreTags) {
   OptionDescription option = makeOption({}, vtNull);
   option.tag("a,,b,");
-  EXPECT_EQ("[][a][b]", listed(option.m_tags));
+  EXPECT_EQ("[][a][b]", listed(option.tags()));
 }
 
 TEST(OptionDescription, ANullTagLeavesTheTags) {
   OptionDescription option = makeOption({}, vtNull);
   option.tag("run")->tag(nullptr);
-  EXPECT_EQ("[run]", listed(option.m_tags));
+  EXPECT_EQ("[run]", listed(option.tags()));
 }
 
 TEST(OptionDescription, SortsByFirstName) {
@@ -189,7 +189,7 @@ OptionDescription makeFullOption(Garbage* garbage) {
 
 void expectFullOption(const OptionDescription& option, const Garbage* garbage) {
   EXPECT_EQ(OptionDescription::rejected, option.m_status);
-  EXPECT_EQ("[level][l] [run]", listed(option.m_names) + " " + listed(option.m_tags));
+  EXPECT_EQ("[level][l] [run]", listed(option.m_names) + " " + listed(option.tags()));
   EXPECT_EQ("main Main options How hard",
             joined(option.m_groupKey, " ", option.m_groupTitle, " ", option.m_description));
   EXPECT_TRUE(option.m_positional && option.m_hasDefault && option.isAction());
@@ -219,7 +219,7 @@ TEST(OptionDescription, ACopySharesItsTextsButNotItsContainers) {
   EXPECT_EQ(option.getDefaultValue().get<const char*>(), copy.getDefaultValue().get<const char*>());
   copy.synonym("l")->tag("run")->allowValue("b")->allowDeprecatedValue("c", "a");
   EXPECT_EQ("[level]", listed(option.m_names));
-  EXPECT_EQ("", listed(option.m_tags));
+  EXPECT_EQ("", listed(option.tags()));
   EXPECT_EQ(1u, option.m_allowedValues.size());
   EXPECT_EQ("", deprecations(option));
 }

@@ -66,7 +66,7 @@ TEST_F(Registry, StartsEmptyWithAHarmlessFallback) {
 TEST_F(Registry, ADeclarationFillsTheDescription) {
   storage.option("level,l", "run,walk", "How hard", false, vtS32, "main:Main options");
   EXPECT_EQ("[level][l]", listed(last().m_names));
-  EXPECT_EQ("[run][walk]", listed(last().m_tags));
+  EXPECT_EQ("[run][walk]", listed(last().tags()));
   EXPECT_EQ("main", last().m_groupKey);
   EXPECT_EQ("Main options", last().m_groupTitle);
   EXPECT_EQ("How hard", last().m_description);
@@ -80,23 +80,23 @@ TEST_F(Registry, ADeclarationFillsTheDescription) {
 
 TEST_F(Registry, AnActionCarriesItsOwnNamesAsTags) {
   storage.action("run,r", "Runs", vtNull, "main");
-  EXPECT_EQ("[r][run]", listed(last().m_tags));
+  EXPECT_EQ("[r][run]", listed(last().tags()));
   EXPECT_EQ(0u, last().m_notAnAction);
   EXPECT_TRUE(last().isAction());
   EXPECT_EQ("Runs main", joined(last().m_description, " ", last().m_groupKey));
   storage.option("walk", "outside", "", true, vtNull, nullptr);
-  EXPECT_EQ("[outside][walk]", listed(last().m_tags));
+  EXPECT_EQ("[outside][walk]", listed(last().tags()));
 }
 
 TEST_F(Registry, AModifierCarriesItsActionsAsTags) {
   storage.modifier("fast,f", "run,walk", "Hurries", vtBool, "main");
-  EXPECT_EQ("[run][walk]", listed(last().m_tags));
+  EXPECT_EQ("[run][walk]", listed(last().tags()));
   EXPECT_EQ("[fast][f]", listed(last().m_names));
   EXPECT_EQ(1u, last().m_notAnAction);
   EXPECT_EQ(vtBool, last().m_type);
   EXPECT_EQ("Hurries main", joined(last().m_description, " ", last().m_groupKey));
   storage.modifier("slow", nullptr, "", vtBool, nullptr);
-  EXPECT_EQ("", listed(last().m_tags));
+  EXPECT_EQ("", listed(last().tags()));
 }
 
 TEST_F(Registry, DeclarationsKeepTheirOrder) {
@@ -109,7 +109,7 @@ TEST_F(Registry, DeclarationsKeepTheirOrder) {
 
 TEST_F(Registry, NullTextsCountAsEmptyAndNullTagsAsNone) {
   EXPECT_NE(&storage.fallback(), storage.option(nullptr, nullptr, nullptr, false, vtS32, nullptr));
-  EXPECT_EQ("", listed(last().m_names) + listed(last().m_tags));
+  EXPECT_EQ("", listed(last().m_names) + listed(last().tags()));
   EXPECT_EQ("", joined(last().m_description, last().m_groupKey, last().m_groupTitle));
 }
 
@@ -135,7 +135,7 @@ TEST_F(Registry, TheFirstDeclarationStaysUntouchedByADuplicate) {
   storage.option("level", "walk", "second", true, vtBool, "other");
   ASSERT_EQ(1u, storage.options().size());
   EXPECT_EQ("first main", joined(last().m_description, " ", last().m_groupKey));
-  EXPECT_EQ("[run]", listed(last().m_tags));
+  EXPECT_EQ("[run]", listed(last().tags()));
   EXPECT_EQ(vtS32, last().m_type);
 }
 
@@ -207,7 +207,7 @@ TEST_F(Registry, BuilderCallsOnARejectedDeclarationReachOnlyTheFallback) {
   rejected->synonym("x")->tag("t")->allowValue(1)->allowDeprecatedValue(2, 1)->defaultValue(1);
   rejected->tokenize(';')->positional();
   EXPECT_EQ("[level]", listed(last().m_names));
-  EXPECT_EQ("", listed(last().m_tags));
+  EXPECT_EQ("", listed(last().tags()));
   EXPECT_TRUE(last().m_allowedValues.empty() && last().m_deprecatedValues.empty());
   EXPECT_FALSE(last().m_hasDefault || last().m_positional);
   EXPECT_EQ(',', last().m_tokenizer);
@@ -306,7 +306,7 @@ TEST_F(Registry, ATagGivenAgainTakesNoMemory) {
   const long before = liveBlocks();
   for (int i = 0; i < 10'000; ++i)
     option->tag("run,build,run");
-  EXPECT_EQ("[build][run]", listed(last().m_tags));
+  EXPECT_EQ("[build][run]", listed(last().tags()));
   EXPECT_GT(before + 3, liveBlocks());
 }
 

@@ -6,6 +6,7 @@
 #include <deque>
 #include <iterator>
 #include <new>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -168,30 +169,41 @@ TEST(InternedTexts, StayUnchangedWhenMemoryRunsOut) {
   }
 }
 
+// Texts without a pattern. Those with one, such as numbers in a row, take many steps for some keys
+// of the hash.
+class PatternlessTexts {
+ public:
+  string next() { return std::to_string(m_numbers()) + std::to_string(m_numbers()); }
+
+ private:
+  std::mt19937_64 m_numbers;
+};
+
 // Up to some number, texts are compared one by one: all of those before a text, and the text.
 TEST_F(Interned, StepsAreCounted) {
+  PatternlessTexts all;
   EXPECT_EQ(0u, texts.countSteps());
-  std::deque<string> all;
-  while (all.size() < 15)
-    texts.intern(all.emplace_back(std::to_string(all.size())).c_str());
+  for (int count = 0; count < 15; ++count)
+    texts.internCopy(all.next().c_str());
   EXPECT_EQ(120u, texts.countSteps());
-  texts.intern("one more");
+  texts.internCopy("one more");
   EXPECT_LE(16u, texts.countSteps());
   EXPECT_GT(100u, texts.countSteps());
-  while (all.size() < 300)
-    texts.intern(all.emplace_back(std::to_string(all.size())).c_str());
-  EXPECT_LE(301u, texts.countSteps());
+  for (int count = 16; count < 300; ++count)
+    texts.internCopy(all.next().c_str());
+  EXPECT_LE(300u, texts.countSteps());
   EXPECT_GT(700u, texts.countSteps());
 }
 
-// The hash has a random key, but of many sets of sixteen texts some are without a collision.
+// Of many sets of sixteen texts some are without a collision.
 TEST_F(Interned, ATextWithoutACollisionIsOneStep) {
+  PatternlessTexts all;
   std::size_t fewest = 1000;
   for (int number = 0; number < 100; ++number) {
     OwnedMemoryOf<640> own;
     InternedTexts set(own);
-    for (int text = 0; text < 16; ++text)
-      set.internCopy(std::to_string(number * 16 + text).c_str());
+    for (int count = 0; count < 16; ++count)
+      set.internCopy(all.next().c_str());
     fewest = std::min(fewest, set.countSteps());
   }
   EXPECT_EQ(16u, fewest);
