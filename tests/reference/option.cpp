@@ -32,8 +32,8 @@ IOption* Option::allowValue(const variant_t& value) {
 }
 
 IOption* Option::allowDeprecatedValue(const variant_t& oldValue, const variant_t& newValue) {
-  // Not emplace(), which looks for the place in another way: of values without an order it would keep
-  // others than the library.
+  // Not emplace(), which looks for the place in another way: of values without an order it would
+  // keep others than the library.
   deprecatedValues.insert(std::map<variant_t, variant_t>::value_type(oldValue, newValue));
   return this;
 }
