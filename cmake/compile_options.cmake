@@ -29,6 +29,7 @@ endif()
 function(kivo_library_part target)
   target_link_libraries(${target} PRIVATE kivo_options)
   target_compile_options(${target} PRIVATE
+    -frtti  # a project that includes the library may do without
     -ftls-model=initial-exec $<$<CONFIG:Release>:-O2>
     $<$<AND:$<CONFIG:Release>,$<CXX_COMPILER_ID:GNU>>:-fno-align-loops;-fno-align-jumps>)
   set_target_properties(${target} PROPERTIES

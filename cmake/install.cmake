@@ -1,6 +1,7 @@
 # Installs the library, its headers, and the files for find_package() and pkg-config. No installed
-# file has an absolute path, so the installed tree can be moved. Each Debian package is a component;
-# `cmake --install` without a component installs them all.
+# file has an absolute path, so the installed tree can be moved, unless an install directory is
+# absolute itself. Each Debian package is a component; `cmake --install` without a component installs
+# them all.
 include(CMakePackageConfigHelpers)
 
 set(kivo_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/kivo)
@@ -27,9 +28,18 @@ install(FILES ${PROJECT_BINARY_DIR}/kivo-config.cmake
               ${PROJECT_SOURCE_DIR}/cmake/kivo-descriptions.cmake
         DESTINATION ${kivo_package_dir} COMPONENT kivo_development)
 
-# kivo.pc gives the prefix relative to its own folder.
-file(RELATIVE_PATH kivo_prefix_from_pc
-     ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+# kivo.pc gives the prefix relative to its own folder, unless that folder is absolute.
+if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
+  set(kivo_pc_prefix "${CMAKE_INSTALL_PREFIX}")
+else()
+  file(RELATIVE_PATH prefix_from_pc
+       "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
+  set(kivo_pc_prefix "\${pcfiledir}/${prefix_from_pc}")
+endif()
+foreach(directory IN ITEMS LIBDIR INCLUDEDIR)
+  set(kivo_pc_${directory} "\${prefix}")
+  cmake_path(APPEND kivo_pc_${directory} "${CMAKE_INSTALL_${directory}}")  # an absolute one replaces
+endforeach()
 configure_file(${PROJECT_SOURCE_DIR}/cmake/kivo.pc.in ${PROJECT_BINARY_DIR}/kivo.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/kivo.pc
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT kivo_development)

@@ -29,10 +29,10 @@ buildByCMake() {
 }
 
 buildByPkgConfig() {
-  local libdir standard
+  local libdir standard flags
   libdir=$(dirname "$(find "$place" -name libkivo.so)")
   export PKG_CONFIG_PATH=$libdir/pkgconfig LD_LIBRARY_PATH=$libdir
-  read -ra flags <<<"$warnings $(pkg-config --cflags --libs 'kivo >= 3.3')"
+  eval "flags=($warnings $(pkg-config --cflags --libs 'kivo >= 3.3'))"  # pkg-config quotes blanks
   for standard in 17 20; do
     quietly "$compiler" -O2 "-std=c++$standard" "$consumer/main.cpp" "${flags[@]}" \
       -o "$scratch/$way-$standard"
