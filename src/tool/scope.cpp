@@ -305,6 +305,8 @@ void Scope::annotateAll(const Declaration& declaration, const std::string& name)
   addFact("range", rangeText(declaration));
   addFact("environment", declaration.environment);
   addFact("required", declaration.isRequired ? "required" : "");
+  if (declaration.isOperand())
+    addFact("takes", declaration.use == Use::rest ? "many" : "one");
   addFact("shownDefault", shownDefault(declaration));
   addFact("deprecated", declaration.deprecated);
 }

@@ -196,6 +196,24 @@ TEST(Page, AHiddenFirstOperandHidesTheOthersFromTheSynopsis) {
                                    ',' + positional(option(R"("c")")))));
 }
 
+TEST(Page, OperandsThatTellWhatTheyTakeAreAllInTheSynopsis) {
+  const auto taking = [](const char* name, const char* facts) {
+    return positional(option(name, R"(,"annotations":{)" + std::string(facts) + '}'));
+  };
+  EXPECT_EQ("<fx> {from} [{to}] [{rest} ...]\n",
+            chapter("SYNOPSIS", toolWith(taking(R"("from")", R"("takes":["one"],"required":[""])") +
+                                         ',' + taking(R"("to")", R"("takes":["one"])") + ',' +
+                                         taking(R"("rest")", R"("takes":["many"])"))));
+  EXPECT_EQ(
+      "<fx> {FILE} ...\n",
+      chapter("SYNOPSIS", toolWith(taking(R"("file")", R"("takes":["many"],"placeholder":["FILE"],)"
+                                                       R"("required":["required"])") +
+                                   ',' + positional(option(R"("unsaid")")))));
+  EXPECT_EQ("<fx> [{b}]\n",
+            chapter("SYNOPSIS", toolWith(hidden(taking(R"("a")", R"("takes":["one"])")) + ',' +
+                                         taking(R"("b")", R"("takes":["one"])"))));
+}
+
 TEST(Page, SectionsAreSubheadingsAndThatWithoutAHeadingComesFirst) {
   const std::string other = R"({"heading":"Other","introduction":"About\nit.","hidden":false})";
   const std::string unused = R"({"heading":"Unused","introduction":"Never.","hidden":false})";

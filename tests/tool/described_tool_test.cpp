@@ -125,19 +125,21 @@ TEST_F(ToolDescribed, OptionsTellTheirActions) {
       option("one"));
 }
 
-TEST_F(ToolDescribed, OperandsKeepTheirOrderAndNamesThatNobodyTypes) {
+TEST_F(ToolDescribed, OperandsKeepTheirOrderAndNamesThatNobodyTypesAndTellHowManyTheyTake) {
   std::vector<std::string> words;
   tool.operand("from", level, "From.");
   tool.rest("to", words, "To.").split(',');
   EXPECT_EQ(R"({"names":[" from"],"kind":"option","type":"integer","description":"From.",)"
-            R"("section":"","hidden":false,"separator":null,"positional":true,"default":"5"})",
+            R"("section":"","hidden":false,"separator":null,"positional":true,"default":"5",)"
+            R"("annotations":{"takes":["one"]}})",
             option(" from"));
-  EXPECT_EQ(R"({"names":[" to"],"kind":"option","type":"string","description":"To.",)"
-            R"("section":"","hidden":false,"separator":",","positional":true})"
-            R"(],"together":[],"unknownArguments":"error","dashArguments":"options",)"
-            R"("leftoverArguments":"positional",)"
-            R"("annotations":{"dashes":["two"],"loneDash":["operand"]}})",
-            option(" to"));
+  EXPECT_EQ(
+      R"({"names":[" to"],"kind":"option","type":"string","description":"To.",)"
+      R"("section":"","hidden":false,"separator":",","positional":true,)"
+      R"("annotations":{"takes":["many"]}}],"together":[],"unknownArguments":"error","dashArguments":"options",)"
+      R"("leftoverArguments":"positional",)"
+      R"("annotations":{"dashes":["two"],"loneDash":["operand"]}})",
+      option(" to"));
 }
 
 TEST_F(ToolDescribed, ToolsTellTheirFooters) {

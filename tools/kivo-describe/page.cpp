@@ -61,23 +61,43 @@ class PageMaker {
     m_blocks.emplace_back(std::move(synopsis));
   }
 
-  // The operand is the first positional option of the first declarations that have one.
   static Line usage(const std::string& words, const std::vector<const Declarations*>& all) {
-    bool hasOptions = false;
-    const Option* operand = nullptr;
-    for (const Declarations* declarations : all) {
-      for (const Option& option : declarations->options) {
-        hasOptions = hasOptions || isListed(option);
-        if (operand == nullptr && option.positional)
-          operand = &option;
-      }
-    }
+    const auto haveOptions = [](const Declarations* declarations) {
+      const auto& options = declarations->options;
+      return std::any_of(options.begin(), options.end(), isListed);
+    };
     Line line = {literal(words)};
-    if (hasOptions)
+    if (std::any_of(all.begin(), all.end(), haveOptions))
       line = line + Line{own(" ["), variable("option"), own(" ...]")};
-    if (operand != nullptr && isOperand(*operand))
-      line = line + Line{own(" ["), operandName(*operand), own(" ...]")};
+    for (const Option* const operand : operandsOf(all)) {
+      if (isOperand(*operand))
+        line = line + operandUsage(*operand);
+    }
     return line;
+  }
+
+  // The positional options of the first declarations that have one: all of them if the tool tells
+  // what each takes, otherwise the first one, which takes every operand.
+  static std::vector<const Option*> operandsOf(const std::vector<const Declarations*>& all) {
+    std::vector<const Option*> operands;
+    for (const Declarations* const declarations : all) {
+      for (const Option& option : declarations->options) {
+        if (option.positional && (operands.empty() || firstText(option.annotations, "takes")))
+          operands.push_back(&option);
+      }
+      if (!operands.empty())
+        break;
+    }
+    const bool isToldOfEach = !operands.empty() && firstText(operands[0]->annotations, "takes");
+    operands.resize(isToldOfEach ? operands.size() : std::min<std::size_t>(operands.size(), 1));
+    return operands;
+  }
+
+  static Line operandUsage(const Option& operand) {
+    const bool isRequired = firstText(operand.annotations, "required").has_value();
+    const bool isOne = firstText(operand.annotations, "takes") == "one";
+    return Line{own(isRequired ? " " : " ["), operandName(operand), own(isOne ? "" : " ..."),
+                own(isRequired ? "" : "]")};
   }
 
   void addDescription() {

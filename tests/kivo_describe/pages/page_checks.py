@@ -276,6 +276,7 @@ class Case:
         if not self.check(found, "there is a SYNOPSIS", renderer):
             return
         lines = [normal(line) for line in page.lines[found[1] + 1:found[2]] if line.strip()]
+        self.check_synopsis_operands(renderer, normal(" ".join(lines)))
         at = -1
         for one in self.description["commands"]:
             words = rf"(?<!\S){pattern(one['words'])}(?!\S)"
@@ -283,6 +284,19 @@ class Case:
             if not self.check(at is not None, "SYNOPSIS shows one line a command",
                               f"{renderer}: {one['words']!r} in {lines[:6]}"):
                 return
+
+    def check_synopsis_operands(self, renderer, synopsis):
+        """Each visible operand that tells what it takes is shown, in order."""
+        place = 0
+        for one in self.description["options"]:
+            facts = one.get("annotations", {})
+            if not one["positional"] or one["hidden"] or "takes" not in facts:
+                continue
+            name = one["names"][0] if "allowed" in one else facts.get("placeholder", one["names"])[0]
+            at = synopsis.find(normal(name), place)
+            self.check(at >= 0, "SYNOPSIS shows the operands that tell what they take",
+                       f"{renderer}: {name!r} in {synopsis!r}")
+            place = max(at, place)
 
 
 def shuffled(description):
