@@ -10,6 +10,10 @@ target_compile_options(kivo_options INTERFACE
   # Keeps absolute paths of the build machine out of the binaries.
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=
   -ffile-prefix-map=${PROJECT_BINARY_DIR}=.)
+# On 32 bits, stat() fails for a file of more than 2 GB, or of a time after 2038, without these.
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+  target_compile_definitions(kivo_options INTERFACE _FILE_OFFSET_BITS=64 _TIME_BITS=64)
+endif()
 
 # A release uses LTO if the compiler supports it, unless the user has set
 # CMAKE_INTERPROCEDURAL_OPTIMIZATION. LTO with -O2 is as fast as -O3 file by file, and a third

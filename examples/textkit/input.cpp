@@ -1,6 +1,5 @@
 #include "input.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <memory>
@@ -44,9 +43,12 @@ int readAll(const std::string& name, std::string& text) {
 std::string_view afterSkip(std::string_view text, long long skip) {
   // Unsigned, so that the smallest number can be negated.
   const auto count = static_cast<unsigned long long>(skip);
+  const auto within = [&](unsigned long long bytes) {
+    return bytes < text.size() ? static_cast<std::size_t>(bytes) : text.size();
+  };
   if (skip >= 0)
-    return text.substr(std::min<unsigned long long>(count, text.size()));
-  return text.substr(text.size() - std::min<unsigned long long>(0 - count, text.size()));
+    return text.substr(within(count));
+  return text.substr(text.size() - within(0 - count));
 }
 
 bool InputReader::read(const std::string& name, std::string& text) {

@@ -142,9 +142,8 @@ string raised(const string& text, const string& head, unsigned int indent, unsig
 }
 
 bool isOutOfRangeAccess(const string& text) {
-  return text.find(
-             "basic_string::at: __n (which is 18446744073709551615) >= "
-             "this->size() (which is ") == 0;
+  return text.find("basic_string::at: __n (which is " + std::to_string(string::npos) +
+                   ") >= this->size() (which is ") == 0;
 }
 
 TEST(Paragraph, InAColumnOfWidthOneIsOutOfRange) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <unistd.h>
+#include <utime.h>
 
 #include "allocation/allocation_limit.h"
 #include "support/temporary_folder.h"
@@ -17,6 +18,20 @@ TEST(FileIdentity, IsTheSameForEveryNameOfAFile) {
   EXPECT_EQ(identity, BEDROCK::file_identity(folder.path("./file").c_str()));
   EXPECT_EQ(identity, BEDROCK::file_identity(folder.path("link").c_str()));
   EXPECT_NE(identity, BEDROCK::file_identity(folder.write("other", "text").c_str()));
+}
+
+// On 32 bits, plain stat() fails for such files.
+TEST(FileIdentity, IsKnownForALargeFileAndForOneFromTheFarFuture) {
+  const TemporaryFolder folder;
+  const std::string large = folder.write("large", "");
+  std::filesystem::resize_file(large, std::uintmax_t{5} << 30);
+  EXPECT_EQ(BEDROCK::file_identity(large.c_str()),
+            BEDROCK::file_identity(folder.path("./large").c_str()));
+  const std::string future = folder.write("future", "");
+  const struct utimbuf in2050 = {2'540'000'000, 2'540'000'000};
+  ASSERT_EQ(0, utime(future.c_str(), &in2050));
+  EXPECT_EQ(BEDROCK::file_identity(future.c_str()),
+            BEDROCK::file_identity(folder.path("./future").c_str()));
 }
 
 TEST(FileIdentity, OfAMissingFileIsItsName) {

@@ -327,6 +327,15 @@ TEST(VariantOrder, IntegersCompareAsUnsignedOnlyWhenBothAre) {
   EXPECT_EQ('=', compare(true, 1ull));
 }
 
+// 2^53 + 1 lies between two doubles; read as double, it is the even one, 2^53.
+TEST(VariantOrder, AnIntegerIsRoundedToDoubleBeforeItIsCompared) {
+  const double power = 9007199254740992.0;
+  EXPECT_EQ('=', compare(9007199254740993ll, power));
+  EXPECT_EQ('=', compare(9007199254740993ull, power));
+  EXPECT_TRUE(variant_t(9007199254740993ll) == variant_t(power));
+  EXPECT_TRUE(variant_t(power) == variant_t(9007199254740993ull));
+}
+
 TEST(VariantOrder, AnIntegerAgainstAFloatingNumberComparesAsDouble) {
   EXPECT_EQ('<', compare(3, 3.5));
   EXPECT_EQ('>', compare(4u, 3.5));

@@ -61,12 +61,12 @@ TEST(TextHash, DependsOnEveryCharacterAndOnTheSize) {
 }
 
 // The first slot in a set of 1,024 slots: the ten high bits of the hash.
-std::size_t slotIn1024(const string& text) { return hashOf(text) >> (64 - 10); }
+std::uint64_t slotIn1024(const string& text) { return hashOf(text) >> (64 - 10); }
 
 TEST(TextHash, SpreadsTextsThatDifferInOneCharacter) {
   for (std::size_t size = 1; size <= 24; ++size)
     for (std::size_t place = 0; place < size; ++place) {
-      std::set<std::size_t> slots;
+      std::set<std::uint64_t> slots;
       for (int character = 0; character < 256; ++character) {
         string text(size, 'a');
         text[place] = static_cast<char>(character);
@@ -78,7 +78,7 @@ TEST(TextHash, SpreadsTextsThatDifferInOneCharacter) {
 
 TEST(TextHash, SpreadsNumberedTexts) {
   for (const char* const begin : {"", "v", "value", "a-long-value-", "/usr/share/doc/file-"}) {
-    std::set<std::size_t> slots;
+    std::set<std::uint64_t> slots;
     for (int number = 100; number < 612; ++number)
       slots.insert(slotIn1024(begin + std::to_string(number)));
     EXPECT_LT(300u, slots.size()) << begin;

@@ -1,5 +1,6 @@
 #include <kivo/parser.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <functional>
 #include <new>
@@ -410,7 +411,7 @@ TEST(ToolDeclarations, OperandsTakeArgumentsInOrderAndTheRestTakesAllOthers) {
 TEST(ToolDeclarations, OperandsHaveEveryType) {
   bool truth = false;
   char letter = ' ';
-  unsigned long wide = 0;
+  std::uint64_t wide = 0;
   long double most = 0;
   std::vector<int> list;
   std::optional<std::string> text;
@@ -451,7 +452,7 @@ TEST(ToolDeclarations, AnOperandOfAnotherTypeIsRefused) {
   EXPECT_EQ(wrong("a", "-2147483648 to 2147483647"), refusedOperand<int>("a", none));
   EXPECT_EQ(wrong("", "-2147483648 to 2147483647"), refusedOperand<int>("", none));
   EXPECT_EQ(wrong("-1", "0 to 65535"), refusedOperand<unsigned short>("-1", none));
-  EXPECT_EQ(wrong("1ab", "0 to 18446744073709551615"), refusedOperand<unsigned long>("1ab", none));
+  EXPECT_EQ(wrong("1ab", "0 to 18446744073709551615"), refusedOperand<std::uint64_t>("1ab", none));
   EXPECT_EQ(wrong("2", "1 or 0"), refusedOperand<bool>("2", none));
   EXPECT_EQ(wrong("ab", "one character"), refusedOperand<char>("ab", none));
   EXPECT_EQ(wrong("", "one character"), refusedOperand<char>("", none));

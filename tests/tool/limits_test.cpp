@@ -63,14 +63,16 @@ TEST(ToolLimits, OfIntegersAreTakenAndNothingBeyond) {
   keepsTo<unsigned char>({"-1", "0", "255", "256"});
   keepsTo<short>({"-32769", "-32768", "32767", "32768"});
   keepsTo<unsigned short>({"-1", "0", "65535", "65536"});
-  keepsTo<int>({"-2147483649", "-2147483648", "2147483647", "2147483648"});
-  keepsTo<unsigned int>({"-1", "0", "4294967295", "4294967296"});
+  const Limits narrow = {"-2147483649", "-2147483648", "2147483647", "2147483648"};
+  keepsTo<int>(narrow);
+  const Limits narrowNatural = {"-1", "0", "4294967295", "4294967296"};
+  keepsTo<unsigned int>(narrowNatural);
   const Limits wide = {"-9223372036854775809", "-9223372036854775808", "9223372036854775807",
                        "9223372036854775808"};
-  keepsTo<long>(wide);
+  keepsTo<long>(sizeof(long) == sizeof(int) ? narrow : wide);
   keepsTo<long long>(wide);
   const Limits natural = {"-1", "0", "18446744073709551615", "18446744073709551616"};
-  keepsTo<unsigned long>(natural);
+  keepsTo<unsigned long>(sizeof(long) == sizeof(int) ? narrowNatural : natural);
   keepsTo<unsigned long long>(natural);
 }
 

@@ -1,3 +1,4 @@
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <limits>
@@ -105,7 +106,7 @@ TEST(ToolVariables, ANegativeNumberIsRefusedForAnUnsignedType) {
   EXPECT_EQ(outside("-1", "0 to 255"), taken<unsigned char>("-1"));
   EXPECT_EQ(outside("-1", "0 to 65535"), taken<unsigned short>("-1"));
   EXPECT_EQ(outside("-1", "0 to 4294967295"), taken<unsigned int>("-1"));
-  EXPECT_EQ(outside("-1", "0 to 18446744073709551615"), taken<unsigned long>("-1"));
+  EXPECT_EQ(outside("-1", "0 to 18446744073709551615"), taken<std::uint64_t>("-1"));
   EXPECT_EQ(outside(" -1", "0 to 18446744073709551615"), taken<unsigned long long>(" -1"));
 }
 
@@ -149,7 +150,7 @@ TEST(ToolVariables, LettersAfterANumberAreRefused) {
   EXPECT_EQ(wrong("64 bit integer"), taken<long long>("12ab"));
   EXPECT_EQ(wrong("double"), taken<double>("12ab"));
   EXPECT_EQ(outside("12ab", "-1.18973e+4932 to 1.18973e+4932"), taken<long double>("12ab"));
-  EXPECT_EQ(outside("12ab", "0 to 18446744073709551615"), taken<unsigned long>("12ab"));
+  EXPECT_EQ(outside("12ab", "0 to 18446744073709551615"), taken<std::uint64_t>("12ab"));
   EXPECT_EQ(outside("12.0", "0 to 18446744073709551615"), taken<unsigned long long>("12.0"));
 }
 
@@ -162,11 +163,11 @@ TEST(ToolVariables, HexadecimalNumbersCountForUnsignedOnesOf64BitsAlone) {
           taken<unsigned char>(text), taken<double>(text), taken<long double>(text)})
       EXPECT_EQ(0U, printed.find("tool: ")) << printed;
   }
-  EXPECT_EQ("18446744073709551615", taken<unsigned long>("0xFFFFFFFFFFFFFFFF"));
-  EXPECT_EQ(0U, taken<unsigned long>("0x1FFFFFFFFFFFFFFFF").find("tool: "));
-  EXPECT_EQ(0U, taken<unsigned long>("0x").find("tool: "));
-  EXPECT_EQ(0U, taken<unsigned long>("h").find("tool: "));
-  EXPECT_EQ(0U, taken<unsigned long>("0x1G").find("tool: "));
+  EXPECT_EQ("18446744073709551615", taken<std::uint64_t>("0xFFFFFFFFFFFFFFFF"));
+  EXPECT_EQ(0U, taken<std::uint64_t>("0x1FFFFFFFFFFFFFFFF").find("tool: "));
+  EXPECT_EQ(0U, taken<std::uint64_t>("0x").find("tool: "));
+  EXPECT_EQ(0U, taken<std::uint64_t>("h").find("tool: "));
+  EXPECT_EQ(0U, taken<std::uint64_t>("0x1G").find("tool: "));
 }
 
 TEST(ToolVariables, SpaceAroundANumberAndAPlusCountForNothing) {

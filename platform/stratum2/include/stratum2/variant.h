@@ -4,6 +4,7 @@
 // changed layout, number or inline function breaks tools that are not compiled again.
 
 #include <atomic>
+#include <cfloat>
 #include <cstddef>
 #include <type_traits>
 #include <utility>
@@ -170,8 +171,17 @@ class [[gnu::visibility("default")]] variant_t {
   double number() const noexcept {
     if (!isInteger())
       return m_value.m_double;
-    return isUnsigned() ? static_cast<double>(m_value.m_unsigned)
-                        : static_cast<double>(m_value.m_signed);
+    return rounded(isUnsigned() ? static_cast<double>(m_value.m_unsigned)
+                                : static_cast<double>(m_value.m_signed));
+  }
+  // An x87 register keeps every digit of a 64-bit integer; memory keeps those of a double.
+  static double rounded(double number) noexcept {
+#if FLT_EVAL_METHOD == 0
+    return number;
+#else
+    volatile double inMemory = number;
+    return inMemory;
+#endif
   }
 
   void retain() noexcept;
