@@ -98,8 +98,8 @@ void OptionDescription::addTags(const char* tags) {
   Texts added;
   split(tags, added);
   const auto isKnown = [&](std::string_view tag) {
-    const auto sortedEnd = m_tags.begin() + m_sortedTags;
-    return std::binary_search(m_tags.begin(), sortedEnd, tag);
+    const std::string_view* const sorted = m_tags.data();
+    return std::binary_search(sorted, sorted + m_sortedTags, tag);
   };
   added.erase(std::remove_if(added.begin(), added.end(), isKnown), added.end());
   for (std::string_view& text : added)
