@@ -30,21 +30,26 @@ string list(const char* beginning, int count) {
   return all;
 }
 
-// A command line, and a result for each parse of it.
+void expect(bool isRight) {
+  if (!isRight)
+    std::abort();
+}
+
+// A command line of a tool.
 class CommandLine {
  public:
   void add(string argument) { m_arguments.push_back(std::move(argument)); }
-
-  int parse(IParser& parser) {
-    ResultHandle result = makeResult(parser);
-    return parse(parser, *result);
-  }
 
   int parse(IParser& parser, IParseResult& result) {
     std::vector<const char*> arguments = {"tool"};
     for (const string& argument : m_arguments)
       arguments.push_back(argument.c_str());
     return parser.parseArgsVector(static_cast<int>(arguments.size()), arguments.data(), &result);
+  }
+  // Into a new result, and without an error.
+  void parse(IParser& parser) {
+    const ResultHandle result = makeResult(parser);
+    expect(parse(parser, *result) == 0);
   }
 
  private:
@@ -60,45 +65,40 @@ void tagsTimesModifiers(int size) {
     parser->modifier(named("m", i).c_str(), named("t", i).c_str(), "Help.", vtNull);
     line.add("-" + named("m", i));
   }
-  if (line.parse(*parser) != 0 || std::strlen(parser->getActionModifiersDescription("act", false)) <
-                                      static_cast<std::size_t>(size))
-    std::abort();
+  line.parse(*parser);
+  expect(std::strlen(parser->getActionModifiersDescription("act", false)) >
+         static_cast<std::size_t>(size));
 }
 
-void allowedValues(int size) {
+// An option that allows the values that `allowed` returns for each number, and is given those of
+// `typed`.
+template <class Allowed, class Typed>
+void giveAllowed(int size, variant_type_t type, Allowed allowed, Typed typed) {
   const ParserHandle parser = makeParser();
-  IOption* const option = parser->option("o", "Help.", vtString);
+  IOption* const option = parser->option("o", "Help.", type);
   CommandLine line;
   for (int i = 0; i < size; ++i) {
-    option->allowValue(variant_t(named("v", i).c_str()));
-    line.add("-o=" + named("v", i));
+    option->allowValue(allowed(i));
+    line.add("-o=" + typed(i));
   }
-  if (line.parse(*parser) != 0)
-    std::abort();
+  line.parse(*parser);
 }
 
-void abbreviatedValues(int size) {
-  const ParserHandle parser = makeParser();
-  IOption* const option = parser->option("o", "Help.", vtString);
-  CommandLine line;
-  for (int i = 0; i < size; ++i) {
-    option->allowValue(variant_t((named("v", i) + "long").c_str()));
-    line.add("-o=" + named("v", i));
-  }
-  if (line.parse(*parser) != 0)
-    std::abort();
+string valueOf(int number) { return named("v", number); }
+
+void allowedTexts(int size) {
+  giveAllowed(
+      size, vtString, [](int i) { return variant_t(valueOf(i).c_str()); }, valueOf);
+}
+
+void abbreviatedTexts(int size) {
+  const auto longer = [](int i) { return variant_t((valueOf(i) + "long").c_str()); };
+  giveAllowed(size, vtString, longer, valueOf);
 }
 
 void allowedNumbers(int size) {
-  const ParserHandle parser = makeParser();
-  IOption* const option = parser->option("o", "Help.", vtS32);
-  CommandLine line;
-  for (int i = 0; i < size; ++i) {
-    option->allowValue(variant_t(i));
-    line.add("-o=" + std::to_string(i));
-  }
-  if (line.parse(*parser) != 0)
-    std::abort();
+  giveAllowed(
+      size, vtS32, [](int i) { return variant_t(i); }, [](int i) { return std::to_string(i); });
 }
 
 void actionsInOneGroup(int size) {
@@ -111,8 +111,7 @@ void actionsInOneGroup(int size) {
     line.add("-" + named("a", i));
   }
   parser->allowSimultaneousActions(group);
-  if (line.parse(*parser) != 0)
-    std::abort();
+  line.parse(*parser);
 }
 
 void actionsInManyGroups(int size) {
@@ -127,8 +126,7 @@ void actionsInManyGroups(int size) {
       parser->allowSimultaneousActions({named("a", 0), named("a", i)});
   }
   parser->allowSimultaneousActions(group);
-  if (line.parse(*parser) != 0)
-    std::abort();
+  line.parse(*parser);
 }
 
 void tagCalls(int size) {
@@ -140,8 +138,7 @@ void tagCalls(int size) {
   CommandLine line;
   line.add("-act");
   line.add("-m");
-  if (line.parse(*parser) != 0)
-    std::abort();
+  line.parse(*parser);
 }
 
 // Declares an option at each event.
@@ -166,8 +163,7 @@ void declaringHandler(int size) {
     line.add("-verb");
   Declaring handler(*parser);
   parser->addHandler(&handler);
-  if (line.parse(*parser) != 0)
-    std::abort();
+  line.parse(*parser);
 }
 
 void sharedSynonym(int size) {
@@ -178,8 +174,7 @@ void sharedSynonym(int size) {
     option->synonym("same")->defaultValue(variant_t(i));
   }
   line.add("-o1000000=3");
-  if (line.parse(*parser) != 0)
-    std::abort();
+  line.parse(*parser);
 }
 
 void parsersIntoOneResult(int size) {
@@ -192,8 +187,7 @@ void parsersIntoOneResult(int size) {
     parsers.back()->option(named("o", i).c_str(), "Help.", vtS32)->defaultValue(variant_t(i));
     CommandLine line;
     line.add("left");
-    if (line.parse(*parsers.back(), *result) > 1)
-      std::abort();
+    expect(line.parse(*parsers.back(), *result) <= 1);
   }
 }
 
@@ -201,18 +195,15 @@ void isDeclared(int size) {
   const ParserHandle parser = makeParser();
   for (int i = 0; i < size; ++i)
     parser->option(named("o", i).c_str(), "Help.", vtS32);
-  for (int i = 0; i < size; ++i) {
-    if (!parser->isOptionDeclared(named("o", i).c_str(), false, nullptr))
-      std::abort();
-  }
+  for (int i = 0; i < size; ++i)
+    expect(parser->isOptionDeclared(named("o", i).c_str(), false, nullptr));
 }
 
 void helpOfGroups(int size) {
   const ParserHandle parser = makeParser();
   for (int i = 0; i < size; ++i)
     parser->option(named("o", i).c_str(), "Help.", vtNull, named("group", i).c_str());
-  if (std::strlen(parser->getDescription(false)) < static_cast<std::size_t>(size))
-    std::abort();
+  expect(std::strlen(parser->getDescription(false)) > static_cast<std::size_t>(size));
 }
 
 struct Work {
@@ -222,8 +213,8 @@ struct Work {
 
 constexpr Work works[] = {
     {"tags of one action, a modifier each", tagsTimesModifiers},
-    {"allowed texts, each given", allowedValues},
-    {"allowed texts, each given cut short", abbreviatedValues},
+    {"allowed texts, each given", allowedTexts},
+    {"allowed texts, each given cut short", abbreviatedTexts},
     {"allowed numbers, each given", allowedNumbers},
     {"actions of one group, all given", actionsInOneGroup},
     {"actions of many groups, all given", actionsInManyGroups},
