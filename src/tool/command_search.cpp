@@ -110,9 +110,15 @@ class Search {
       return go(fitting.front());
     m_isOver = m_found.command != nullptr;  // else help may follow
     if (m_found.command == nullptr)
-      m_found.failure = fitting.empty() ? isUnknownCommand(text) + didYouMean(nearest(next, text))
-                                        : isAmbiguousCommand(text, fitting);
+      m_found.failure = fitting.empty()
+                            ? isUnknownCommand(after(text)) + didYouMean(nearest(next, text))
+                            : isAmbiguousCommand(text, fitting);
     return false;
+  }
+
+  // A word behind the words of commands so far.
+  std::string after(const std::string& word) const {
+    return m_found.words.empty() ? word : m_found.words + ' ' + word;
   }
 
   const Scope& scope() {
@@ -124,9 +130,7 @@ class Search {
   }
 
   bool go(const std::string& word) {
-    if (!m_found.words.empty())
-      m_found.words += ' ';
-    m_found.words += word;
+    m_found.words = after(word);
     m_found.command = commandWith(m_tool, m_found.words);
     m_isOver = nextWords(m_tool, m_found.words).empty();
     return true;

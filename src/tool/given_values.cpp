@@ -27,13 +27,17 @@ std::string readCharacter(const char* text, void* value) {
   return "";
 }
 
+// The numbers that are accepted.
+std::string numbersOf(const Declaration& declaration) {
+  const std::string range = rangeText(declaration);
+  return range.empty() ? limitsText(*declaration.type) : range;
+}
+
 std::string readNumber(const Declaration& declaration, const char* text, const variant_t& typed,
                        void* value) {
-  if (!putNumber(*declaration.type, text, typed, value))
-    return limitsText(*declaration.type);
-  if (isInRange(declaration, value))
-    return "";
-  return rangeText(declaration);
+  const bool isFine =
+      putNumber(*declaration.type, text, typed, value) && isInRange(declaration, value);
+  return isFine ? "" : numbersOf(declaration);
 }
 
 // The value of the choice with this text, if it has one.
@@ -102,7 +106,7 @@ std::vector<Meant> meantBy(const Declaration& declaration, std::string_view text
 std::string expectedOf(const Declaration& declaration) {
   if (declaration.type != nullptr && isNumber(declaration.type->kind) &&
       declaration.choices.empty())
-    return limitsText(*declaration.type);
+    return numbersOf(declaration);
   std::string list;
   for (const DeclaredChoice& choice : declaration.choices) {
     list += list.empty() ? "" : ", ";

@@ -85,14 +85,14 @@ TEST_F(ToolCommands, AreSuggestedForAMisspeltOne) {
 TEST_F(ToolCommands, AreSuggestedAmongThoseThatGoOn) {
   EXPECT_EQ(2, tool.run({"remote", "lits"}));
   EXPECT_EQ(
-      "archive: Unknown command: lits. Did you mean 'list'?\n"
+      "archive: Unknown command: remote lits. Did you mean 'list'?\n"
       "Try 'archive --help'.\n",
       tool.err);
 }
 
 TEST_F(ToolCommands, AreNotMeantByAnEmptyWord) {
   EXPECT_EQ(2, tool.run({"remote", ""}));
-  EXPECT_EQ("archive: Unknown command: \nTry 'archive --help'.\n", tool.err);
+  EXPECT_EQ("archive: Unknown command: remote \nTry 'archive --help'.\n", tool.err);
 }
 
 TEST(ToolCommand, AloneIsNotMeantByAnEmptyWord) {

@@ -139,5 +139,23 @@ TEST(ToolLimits, ARangeMayReachToTheEndsOfTheType) {
       tool.err);
 }
 
+TEST(ToolLimits, ANumberOutsideOfTheTypeIsAnsweredWithTheRange) {
+  unsigned int times = 1;
+  signed char small = 1;
+  for (const char* const given : {"--times=-1", "--times=0", "--times=101"}) {
+    Tried tool;
+    tool.option("times", times, "").range(1, 100);
+    EXPECT_EQ(2, tool.run({given}));
+    EXPECT_EQ("tool: Option 'times' does not take '" + std::string(given).substr(8) +
+                  "', expected: 1 to 100\nTry 'tool --help'.\n",
+              tool.err);
+  }
+  Tried tool;
+  tool.operand("small", small, "").range(1, 9);
+  EXPECT_EQ(2, tool.run({"many"}));
+  EXPECT_EQ("tool: Operand 'small' does not take 'many', expected: 1 to 9\nTry 'tool --help'.\n",
+            tool.err);
+}
+
 }  // namespace
 }  // namespace kivo_3_3
