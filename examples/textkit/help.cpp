@@ -19,8 +19,11 @@ std::string describeTopics(kivo::IParser& parser, const std::vector<std::string>
   if (topics.empty())
     return parser.getDescription(false);
   std::string text;
-  for (const std::string& topic : topics)
-    text += (text.empty() ? "" : "\n") + describeTopic(parser, topic.c_str());
+  for (const std::string& topic : topics) {
+    if (!text.empty())
+      text += '\n';
+    text += describeTopic(parser, topic.c_str());
+  }
   return text;
 }
 
