@@ -25,6 +25,16 @@ else()
   check_ipo_supported(RESULT kivo_release_as_a_whole OUTPUT kivo_why_not LANGUAGES CXX)
 endif()
 
+# What g++ leaves for LTO is nothing for lld, which would link an empty library without an error.
+set(kivo_linker "${CMAKE_CXX_FLAGS} ${CMAKE_SHARED_LINKER_FLAGS} -fuse-ld=${CMAKE_LINKER_TYPE}")
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND kivo_linker MATCHES "-fuse-ld=(lld|LLD)")
+  if(CMAKE_INTERPROCEDURAL_OPTIMIZATION OR CMAKE_CXX_FLAGS MATCHES "-flto")
+    message(FATAL_ERROR "lld cannot link what g++ makes with LTO: take another linker, or no LTO")
+  endif()
+  message(STATUS "No LTO, because lld cannot link what g++ makes with it")
+  set(kivo_release_as_a_whole OFF)
+endif()
+
 # Compiles a target as a part of the shared library. Symbols are hidden unless they are marked
 # visible. Thread-local variables use the initial-exec model, so that the library does not call the
 # dynamic linker to find them. With g++, loops and jump targets are not aligned: that saves 8 KB (a
