@@ -1,4 +1,5 @@
-// Only values of one type are sorted, since numbers of different types may have no order.
+// Only values of one type are sorted, since numbers of different types may have no order. Nor do
+// doubles have one, if one of them is no number.
 
 #include "options/candidate_index.h"
 

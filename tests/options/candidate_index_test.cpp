@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <random>
 #include <string>
 #include <vector>
@@ -104,6 +105,27 @@ TEST(CandidateIndex, SaysWhatAWalkSaysOfNumbers) {
       }
     }
   }
+}
+
+TEST(CandidateIndex, ANumberThatIsNoneHidesNoOther) {
+  OptionDescription option = makeOption({"level"}, vtDouble);
+  option.allowValue(std::numeric_limits<double>::quiet_NaN());
+  for (int i = 0; i < many; ++i)
+    option.allowValue(i + 0.5);
+  makeIndex(option);
+  EXPECT_EQ("fine 7.5 as typed ", outcomeOf(option, "7.5"));
+  EXPECT_EQ(0u, outcomeOf(option, "nan").find("Option 'level' "));
+}
+
+// 2^64 - 5 and -5 have the same bits, and are ordered as if they were equal.
+TEST(CandidateIndex, ADeprecatedNumberOfAnotherTypeHidesNoOther) {
+  OptionDescription option = makeOption({"level"}, vtS64);
+  option.allowDeprecatedValue(static_cast<u64_t>(-5), 1);
+  for (s64_t i = 0; i < many; ++i)
+    option.allowValue(i);
+  makeIndex(option);
+  EXPECT_EQ(0u, outcomeOf(option, "-5").find("Option 'level' does not allow value '-5'"));
+  EXPECT_EQ("fine 7 as typed ", outcomeOf(option, "7"));
 }
 
 TEST(CandidateIndex, ATextThatTheToolChangesCountsAsItIs) {
