@@ -12,7 +12,7 @@ SortedNames::Found SortedNames::find(std::string_view prefix) {
   if (m_count != beginOf(m_runs))
     sortAdded();
   Found found;
-  for (std::size_t run = 0; run < m_runs && found.count < 2; ++run)
+  for (std::size_t run = 0; run < m_runs; ++run)
     findInRun(run, prefix, found);
   return found;
 }
