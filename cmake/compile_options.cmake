@@ -60,7 +60,6 @@ function(kivo_library_part target)
   if(kivo_is_archive)
     target_compile_definitions(${target} PUBLIC KIVO_STATIC)
     target_compile_options(${target} PRIVATE -ffunction-sections -fdata-sections
-      -fno-lto)  # the flags of the user may have -flto
-    set_target_properties(${target} PROPERTIES INTERPROCEDURAL_OPTIMIZATION OFF)
+      -fno-lto)  # after the flags of the user, which may ask for LTO
   endif()
 endfunction()
