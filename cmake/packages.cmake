@@ -10,6 +10,7 @@ list(GET newest_entry 0 CPACK_KIVO_CHANGELOG_VERSION)
 list(GET newest_entry -1 CPACK_DEBIAN_PACKAGE_RELEASE)
 
 set(KIVO_SITE_DIR "" CACHE PATH "The documentation site, for the documentation package")
+set(KIVO_ARCHIVE_BUILD_DIR "" CACHE PATH "A build of the archive, for the development package")
 
 function(install_into_package component directory)
   cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "FILES;DIRECTORIES")
@@ -52,6 +53,14 @@ set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/complete.cmake)
 set(CPACK_KIVO_PACKAGING_DIR ${PROJECT_SOURCE_DIR}/packaging)
 set(CPACK_KIVO_LIBRARY ${CMAKE_INSTALL_LIBDIR}/libkivo.so.${soname_version})
 
+# The archive joins the development files of the shared library. The third item of each project is
+# the name of a list of components, CPACK_COMPONENTS_<name>.
+if(KIVO_ARCHIVE_BUILD_DIR)
+  set(CPACK_COMPONENTS_ARCHIVE kivo_development)
+  set(CPACK_INSTALL_CMAKE_PROJECTS "${PROJECT_BINARY_DIR};kivo;ALL;/"
+      "${KIVO_ARCHIVE_BUILD_DIR};kivo;ARCHIVE;/")
+endif()
+
 set(about "kivo parses the command lines of tools: typed options with defaults and
 allowed values, positional options, actions, abbreviations, negated forms,
 lists, and option files.")
@@ -74,8 +83,9 @@ set(CPACK_DEBIAN_KIVO_DEVELOPMENT_PACKAGE_SUGGESTS "libkivo-doc")
 set(CPACK_DEBIAN_KIVO_DEVELOPMENT_DESCRIPTION "command-line parsing for tools (development files)
 ${about}
 
-This package holds what a tool is built with: the headers, the files for
-CMake and pkg-config, and the sources of three example tools.")
+This package holds what a tool is built with: the headers, the static
+library, the files for CMake and pkg-config, and the sources of three example
+tools.")
 
 set(CPACK_DEBIAN_KIVO_DESCRIBE_PACKAGE_NAME kivo-describe)
 set(CPACK_DEBIAN_KIVO_DESCRIBE_PACKAGE_SECTION devel)

@@ -1,6 +1,6 @@
 """Measures, prints the tables, and after a full run writes them into docs/performance.md.
 
-    report SOURCE-DIRECTORY BUILD-DIRECTORY [--quick | --instructions | --draw]
+    report SOURCE-DIRECTORY BUILD-DIRECTORY [--quick | --instructions | --linking | --draw]
 
 Exits with 1 if a peer gives wrong answers. A target that is not met is no failure.
 """
@@ -12,12 +12,14 @@ import re
 from pathlib import Path
 
 import completion
+import linking
 import plot
 import tables
 from measure import BASELINES, PEERS, Bench, progress, run
 
 BEGIN = "<!-- written by scripts/bench, from here -->\n"
 END = "<!-- to here -->\n"
+LINKING = "### How a tool is linked\n"
 
 
 def machine():
@@ -40,6 +42,7 @@ def measured(bench):
     cycle, parse = bench.heap("W1/cycle/1"), bench.heap("W1/parse/1")
     line = bench.heap(f"W3/{bench.largest}")
     tools = bench.tools()
+    ways = linking.rows(bench)
     progress("completion")
     tabs = completion.measured(bench.source, bench.describe(), bench.rounds * 4)
     cycles = {peer: bench.instructions("W1/cycle/1", peer) for peer in ("kivo", "kivo_tool")}
@@ -51,6 +54,7 @@ def measured(bench):
         "### Memory\n", tables.heap_table(cycle, parse, line, bench.largest),
         "### A ten-option tool\n",
         tables.tool_table(tools, {**BASELINES, **PEERS}),
+        LINKING, tables.linking_table(ways),
         "### A TAB\n", tables.completion_table(completion.rows(tabs)),
         "### What is missing\n", tables.left_out_table(bench.left_out),
     ])
@@ -65,6 +69,14 @@ def write(source, text):
     plot.draw_all(source)
 
 
+def write_linking(source, table):
+    """Replaces one table, and leaves the figures of the last full run as they are."""
+    document = source / "docs" / "performance.md"
+    before, rest = document.read_text().split(LINKING)
+    after = rest[rest.index("\n### "):]
+    document.write_text(f"{before}{LINKING}\n{table}{after}")
+
+
 def main():
     arguments = argparse.ArgumentParser()
     arguments.add_argument("source", type=Path)
@@ -72,12 +84,18 @@ def main():
     mode = arguments.add_mutually_exclusive_group()
     mode.add_argument("--quick", action="store_true")
     mode.add_argument("--instructions", action="store_true")
+    mode.add_argument("--linking", action="store_true")
     mode.add_argument("--draw", action="store_true")
     given = arguments.parse_args()
     if given.draw:
         plot.draw_all(given.source)
         return
     bench = Bench(given.source, given.build, given.quick or given.instructions)
+    if given.linking:
+        table = tables.linking_table(linking.rows(bench))
+        print(table)
+        write_linking(given.source, table)
+        return
     if given.instructions:
         for name in bench.names():
             print(f"{name:20} {bench.instructions(name):14,.0f}", flush=True)

@@ -112,15 +112,18 @@ class Bench:
         return self.link("kivo")["instructions"] - self.link("empty")["instructions"]
 
     def install(self):
-        """Installs the library where pkg-config finds it, as a user would."""
+        """Installs the library and its archive where pkg-config finds them, as a user would."""
         prefix = self.build / "bench" / "prefix"
-        run(["cmake", "--install", self.build, "--prefix", prefix])
-        package = next(prefix.rglob("kivo.pc")).parent
-        environment = dict(os.environ, PKG_CONFIG_PATH=str(package))
-        self.library = package.parent / "libkivo.so"
-        self.compile_flags, self.link_flags = (
-            run(["pkg-config", what, "kivo"], env=environment).stdout.split()
-            for what in ("--cflags", "--libs"))
+        for build in (self.build, self.build.parent / "archive"):
+            run(["cmake", "--install", build, "--prefix", prefix])
+        self.library = next(prefix.rglob("libkivo.so"))
+        self.compile_flags, self.link_flags = self.flags_of("kivo")
+
+    def flags_of(self, package):
+        """The flags to compile and to link with."""
+        environment = dict(os.environ, PKG_CONFIG_PATH=str(self.library.parent / "pkgconfig"))
+        return [run(["pkg-config", what, package], env=environment).stdout.split()
+                for what in ("--cflags", "--libs")]
 
     def tool_path(self, tool):
         folder = self.build / "bench" / "tools"

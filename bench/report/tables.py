@@ -114,6 +114,10 @@ def tool_table(tools, names):
                   "B1 stripped bytes", "B2 instructions above empty", "lines of code"], rows)
 
 
+def linking_table(rows):
+    return table(["", "processor time, µs", "instructions", "page faults", "stripped bytes"], rows)
+
+
 def completion_table(rows):
     return table(["milliseconds", "words offered", "bash", "zsh", "fish"], rows)
 

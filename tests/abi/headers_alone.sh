@@ -6,7 +6,7 @@ cd "$1"
 
 compiled=0
 for header in include/kivo/*.h platform/stratum2/include/stratum2/variant.h \
-              platform/bedrock/include/bedrock/assertion.h; do
+              platform/bedrock/include/bedrock/{assertion,export}.h; do
   for standard in c++17 c++20; do
     "$2" -std=$standard -fsyntax-only -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion \
       -Wshadow -Wnon-virtual-dtor -Werror -Iinclude -Iplatform/stratum2/include \

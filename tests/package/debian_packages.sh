@@ -46,7 +46,7 @@ holds() {
   fail "$name holds $others"
 }
 holds "$package" "lib/$multiarch/libkivo[.]so[.][0-9.]+"
-holds libkivo-dev "include/.*[.]h|share/kivo/description[.]schema[.]json|lib/$multiarch/(libkivo[.]so|(cmake|pkgconfig)/.*)"
+holds libkivo-dev "include/.*[.]h|share/kivo/description[.]schema[.]json|lib/$multiarch/(libkivo[.](so|a)|(cmake|pkgconfig)/.*)"
 holds kivo-describe "bin/kivo-describe|lib/$multiarch/cmake/kivo/kivo-describe-targets.*[.]cmake|share/man/man1/kivo-describe[.]1[.]gz|share/(bash-completion/completions/|zsh/vendor-completions/_|fish/vendor_completions.d/)kivo-describe([.]fish)?"
 holds libkivo-doc "share/man/man7/kivo[.]7[.]gz"
 dpkg-deb --raw-extract "$library" "$scratch/raw"
@@ -76,6 +76,18 @@ quietly cmake --build "$scratch/build" --parallel 2
 read -ra flags <<<"$(PKG_CONFIG_LIBDIR=$libdir/pkgconfig pkg-config --cflags --libs kivo)"
 quietly "${CXX:-g++}" -std=c++17 "$scratch/examples/greet/main.cpp" "${flags[@]}" \
   -o "$scratch/greet"
+
+# The archive is beside the shared library.
+read -ra flags <<<"$(PKG_CONFIG_LIBDIR=$libdir/pkgconfig pkg-config --cflags --libs kivo-static)"
+quietly "${CXX:-g++}" -std=c++17 "$scratch/examples/greet/main.cpp" "${flags[@]}" \
+  -o "$scratch/greet-static"
+read -ra flags <<<"$(PKG_CONFIG_LIBDIR=$libdir/pkgconfig pkg-config --static --cflags --libs kivo)"
+quietly "${CXX:-g++}" -std=c++17 "$scratch/examples/greet/main.cpp" "${flags[@]}" -static \
+  -o "$scratch/greet-whole"
+for greet in greet-static greet-whole; do
+  greeting=$("$scratch/$greet" World)
+  [ "$greeting" = "Hello World" ] || fail "$greet printed: $greeting"
+done
 
 textkit=$scratch/build/textkit/textkit
 loaded=$(ldd "$textkit")

@@ -2,9 +2,9 @@
 # Builds and installs a project whose CMakeLists.txt asks for the manual page and the completion of
 # its tool, and shows the page with man. Then configures the project where the tool cannot run, and
 # without kivo-describe: nothing must be made, and the project must say so.
-#   describe.sh PREFIX
+#   describe.sh PREFIX [TARGET-OF-THE-LIBRARY]
 set -euo pipefail
-prefix=$1
+prefix=$1 library=${2:-kivo::kivo}
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/described" && pwd)
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
@@ -15,7 +15,8 @@ fail() { echo "$*"; exit 1; }
 make() {
   local name=$1
   shift
-  { cmake -S "$project" -B "$scratch/$name" -DCMAKE_PREFIX_PATH="$prefix" "$@" &&
+  { cmake -S "$project" -B "$scratch/$name" -DCMAKE_PREFIX_PATH="$prefix" \
+    -DLIBRARY="$library" "$@" &&
     cmake --build "$scratch/$name" &&
     cmake --install "$scratch/$name" --prefix "$scratch/$name-prefix"; } >"$scratch/log" 2>&1 ||
     { cat "$scratch/log"; fail "failed: $name"; }

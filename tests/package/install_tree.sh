@@ -18,7 +18,7 @@ soname=libkivo.so.${version%.*}
 
 expected_files() {
   (cd "$source" && find include/kivo -name '*.h')
-  printf '%s\n' include/bedrock/assertion.h include/stratum2/variant.h share/man/man7/kivo.7 \
+  printf '%s\n' include/bedrock/{assertion,export}.h include/stratum2/variant.h share/man/man7/kivo.7 \
     share/kivo/description.schema.json bin/kivo-describe share/man/man1/kivo-describe.1 \
     share/bash-completion/completions/kivo-describe share/zsh/site-functions/_kivo-describe \
     share/fish/vendor_completions.d/kivo-describe.fish

@@ -3,6 +3,8 @@
 // The value that tools and the library exchange. Tools compile parts of it into themselves, so a
 // changed layout, number or inline function breaks tools that are not compiled again.
 
+#include <bedrock/export.h>
+
 #include <atomic>
 #include <cfloat>
 #include <cstddef>
@@ -61,7 +63,7 @@ class allocator_t {
 ///
 /// Copies are cheap: all copies share one text with an atomic reference count, and the last
 /// variant that shares the text frees it.
-class [[gnu::visibility("default")]] variant_t {
+class BEDROCK_API variant_t {
  public:
   variant_t() noexcept : m_type(vtNull) { m_value.m_signed = 0; }
   variant_t(bool value) noexcept : variant_t(vtBool, value ? s64_t{1} : s64_t{0}) {}
@@ -86,7 +88,7 @@ class [[gnu::visibility("default")]] variant_t {
     if (ownsData())
       retain();
   }
-  variant_t(variant_t && other) noexcept : m_value(other.m_value), m_type(other.m_type) {
+  variant_t(variant_t&& other) noexcept : m_value(other.m_value), m_type(other.m_type) {
     other.m_type = vtNull;
   }
   variant_t& operator=(const variant_t& other) noexcept {
@@ -145,13 +147,13 @@ class [[gnu::visibility("default")]] variant_t {
 
   friend class text_pool_t;
 
-  explicit variant_t(data_t * data) noexcept : m_type(vtString) { m_value.m_data = data; }
+  explicit variant_t(data_t* data) noexcept : m_type(vtString) { m_value.m_data = data; }
   variant_t(variant_type_t type, s64_t value) noexcept : m_type(type) { m_value.m_signed = value; }
   variant_t(variant_type_t type, u64_t value) noexcept : m_type(type) {
     m_value.m_unsigned = value;
   }
 
-  void swap(variant_t & other) noexcept {
+  void swap(variant_t& other) noexcept {
     std::swap(m_value, other.m_value);
     std::swap(m_type, other.m_type);
   }
@@ -186,7 +188,7 @@ class [[gnu::visibility("default")]] variant_t {
 
   void retain() noexcept;
   void release() noexcept;
-  [[gnu::visibility("hidden")]] static void free(data_t * data) noexcept;
+  [[gnu::visibility("hidden")]] static void free(data_t* data) noexcept;
   static void reportUnsuitableRead();
 
   static allocator_t m_mem;
