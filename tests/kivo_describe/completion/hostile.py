@@ -1,5 +1,6 @@
 """Hostile names, values and descriptions: nothing runs, and every value arrives as it is."""
 
+import subprocess
 from contextlib import closing
 from pathlib import Path
 
@@ -102,6 +103,30 @@ def check_inserted(context):
         check_canaries(context, position, made)
 
 
+RUN = {"bash": ["bash", "--norc", "-c"], "zsh": ["zsh", "-f", "-c"],
+       "fish": ["fish", "--no-config", "-c"]}
+
+
+def check_run(context):
+    """Each value alone: when the line is run, the tool gets it as it is, whatever files there are."""
+    made = describe([option(f"v{i}x", separator=None, allowed=[v])
+                     for i, v in enumerate(values())], name="single")
+    with closing(context.session(made)) as session:
+        inserted = [session.raw(f"single -v{i}x=")[0] for i in range(len(values()))]
+    Path("u").touch()  # what "?" stands for, if it is not quoted
+    try:
+        for i, (value, word) in enumerate(zip(values(), inserted)):
+            run = subprocess.run(RUN[context.shell] + [f"printf '%s' {word}"], check=False,
+                                 capture_output=True, text=True)
+            context.report.check(run.stdout == f"-v{i}x={value}",
+                                 f"{context.shell}: values are run as they are",
+                                 f"{value!r} is inserted as {word!r} and run as {run.stdout!r}",
+                                 encoded(made))
+    finally:
+        Path("u").unlink()
+    check_canaries(context, "running", made)
+
+
 def check_not_quoted(context):
     """Nothing is quoted that need not be."""
     plain = [w for w in PLAIN_WORDS if context.shell != "fish" or "%" not in w]  # fish quotes it
@@ -170,6 +195,7 @@ def check_hostile(context):
     check_texts(context, hostile_tool(), lines)
     check_texts(context, hostile_commands(), ["", "-", "a", "if ", "if -v=", "if -v "])
     check_inserted(context)
+    check_run(context)
     check_not_quoted(context)
     check_begun(context)
     check_typed(context)

@@ -22,7 +22,7 @@ LINES = [
     "-pattern a,*",
 ]
 PATHS = ["-path fi", "-path=fi", "-paths file1.txt,fi", "-paths=file1.txt,no", "sub", "-folder su",
-         "-C -fl", "-note ", "-mode=", "-signs=plus,"]
+         "-C -fl", "-note ", "-mode=", "-mode F", "-mode=f", "-FL", "-signs=plus,"]
 
 # What a shell has set and defined; {} is the file that it goes to.
 STATE = {
