@@ -50,6 +50,10 @@ foreach(directory IN ITEMS LIBDIR INCLUDEDIR)
   set(kivo_pc_${directory} "\${prefix}")
   cmake_path(APPEND kivo_pc_${directory} "${CMAKE_INSTALL_${directory}}")  # an absolute one replaces
 endforeach()
+set(kivo_pc_standard_library "")
+if(KIVO_STANDARD_LIBRARY_IS_LIBSTDCXX)
+  set(kivo_pc_standard_library "-lstdc++ ")
+endif()
 configure_file(${PROJECT_SOURCE_DIR}/cmake/${kivo_pc}.in ${PROJECT_BINARY_DIR}/${kivo_pc} @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/${kivo_pc}
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT kivo_development)

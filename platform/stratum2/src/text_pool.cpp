@@ -67,7 +67,8 @@ void text_pool_t::closeChunk() noexcept {
 }
 
 void text_pool_t::leave(variant_t::data_t* data) noexcept {
-  auto* const chunk = reinterpret_cast<chunk_t*>(reinterpret_cast<char*>(data) - data->m_offset);
+  void* const begin = reinterpret_cast<char*>(data) - data->m_offset;
+  auto* const chunk = static_cast<chunk_t*>(begin);
   if (add(chunk->m_texts, -1) == 1)
     variant_t::m_mem.free(chunk);
 }
