@@ -5,6 +5,7 @@
 # The words before the cursor are walked as the tool walks them; then the first rule that fits
 # decides what is offered, and fish compares that with the typed word. Nothing that is typed is
 # evaluated, and no process is started: command substitutions hold functions and builtins alone.
+# fish quotes what it inserts, but for a "~" at the beginning of a word: type a quote before it.
 #
 # The functions are fixed. The data after them are these lists. An option is known by its place in
 # the first list. Scope 0 is the tool itself, scope 1 its first command.

@@ -119,6 +119,8 @@ def check_run(context):
         for value, words in zip(alone, inserted):
             if not words:  # check_inserted() tells which are offered
                 continue
+            if context.shell == "fish" and value[0] == "~":  # fish never quotes it, see its script
+                continue
             run = subprocess.run(RUN[context.shell] + [f"printf '%s' {words[0]}"], check=False,
                                  capture_output=True, text=True)
             context.report.check(run.stdout == value,
