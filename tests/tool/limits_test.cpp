@@ -95,15 +95,22 @@ TEST(ToolLimits, OfFloatingPointTypesAreTakenAndNothingBeyond) {
 TEST(ToolLimits, ASmallNumberBecomesTheNearestOne) {
   EXPECT_EQ("1.40129846e-45", taken<float>("1.5e-45"));
   EXPECT_EQ("0", taken<float>("1e-60"));
+#ifdef __GLIBCXX__  // the streams of others refuse numbers that are not normalised
   EXPECT_EQ("4.9406564584124654e-324", taken<double>("4.9e-324"));
+#endif
 }
 
 TEST(ToolLimits, WhatIsNoFiniteNumberIsRefused) {
-  for (const char* text : {"inf", "-inf", "infinity", "nan", "1e", ".", "-", "0x1p3", "1e400000"}) {
+  for (const char* text : {"inf", "-inf", "infinity", "nan", "1e", ".", "-", "1e400000"}) {
     for (const std::string& printed :
          {taken<float>(text), taken<double>(text), taken<long double>(text)})
       EXPECT_EQ(0U, printed.find("tool: ")) << text << " is " << printed;
   }
+#ifdef __GLIBCXX__  // the streams of others read hexadecimal numbers
+  EXPECT_EQ(0U, taken<float>("0x1p3").find("tool: "));
+  EXPECT_EQ(0U, taken<double>("0x1p3").find("tool: "));
+  EXPECT_EQ(0U, taken<long double>("0x1p3").find("tool: "));
+#endif
 }
 
 TEST(ToolLimits, ManyDigitsAreRefusedOrRounded) {
