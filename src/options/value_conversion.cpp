@@ -13,6 +13,7 @@
 
 #include "base/begins_with.h"
 #include "base/white_space.h"
+#include "bedrock/standard_library.h"
 
 namespace kivo_3_3 {
 
@@ -75,7 +76,7 @@ class ClassicReader {
         point != m_end && *point == '.' ? std::find_if_not(point + 1, m_end, isDigit) : point;
     if (last - first > longestPlainDouble || (last != m_end && !isClassicSpace(*last)))
       return false;
-    std::from_chars(m_next, last, value, std::chars_format::fixed);
+    value = BEDROCK::readDouble(m_next, last);
     m_next = last;
     return true;
   }

@@ -3,8 +3,8 @@
 #include <charconv>
 #include <cmath>
 #include <cstring>
-#include <iterator>
 #include <limits>
+#include <locale>
 #include <new>
 #include <sstream>
 #include <string_view>
@@ -105,14 +105,15 @@ bool isNumber(const VariableType& type) {
   return type.kind == Kind::integer || type.kind == Kind::natural || type.kind == Kind::real;
 }
 
+// As the library shows numbers. Not every standard library writes a long double without a stream.
 template <class T>
 std::string numberText(T number) {
   if constexpr (std::is_floating_point_v<T>) {
-    constexpr int digits = 6;  // as the library shows numbers
-    char buffer[64];
-    const auto end = std::to_chars(std::begin(buffer), std::end(buffer), number,
-                                   std::chars_format::general, digits);
-    return std::string(std::begin(buffer), end.ptr);
+    std::ostringstream text;
+    text.imbue(std::locale::classic());
+    text.exceptions(std::ios::badbit);  // lets std::bad_alloc out
+    text << number;
+    return text.str();
   } else {
     return std::to_string(number);
   }

@@ -47,7 +47,11 @@ class Notebook : public testing::Test {
     return run(command, m_folder.path(), "");
   }
   Outcome toFullDevice(const std::string& arguments) const {
-    return run({"sh", "-c", NOTEBOOK_PATH " " + arguments + " >/dev/full"}, m_folder.path(), "");
+    std::string line;
+    for (const std::string& word : runner())
+      line += word + ' ';
+    line += NOTEBOOK_PATH " " + arguments + " >/dev/full";
+    return run({"sh", "-c", line}, m_folder.path(), "");
   }
   std::string path(const std::string& name) const { return m_folder.path() + '/' + name; }
   void write(const std::string& name, const std::string& text) const {

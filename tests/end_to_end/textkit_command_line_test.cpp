@@ -169,8 +169,7 @@ TEST_F(TextkitErrors, AnActionMayBeGivenTwice) {
 }
 
 TEST_F(TextkitErrors, OutputThatCannotBeWrittenIsAnErrorOfItsOwn) {
-  const Outcome outcome =
-      tool({"sh", "-c", "exec \"$0\" -count > /dev/full", TEXTKIT_PATH}, "text\n");
+  const Outcome outcome = textkitAfter("exec > /dev/full", {"-count"});
   EXPECT_EQ(fails(11, "The output cannot be written."), outcome);
 }
 
@@ -279,7 +278,7 @@ TEST_F(TextkitFiles, ThatCannotBeReadAreReportedAndSkipped) {
 
 TEST_F(TextkitFiles, StandardInputThatIsClosedCannotBeRead) {
   EXPECT_EQ((Outcome{10, "", "textkit: Cannot read '(standard input)': Bad file descriptor\n"}),
-            tool({"sh", "-c", "exec \"$0\" -hash <&-", TEXTKIT_PATH}));
+            textkitAfter("exec <&-", {"-hash"}));
 }
 
 TEST_F(TextkitOptionFile, HoldsOneArgumentALineAndComments) {

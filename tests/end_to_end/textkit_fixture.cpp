@@ -18,7 +18,10 @@ Outcome Textkit::tool(const Arguments& command, const std::string& input) const 
 }
 
 Outcome Textkit::textkitAfter(const std::string& first, const Arguments& arguments) const {
-  Arguments command = {"sh", "-c", first + "; exec \"$0\" \"$@\"", TEXTKIT_PATH};
+  Arguments command = {"sh", "-c", first + "; exec \"$@\"", "sh"};
+  const Arguments runner = end_to_end::runner();
+  command.insert(command.end(), runner.begin(), runner.end());
+  command.emplace_back(TEXTKIT_PATH);
   command.insert(command.end(), arguments.begin(), arguments.end());
   return tool(command, "text\n");
 }

@@ -147,14 +147,17 @@ TEST(TextToValue, A64BitIntegerHasItsRange) {
 
 TEST(TextToValue, ADoubleIsTheWholeText) {
   const Conversion cases[] = {
-      {"0.1", 0.1},    {"3", 3.0},     {"-2.5e3", -2500.0}, {"1e-2", 0.01},   {".5", 0.5},
-      {"5.", 5.0},     {"+.5", 0.5},   {" 1.5 ", 1.5},      {"1.5x", fails},  {"1.5.5", fails},
-      {"", fails},     {".", fails},   {"1e", fails},       {"1e400", fails}, {"-1e400", fails},
-      {"inf", fails},  {"nan", fails}, {"0x10", fails},     {"1,5", fails},   {"1 .5", fails},
-      {"1E+2", 100.0}, {"--1", fails}, {"-0", 0.0},
+      {"0.1", 0.1},   {"3", 3.0},     {"-2.5e3", -2500.0}, {"1e-2", 0.01},   {".5", 0.5},
+      {"5.", 5.0},    {"+.5", 0.5},   {" 1.5 ", 1.5},      {"1.5x", fails},  {"1.5.5", fails},
+      {"", fails},    {".", fails},   {"1e", fails},       {"1e400", fails}, {"-1e400", fails},
+      {"inf", fails}, {"nan", fails}, {"1,5", fails},      {"1 .5", fails},  {"1E+2", 100.0},
+      {"--1", fails}, {"-0", 0.0},
   };
   expectValues(vtDouble, cases);
   EXPECT_TRUE(std::signbit(textToValue(vtDouble, "-0").get<double>()));
+#ifdef __GLIBCXX__  // the streams of others read hexadecimal numbers
+  EXPECT_EQ(vtNull, textToValue(vtDouble, "0x10").type());
+#endif
 }
 
 TEST(TextToValue, AStringIsTheUnchangedText) {

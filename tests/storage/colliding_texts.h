@@ -16,7 +16,7 @@ constexpr HashKey knownKey = {0x243F6A8885A308D3, 0x13198A2E03707345};
 
 inline bool isUsableInAnArgument(std::uint64_t eightCharacters) {
   for (int shift = 0; shift < 64; shift += 8)
-    if (((eightCharacters >> shift) & 0xFF) <= ',')  // no zero, line end, blank or comma
+    if (((eightCharacters >> shift) & 0xFF) <= '-')  // no zero, line end, blank, comma or dash
       return false;
   return true;
 }
@@ -33,24 +33,26 @@ inline std::string textOf(std::uint64_t first, std::uint64_t second) {
 inline std::vector<std::string> textsOfOneHash(std::size_t count) {
   std::vector<std::string> texts;
   for (std::uint64_t number = 0; texts.size() < count; ++number) {
-    const std::uint64_t first = (number * 0x9E3779B97F4A7C15 & ~std::uint64_t{0xFF}) | 'x';
+    const std::uint64_t first = number * 0x9E3779B97F4A7C15;
     if (!isUsableInAnArgument(first))
       continue;
     const std::uint64_t state =
         TextHash::foldedInHalves(knownKey.start ^ 16 ^ first, knownKey.factor);
-    if (isUsableInAnArgument(state ^ 0x123456789ABCDEF))
-      texts.push_back(textOf(first, state ^ 0x123456789ABCDEF));
+    const std::string text = textOf(first, state ^ 0x123456789ABCDEF);
+    if (isUsableInAnArgument(state ^ 0x123456789ABCDEF) && text[0] != ';')  // no comment
+      texts.push_back(text);
   }
   return texts;
 }
 
-// The hash function of former versions: multiplications by a constant, without a key.
+// The hash function of former versions, as on x86: multiplications by a constant, without a key.
 inline std::uint64_t formerHashOf(const std::string& text) {
   const auto mixed = [](std::uint64_t bits) { return bits * 0x9E3779B97F4A7C15; };
   std::uint64_t hash = text.size();
   for (std::size_t place = 0; place < text.size(); place += 8) {
     std::uint64_t word = 0;
-    std::memcpy(&word, text.data() + place, 8);
+    for (std::size_t i = 0; i < 8; ++i)
+      word |= std::uint64_t{static_cast<unsigned char>(text[place + i])} << (8 * i);
     hash = mixed(hash ^ word);
   }
   return hash;

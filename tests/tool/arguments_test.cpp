@@ -258,9 +258,11 @@ TEST(ToolArguments, AVeryLongNumberIsRefused) {
   Tried other;
   other.option("most", most, "");
   EXPECT_EQ(2, other.run({"--most", digits.c_str()}));
-  EXPECT_EQ(refused("Option 'most' does not take '" + digits +
-                    "', expected: -1.18973e+4932 to 1.18973e+4932"),
-            other.err);
+  if (hasLongDouble) {
+    EXPECT_EQ(refused("Option 'most' does not take '" + digits +
+                      "', expected: -1.18973e+4932 to 1.18973e+4932"),
+              other.err);
+  }
 }
 
 }  // namespace

@@ -10,6 +10,9 @@
 
 namespace kivo_3_3 {
 
+/// Whether long double is wider than double: some processors have no such type.
+constexpr bool hasLongDouble = sizeof(long double) > sizeof(double);
+
 /// A tool whose output is kept instead of printed.
 class Tried : public Tool {
  public:

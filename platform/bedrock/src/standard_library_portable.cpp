@@ -2,6 +2,9 @@
 // loads the library initialises the streams.
 
 #include <iostream>
+#include <locale>
+#include <sstream>
+#include <string>
 
 #include "bedrock/standard_library.h"
 
@@ -12,5 +15,14 @@ std::ostream& standardOutput() noexcept { return std::cout; }
 std::ostream& standardError() noexcept { return std::cerr; }
 
 bool hasNoLocaleYet() noexcept { return false; }
+
+double readDouble(const char* first, const char* last) {
+  std::istringstream stream{std::string(first, last)};
+  stream.imbue(std::locale::classic());
+  stream.exceptions(std::ios::badbit);  // lets std::bad_alloc out
+  double value = 0;
+  stream >> value;
+  return value;
+}
 
 }  // namespace BEDROCK

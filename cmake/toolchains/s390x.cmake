@@ -1,0 +1,6 @@
+# Linux on s390x, which has the other byte order, with Debian's cross compiler. An emulator runs the programs.
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_SYSTEM_PROCESSOR s390x)
+set(CMAKE_CXX_COMPILER s390x-linux-gnu-g++)
+set(CMAKE_C_COMPILER s390x-linux-gnu-gcc)
+set(CMAKE_CROSSCOMPILING_EMULATOR qemu-s390x-static -L /usr/s390x-linux-gnu)
