@@ -5,6 +5,8 @@ target_compile_options(kivo_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor
   -Wold-style-cast -Wcast-qual -Wcast-align -Woverloaded-virtual -Wformat=2 -Wundef
   -Wextra-semi -Wimplicit-fallthrough
+  # clang++ from 17 on warns of std::stable_sort() of libstdc++ 12.
+  $<$<AND:$<CXX_COMPILER_ID:Clang>,$<VERSION_GREATER_EQUAL:$<CXX_COMPILER_VERSION>,17>>:-Wno-deprecated-declarations>
   $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond;-Wduplicated-branches;-Wlogical-op>
   $<$<BOOL:${KIVO_WARNINGS_AS_ERRORS}>:-Werror>
   # Keeps absolute paths of the build machine out of the binaries.
