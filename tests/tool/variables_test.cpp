@@ -95,8 +95,9 @@ TEST(ToolVariables, ANumberOutsideOfItsTypeIsRefusedWithTheLimits) {
   EXPECT_EQ(outside("-32769", "-32768 to 32767"), taken<short>("-32769"));
   EXPECT_EQ(outside("65536", "0 to 65535"), taken<unsigned short>("65536"));
   EXPECT_EQ(outside("1e39", "-3.40282e+38 to 3.40282e+38"), taken<float>("1e39"));
-  if (hasLongDouble)
+  if (hasLongDouble) {
     EXPECT_EQ(outside("1e5000", "-1.18973e+4932 to 1.18973e+4932"), taken<long double>("1e5000"));
+  }
   EXPECT_EQ(
       refused("Value validation problem in argument '--n=1e999': Option 'n' can not parse '1e999'"
               " value, requires a type 'double' here."),
@@ -150,8 +151,9 @@ TEST(ToolVariables, LettersAfterANumberAreRefused) {
   EXPECT_EQ(wrong("unsigned integer"), taken<unsigned int>("12ab"));
   EXPECT_EQ(wrong("64 bit integer"), taken<long long>("12ab"));
   EXPECT_EQ(wrong("double"), taken<double>("12ab"));
-  if (hasLongDouble)
+  if (hasLongDouble) {
     EXPECT_EQ(outside("12ab", "-1.18973e+4932 to 1.18973e+4932"), taken<long double>("12ab"));
+  }
   EXPECT_EQ(outside("12ab", "0 to 18446744073709551615"), taken<std::uint64_t>("12ab"));
   EXPECT_EQ(outside("12.0", "0 to 18446744073709551615"), taken<unsigned long long>("12.0"));
 }
@@ -160,9 +162,12 @@ TEST(ToolVariables, HexadecimalNumbersCountForUnsignedOnesOf64BitsAlone) {
   for (const char* text : {"0x1F", "0X1f", "1Fh", "1fH"}) {
     SCOPED_TRACE(text);
     EXPECT_EQ("31", taken<unsigned long long>(text));
-    for (const std::string& printed :
-         {taken<long long>(text), taken<unsigned int>(text), taken<int>(text),
-          taken<unsigned char>(text), taken<double>(text), taken<long double>(text)})
+    std::vector<std::string> all = {taken<long long>(text), taken<unsigned int>(text),
+                                    taken<int>(text), taken<unsigned char>(text)};
+#ifdef __GLIBCXX__  // the streams of others read hexadecimal numbers
+    all.insert(all.end(), {taken<double>(text), taken<long double>(text)});
+#endif
+    for (const std::string& printed : all)
       EXPECT_EQ(0U, printed.find("tool: ")) << printed;
   }
   EXPECT_EQ("18446744073709551615", taken<std::uint64_t>("0xFFFFFFFFFFFFFFFF"));
