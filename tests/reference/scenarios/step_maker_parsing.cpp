@@ -18,8 +18,11 @@ string StepMaker::typed(const string& name, bool isBoolean) {
 
 // A beginning of the text, which is empty only if the text is.
 string StepMaker::beginningOf(const string& text) {
-  const auto size = static_cast<int>(text.size());
-  return size < 2 ? text : text.substr(0, static_cast<std::size_t>(m_random.below(size - 1)) + 1);
+  string beginning = text;
+  if (text.size() > 1)
+    beginning.resize(static_cast<std::size_t>(m_random.below(static_cast<int>(text.size()) - 1)) +
+                     1);
+  return beginning;
 }
 
 string StepMaker::valueFor(const Declared& option) {
