@@ -356,7 +356,8 @@ class Tool {
   void atMostOne(std::initializer_list<const char*> names) { addGroup(names, false); }
   /// Of these options, users have to give exactly one.
   void exactlyOne(std::initializer_list<const char*> names) { addGroup(names, true); }
-  /// A heading of the help for what is declared from here on.
+  /// The section of the help for what is declared from here on: "heading", or
+  /// "heading:introduction" for the first declaration of a section with an introduction.
   KIVO_API void section(const char* heading) noexcept;
   /// A paragraph at the end of the help.
   KIVO_API void footer(const char* text) noexcept;

@@ -21,18 +21,11 @@ struct Entry {
   std::string text;
 };
 
-bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
-
-// Characters, each of which counts as one column.
-std::size_t columnsOf(const std::string& text) {
-  return static_cast<std::size_t>(
-      std::count_if(text.begin(), text.end(), [](char byte) { return !isContinuation(byte); }));
-}
-
-// Where the characters of a word end that fit, from `begin` on.
+// Each character counts as one column. Where the characters of a word end that fit, from `begin`
+// on.
 std::size_t endOfColumns(const std::string& word, std::size_t begin, std::size_t columns) {
-  for (; begin < word.size() && (columns != 0 || isContinuation(word[begin])); ++begin)
-    columns -= isContinuation(word[begin]) ? 0U : 1U;
+  for (; begin < word.size() && (columns != 0 || !beginsCharacter(word[begin])); ++begin)
+    columns -= beginsCharacter(word[begin]) ? 1U : 0U;
   return begin;
 }
 
@@ -56,7 +49,7 @@ class Paragraph {
 
  private:
   void add(const std::string& word) {
-    std::size_t columns = columnsOf(word);
+    std::size_t columns = countOfCharacters(word);
     if (m_used != 0 && m_used + 1 + columns > m_room)
       flush();
     if (m_used != 0) {
@@ -91,14 +84,14 @@ class Paragraph {
 std::string laidOut(const std::vector<Entry>& entries, std::size_t width) {
   std::size_t widest = 0;
   for (const Entry& entry : entries) {
-    const std::size_t columns = columnsOf(entry.name);
+    const std::size_t columns = countOfCharacters(entry.name);
     widest = columns <= widestEntry ? std::max(widest, columns) : widest;
   }
   const std::size_t begin = indent + (widest != 0 ? widest : widestEntry) + gap;
   std::string result;
   for (const Entry& entry : entries) {
     std::string text = Paragraph(begin, width).laidOut(entry.text);
-    const std::size_t used = indent + columnsOf(entry.name);
+    const std::size_t used = indent + countOfCharacters(entry.name);
     result += std::string(indent, ' ') + entry.name;
     if (used + gap <= begin && !text.empty())
       result += text.substr(used);
@@ -122,17 +115,20 @@ std::string placeholderOf(const Declaration& declaration) {
   return upper(declaration.firstName());
 }
 
+// A dash and one character.
+bool isShort(const std::string& shown) { return countOfCharacters(shown) == 2; }
+
 // "-s, --size=SIZE", "--[no-]color"
 std::string optionName(const Declaration& declaration, const std::vector<std::string>& names) {
   std::vector<std::string> shown(names.size());
   std::transform(names.begin(), names.end(), shown.begin(), shownName);
   std::stable_sort(shown.begin(), shown.end(),
                    [](const std::string& left, const std::string& right) {
-                     return left.size() == 2 && right.size() > 2;
+                     return isShort(left) && !isShort(right);
                    });
-  std::string text = shown.front().size() > 2 ? "    " : "";
+  std::string text = isShort(shown.front()) ? "" : "    ";
   for (std::string& name : shown) {
-    if (parserType(declaration) == vtBool && name.size() > 2)
+    if (parserType(declaration) == vtBool && !isShort(name))
       name.insert(2, "[no-]");
     text += (&name == &shown.front() ? "" : ", ") + name;
   }
@@ -194,22 +190,33 @@ std::string usage(const ToolData& tool, const Scope& scope) {
 // Sections in the order of their first declaration.
 class Sections {
  public:
-  void add(const std::string& heading, Entry entry) {
+  // A section keeps the introduction of its first declaration.
+  void add(const std::string& declared, Entry entry) {
+    const std::size_t colon = std::min(declared.find(':'), declared.size());
+    const std::string heading = declared.substr(0, colon);
     const auto [place, isNew] = m_places.emplace(heading, m_sections.size());
     if (isNew)
-      m_sections.push_back({heading, {}});
-    m_sections[place->second].second.push_back(std::move(entry));
+      m_sections.push_back({heading, declared.substr(std::min(colon + 1, declared.size())), {}});
+    m_sections[place->second].entries.push_back(std::move(entry));
   }
   std::string laidOut(std::size_t width) const {
     std::string text;
-    for (const auto& [heading, entries] : m_sections)
-      text += '\n' + heading + ":\n" + tool_glue::laidOut(entries, width);
+    for (const Section& section : m_sections)
+      text += '\n' + section.heading + ":\n" +
+              Paragraph(indent, width).laidOut(section.introduction) +
+              tool_glue::laidOut(section.entries, width);
     return text;
   }
 
  private:
+  struct Section {
+    std::string heading;
+    std::string introduction;
+    std::vector<Entry> entries;
+  };
+
   std::map<std::string, std::size_t> m_places;  // of the headings in:
-  std::vector<std::pair<std::string, std::vector<Entry>>> m_sections;
+  std::vector<Section> m_sections;
 };
 
 std::vector<Entry> commandsOf(const ToolData& tool, const std::string& words) {

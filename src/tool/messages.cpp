@@ -1,5 +1,7 @@
 #include "tool/messages.h"
 
+#include <algorithm>
+
 namespace kivo_3_3::tool_glue {
 namespace {
 
@@ -14,7 +16,15 @@ std::string listed(const std::vector<std::string>& names) {
 
 }  // namespace
 
-std::string shownName(const std::string& name) { return (name.size() > 1 ? "--" : "-") + name; }
+bool beginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
+
+std::size_t countOfCharacters(const std::string& text) {
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), beginsCharacter));
+}
+
+std::string shownName(const std::string& name) {
+  return (countOfCharacters(name) > 1 ? "--" : "-") + name;
+}
 
 std::string doesNotTake(const Declaration& declaration, const std::string& text,
                         const std::string& expected) {

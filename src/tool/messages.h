@@ -12,6 +12,10 @@ namespace kivo_3_3::tool_glue {
 /// "--times", "-t", or the name of an operand.
 std::string shownName(const std::string& name);
 
+// Whether a byte of UTF-8 is the first one of a character.
+bool beginsCharacter(char byte);
+std::size_t countOfCharacters(const std::string& text);
+
 std::string doesNotTake(const Declaration& declaration, const std::string& text,
                         const std::string& expected);
 std::string isRequired(const Declaration& declaration);

@@ -14,7 +14,8 @@ std::string called(const Command& command) { return "command '" + command.words 
 // Whether there are words between single blanks, none of which looks like an option.
 bool canBeTyped(const std::string& words) {
   const std::string framed = ' ' + words + ' ';
-  return framed.find("  ") == std::string::npos && framed.find(" -") == std::string::npos;
+  return framed.find("  ") == std::string::npos && framed.find(" -") == std::string::npos &&
+         words.find_first_of("\t\n\v\f\r") == std::string::npos;
 }
 
 void checkCommands(const ToolData& tool) {

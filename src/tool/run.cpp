@@ -349,7 +349,10 @@ int writeDescription(ToolData& tool) {
   }
   annotateOrThrow(*tool.parser, nullptr, "dashes", "two");
   annotateOrThrow(*tool.parser, nullptr, "loneDash", "operand");
-  for (const std::string& footer : tool.footers)
+  std::string footer;  // pages show the first one alone
+  for (const std::string& paragraph : tool.footers)
+    footer += (footer.empty() ? "" : "\n") + paragraph;
+  if (!footer.empty())
     annotateOrThrow(*tool.parser, nullptr, "footer", footer);
   const std::string text =
       describe(*tool.parser, {tool.name.c_str(), tool.version.c_str(), tool.summary.c_str()},

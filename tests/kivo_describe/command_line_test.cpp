@@ -92,6 +92,11 @@ TEST_F(KivoDescribe, FailsIfTheOutputCannotBeWritten) {
   }
 }
 
+TEST_F(KivoDescribe, FailsIfItsOwnDescriptionCannotBeWritten) {
+  EXPECT_EQ(fails(1, "The output cannot be written."),
+            runAfter("exec >/dev/full", {"kivooption=kivodescribe=json"}));
+}
+
 TEST_F(KivoDescribe, TakesTheDateOfThePageFromTheEnvironment) {
   const auto titled = [&](const std::string& first) {
     const std::string page = runAfter(first, {"-man"}).out;

@@ -144,6 +144,12 @@ TEST(Page, AnotherDefaultMayBeShownOrNone) {
   EXPECT_EQ("- <-a> {string}: Text.\n", shownAs(" "));
 }
 
+TEST(Page, ValuesOfBlanksAreToldFromTheEmptyText) {
+  EXPECT_EQ(R"(- <-a> {string}: Text.; Allowed values: <"">, <" ">, <" ">. Default: <" ">.)"
+            "\n",
+            options(toolWith(option(R"("a")", R"(,"allowed":[""," ","\t\t"],"default":"  ")"))));
+}
+
 TEST(Page, ADeprecatedOptionIsListedWithItsReason) {
   EXPECT_EQ("- <-a> {string}: Text.; Deprecated: use -b\n",
             options(toolWith(option(R"("a")", R"(,"annotations":{"deprecated":["use -b"]})"))));
@@ -240,6 +246,26 @@ TEST(Page, ExitStatusesOfTheToolAndThenTheFooterStandAtTheEnd) {
   EXPECT_EQ(0U, last.rfind("- <0>: The tool did what it was asked to do.\n- <1>: ", 0)) << last;
 }
 
+TEST(Page, AnExitStatusMayHaveNoMeaning) {
+  const std::string last = chapter("EXIT STATUS", annotated(R"("exitStatus":["10","11 "])"));
+  EXPECT_EQ("- <10>: \n- <11>: \n", last.substr(last.find("- <10>")));
+}
+
+// Otherwise they would seem to belong to the section of the operand.
+TEST(Page, OptionsWithoutASectionComeBeforeTheSectionsOfACommandsOperands) {
+  const std::string json = replaced(
+      emptyTool, R"("together")",
+      R"("commands":[{"words":"\u0001","summary":"Adds.","sections":[)"
+      R"({"heading":"S","introduction":"Which.","hidden":false},)"
+      R"({"heading":"","introduction":"","hidden":false}],"options":[)" +
+          replaced(positional(option(R"("file")")), R"("section":"")", R"("section":"S")") + ',' +
+          option(R"("force")", "", "none") +
+          R"(],"together":[],"unknownArguments":"error","dashArguments":"options",)"
+          R"("leftoverArguments":"kept"}],"together")");
+  EXPECT_EQ("## \" \"\nAdds.\n- <-force>: Text.\n### S\nWhich.\n- {file}: Text.\n",
+            chapter("COMMANDS", json));
+}
+
 TEST(Page, EachCommandHasItsOwnOptions) {
   const std::string tool = toolWith(option(R"("own")", "", "none"));
   const std::string fields = tool.substr(tool.find(R"("sections")"));
@@ -257,7 +283,7 @@ TEST(Page, EachCommandHasItsOwnOptions) {
       replaced(chapter("SYNOPSIS", json), "; ", "\n"));
   EXPECT_EQ(
       "## remote add\nAdds.\n- {file}: Text.\n- <-force>: Text.\n"
-      "## list\n### S\n- {file}: Text.\n### S\n- <-force>: Text.\n",
+      "## list\n### S\n- {file}: Text.\n- <-force>: Text.\n",
       chapter("COMMANDS", json));
   EXPECT_EQ("- <-own>: Text.\n", options(json));
 }

@@ -1,6 +1,7 @@
 #include "reference/text_layout.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace kivo_3_3::reference {
 
@@ -9,13 +10,15 @@ namespace {
 bool isBlank(char c) { return c == ' ' || c == '\n'; }
 
 // The part of the text for one line with room for `room` bytes: up to the first newline, in whole
-// words if possible; a longer word is cut. If `room` is 0, the access before the start of the chunk
-// raises std::out_of_range.
+// words if possible; a longer word is cut. If `room` is 0, it raises std::out_of_range with the
+// text that libstdc++ has for an access before the start of the chunk.
 std::string takeChunk(const std::string& text, unsigned int room) {
   std::string chunk = text.substr(0, std::min<std::size_t>(text.find('\n'), room));
-  const bool endsInWord = text.size() > chunk.size() && !isBlank(text[chunk.size()]) &&
-                          chunk.at(chunk.size() - 1) != ' ';
-  if (endsInWord)
+  const bool isCut = text.size() > chunk.size() && !isBlank(text[chunk.size()]);
+  if (isCut && chunk.empty())
+    throw std::out_of_range("basic_string::at: __n (which is " + std::to_string(std::string::npos) +
+                            ") >= this->size() (which is 0)");
+  if (isCut && chunk.back() != ' ')
     chunk = text.substr(0, text.rfind(' ', chunk.size()));
   return chunk.substr(0, room);
 }

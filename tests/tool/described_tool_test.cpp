@@ -145,9 +145,10 @@ TEST_F(ToolDescribed, OperandsKeepTheirOrderAndNamesThatNobodyTypesAndTellHowMan
 TEST_F(ToolDescribed, ToolsTellTheirFooters) {
   tool.footer("See the guide.");
   tool.footer("Or ask.");
-  EXPECT_NE(std::string::npos,
-            all().find(R"("annotations":{"dashes":["two"],"footer":["See the guide.","Or ask."],)"
-                       R"("loneDash":["operand"]}})"));
+  EXPECT_NE(
+      std::string::npos,
+      all().find(R"("annotations":{"dashes":["two"],"footer":["See the guide.\u000aOr ask."],)"
+                 R"("loneDash":["operand"]}})"));
 }
 
 TEST_F(ToolDescribed, CommandsTellTheirOwnOptions) {

@@ -62,6 +62,39 @@ TEST_F(ToolHelp, ShowsAllThatIsDeclared) {
       tool.out);
 }
 
+TEST_F(ToolHelp, ASectionKeepsTheIntroductionOfItsFirstDeclaration) {
+  Tried tool("tool", "", nullptr);
+  bool given = false;
+  tool.section("Size: How big it is: in metres.");
+  tool.flag("large", given, "Large.");
+  tool.section("Empty:");
+  tool.flag("none", given, "None.");
+  tool.section("Size:Something else.");
+  tool.flag("tiny", given, "Tiny.");
+  EXPECT_EQ(
+      "Usage: tool [OPTION]...\n\n"
+      "Size:\n  How big it is: in metres.\n      --large  Large.\n      --tiny   Tiny.\n\n"
+      "Empty:\n      --none  None.\n\n"
+      "Options:\n  -h, --help  Show this help.\n",
+      tool.help());
+}
+
+TEST_F(ToolHelp, ALetterOfSeveralBytesHasOneDash) {
+  Tried tool("tool", "", nullptr);
+  bool given = false;
+  int number = 0;
+  tool.option("\u00e9,\u00e9t\u00e9", given, "Summer.");
+  tool.option("\u00e0", number, "A number.").required();
+  EXPECT_EQ(
+      "Usage: tool [OPTION]...\n\n"
+      "Options:\n  -\u00e9, --[no-]\u00e9t\u00e9  Summer.\n"
+      "  -\u00e0=\u00e0            A number. Required.\n"
+      "  -h, --help      Show this help.\n",
+      tool.help());
+  EXPECT_EQ(2, tool.run({}));
+  EXPECT_EQ("tool: Option '-\u00e0' is required\nTry 'tool --help'.\n", tool.err);
+}
+
 TEST_F(ToolHelp, ShowsNoDefaultOfWhatIsRequired) {
   Tried tool("tool", "", nullptr);
   int size = 3;

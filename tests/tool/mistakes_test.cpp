@@ -306,7 +306,7 @@ TEST_F(ToolMistakes, TwoCommandsWithTheSameWords) {
 }
 
 TEST_F(ToolMistakes, ACommandThatNobodyCanType) {
-  for (const char* words : {"", " add", "add  one", "add ", "add -x", "--add"})
+  for (const char* words : {"", " add", "add  one", "add ", "add -x", "--add", "add\tx", "\nx"})
     tool.command(words, "", [](Tool& inner) { return inner.parse().value_or(0); });
   EXPECT_EQ(
       "command '' needs words with single blanks between and no dash before; "
@@ -314,7 +314,9 @@ TEST_F(ToolMistakes, ACommandThatNobodyCanType) {
       "command 'add  one' needs words with single blanks between and no dash before; "
       "command 'add ' needs words with single blanks between and no dash before; "
       "command 'add -x' needs words with single blanks between and no dash before; "
-      "command '--add' needs words with single blanks between and no dash before",
+      "command '--add' needs words with single blanks between and no dash before; "
+      "command 'add\tx' needs words with single blanks between and no dash before; "
+      "command '\nx' needs words with single blanks between and no dash before",
       reported());
 }
 

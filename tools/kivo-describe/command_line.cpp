@@ -41,8 +41,8 @@ void annotateAll(kivo::IParser& parser) {
     kivo::annotate(parser, nullptr, "exitStatus", line.c_str());
   }
   kivo::annotate(parser, nullptr, "footer",
-                 "A tool of the library writes its description to standard output if its first and "
-                 "only argument is kivooption=kivodescribe=json. If the environment variable "
+                 "A tool of the library writes its description to standard output if its first "
+                 "argument is kivooption=kivodescribe=json. If the environment variable "
                  "SOURCE_DATE_EPOCH has a number of seconds since 1970, the manual page has the "
                  "date of that day; otherwise it has none.");
 }

@@ -10,9 +10,12 @@
 namespace kivo_describe {
 namespace {
 
+// A text that leaves nothing to see is quoted.
 std::string visible(const std::string& text) {
   const std::string shown = squeezed(text);
-  return shown.empty() ? "\"\"" : shown;
+  if (!shown.empty())
+    return shown;
+  return text.empty() ? "\"\"" : "\" \"";
 }
 
 }  // namespace

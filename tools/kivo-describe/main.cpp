@@ -68,8 +68,10 @@ int run(int argc, const char* const* argv) {
   const int status = readCommandLine(argc, argv, settings, error);
   if (status != kivo::status::success)
     return fail(status, error);
+  if (settings.exitStatus == kivo::status::success)
+    return kivo::status::success;
   if (settings.exitStatus)
-    return *settings.exitStatus;
+    return fail(*settings.exitStatus, outputUnwritable.meaning);
   return write(settings.text ? *settings.text
                              : settings.format->write(readDescription(readInput(settings.file))));
 }

@@ -47,9 +47,11 @@ Line optionalLine(const std::optional<std::string>& text, Span (*style)(const st
   return text && !squeezed(*text).empty() ? Line{style(*text)} : Line{};
 }
 
+// A default of blanks alone is shown; a blank text that stands for a default says: show none.
 Line shownDefault(const Option& option) {
-  const auto shown = firstText(option.annotations, "shownDefault");
-  return optionalLine(shown ? shown : option.defaultValue, literal);
+  if (const auto shown = firstText(option.annotations, "shownDefault"))
+    return optionalLine(shown, literal);
+  return option.defaultValue.value_or("").empty() ? Line{} : Line{literal(*option.defaultValue)};
 }
 
 // The visible actions that a modifier goes with.
@@ -87,6 +89,7 @@ Line facts(const Option& option, const std::set<std::string>& actions, Dashes da
 
 }  // namespace
 
+bool isVisible(const Option& option) { return !option.hidden; }
 bool isOperand(const Option& option) { return !option.hidden && option.positional; }
 bool isListed(const Option& option) { return !option.hidden && !option.positional; }
 bool isAction(const Option& option) { return isListed(option) && option.kind == "action"; }

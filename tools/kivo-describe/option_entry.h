@@ -9,7 +9,8 @@
 
 namespace kivo_describe {
 
-// Options that a page may name. Operands are those without a dash.
+// Options that a page may name: all of them, or some. Operands are those without a dash.
+bool isVisible(const Option& option);
 bool isOperand(const Option& option);
 bool isListed(const Option& option);
 bool isAction(const Option& option);

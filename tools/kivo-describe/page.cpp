@@ -19,6 +19,12 @@ namespace {
 
 using Choice = bool (*)(const Option&);
 
+std::vector<Line> linesOf(const std::string& text) {
+  if (text.empty())
+    return {};
+  return {{plain(text)}};
+}
+
 std::set<std::string> firstNamesOfActions(const Declarations& declarations) {
   std::set<std::string> names;
   for (const Option& option : declarations.options) {
@@ -114,10 +120,9 @@ class PageMaker {
     if (!m_description.commands.empty())
       addHeading(1, "COMMANDS");
     for (const Command& command : m_description.commands) {
-      addHeading(2, command.words);
+      m_blocks.emplace_back(Heading{2, literal(command.words).text});
       addParagraph(command.summary);
-      addSections(3, command.declarations, isOperand);
-      addSections(3, command.declarations, isListed);
+      addSections(3, command.declarations, isVisible);
     }
   }
 
@@ -128,13 +133,15 @@ class PageMaker {
     addSections(2, m_own, choice);
   }
 
-  // Lists the chosen options section by section. Sections without a heading come first, because
-  // their options would seem to belong to the section before them.
+  // Lists the chosen options section by section, operands first. Sections without a heading come
+  // first, because their options would seem to belong to the section before them.
   void addSections(int level, const Declarations& declarations, Choice choice) {
     std::map<std::string, std::vector<const Option*>> bySection;
-    for (const Option& option : declarations.options) {
-      if (choice(option))
-        bySection[option.section].push_back(&option);
+    for (const bool isForOperands : {true, false}) {
+      for (const Option& option : declarations.options) {
+        if (choice(option) && option.positional == isForOperands)
+          bySection[option.section].push_back(&option);
+      }
     }
     const std::set<std::string> actions = firstNamesOfActions(declarations);
     for (const bool hasHeading : {false, true}) {
@@ -180,7 +187,7 @@ class PageMaker {
       if (number.empty())
         addParagraph(meaning);
       else
-        m_blocks.emplace_back(Item{{literal(number)}, {{plain(meaning)}}});
+        m_blocks.emplace_back(Item{{literal(number)}, linesOf(meaning)});
     }
   }
 
