@@ -319,10 +319,10 @@ _KIVO_TOOL_offer_names_of() {
   for _name in ${_KIVO_TOOL_options[$1 + 1]}; do
     [[ $_name == "${_word#"$_dashes"}"* ]] || continue
     [[ $_scope == 0 || $_index == *$'\n'"$_name"$'\t'"$1"$'\n'* ]] || continue
-    case $_style$_name in
-      long?) ;;
-      both?) _KIVO_TOOL_add "-$_name" ;;
-      both*) _KIVO_TOOL_add "--$_name" ;;
+    case $_style:$_name in
+      long:?) ;;
+      both:?) _KIVO_TOOL_add "-$_name" ;;
+      both:*) _KIVO_TOOL_add "--$_name" ;;
       *) _KIVO_TOOL_add "$_dashes$_name" ;;
     esac
   done

@@ -165,7 +165,8 @@ function _KIVO_TOOL_walk_operand --no-scope-shadowing
     if test (count $next) = 1
         set -l command (contains -i -- $so_far$next $_KIVO_TOOL_commands)
         set so_far "$so_far$next "
-        set -q command[1]; and _KIVO_TOOL_enter $command
+        set -q command[1]; or set command 0
+        _KIVO_TOOL_enter $command
     else if test $scope = 0
         set lost yes
     else

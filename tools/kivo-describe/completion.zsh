@@ -138,7 +138,6 @@ _kivo:KIVO_TOOL:find() {
   place=${names[(ie)$1]}
   if (( place > $#names )); then
     begun=("${(@M)names:#$1*}")
-    begun=("${(@u)begun}")
     (( $#begun == 1 )) || return
     place=${names[(ie)${begun[1]}]}
   fi
@@ -175,7 +174,7 @@ _kivo:KIVO_TOOL:operand_word() {
   if (( $#begun == 1 )); then
     so_far+=${so_far:+ }${begun[1]}
     place=${command_words[(Ie)$so_far]}
-    (( place )) && _kivo:KIVO_TOOL:load $place
+    _kivo:KIVO_TOOL:load $place  # none is 0
     _kivo:KIVO_TOOL:follow
     (( settled = ! $#following ))
   elif (( scope )); then

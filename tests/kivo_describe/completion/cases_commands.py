@@ -1,6 +1,6 @@
 """What is offered to users of a tool with commands (see cases.py)."""
 
-from tools import ALIKE, FILES, KEPT, MANY, MANY_LONE, MANY_TWO, NOTHING, SHARED
+from tools import ALIKE, FILES, HALF, KEPT, MANY, MANY_LONE, MANY_TWO, NOTHING, SHARED
 
 COMMANDS = [
     ("until a command is complete, the next words are offered", MANY, [
@@ -59,6 +59,15 @@ COMMANDS = [
         ("remote add -fo", "-force"),
         ("remote -quiet add -fo", "-force"),
         ("remote ori -lo", "-long"),
+    ]),
+    ("half of a longer command is none, though its beginning is one", HALF, [
+        ("remote ", "origin add"),
+        ("remote -", "-own -long"),
+        ("remote add ", "file url"),
+        ("remote add -", "-own"),
+        ("remote add x ", NOTHING),
+        ("remote add x -", "-own"),
+        ("remote add url -", "-own -url"),
     ]),
     ("from a complete command on, its options and the tool's own count", MANY, [
         ("remote -", "-quiet -q -no-quiet -config -dry -long"),

@@ -1,6 +1,6 @@
 """Which names are offered (see cases.py)."""
 
-from tools import BARE, FULL, NOTHING, SAME, SMALLEST
+from tools import BARE, FULL, NOTHING, SAME, SMALLEST, STYLES, STYLES_TWO
 
 NAMES = [
     ("an option goes if no action was typed", BARE, [
@@ -91,6 +91,21 @@ NAMES = [
     ("a name may have letters outside of ASCII", FULL, [
         ("-ét", "-été"),
         ("--é", "--été"),
+    ]),
+    ("no name changes with how many dashes it is offered", STYLES, [
+        ("-", "-longs -longer -both -bothx -l"),
+        ("--l", "--longs --longer --l"),
+        ("--both", "--both --bothx"),
+        ("-b", "-both -bothx"),
+    ]),
+    ("... also with two dashes", STYLES_TWO, [
+        ("-", "--longs --longer --both --bothx -l"),
+        ("--l", "--longs --longer"),
+        ("-b", "-both -bothx"),
+        ("-l", "-longs -longer -l"),
+    ]),
+    ("a name that two options have is none of them if it is cut short", SAME, [
+        ("-no=", NOTHING),
     ]),
     ("of options with the same name, it stands for the first one", SAME, [
         ("-no", "-no-x"),

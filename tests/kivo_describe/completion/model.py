@@ -8,6 +8,7 @@ stands before them in the same word), and whether files or folders are offered b
 Where the rules leave open what has to be offered, the model raises Undecided.
 """
 
+from collections import Counter
 from typing import NamedTuple, Optional
 
 
@@ -38,8 +39,10 @@ class Scope:
         self.together = [group for part in parts for group in part["together"]]
         self.leftover = parts[-1]["leftoverArguments"]
         self.table = {}  # every name that may be typed, and its option
+        self.counts = {}  # how often each of them is there
         for part in parts:
             self.table.update(names_of(part["options"]))
+            self.counts.update(Counter(name for name, _ in forms_of(part["options"])))
 
     def resolve(self, typed):
         """The option that a name stands for, in full or cut short; None for none or several."""
@@ -48,7 +51,8 @@ class Scope:
         if typed in self.table:
             return self.table[typed]
         fitting = [name for name in self.table if name.startswith(typed)]
-        return self.table[fitting[0]] if len(fitting) == 1 else None
+        is_one = len(fitting) == 1 and self.counts[fitting[0]] == 1
+        return self.table[fitting[0]] if is_one else None
 
     def operand(self):
         return next((o for o in self.options if o["positional"]), None)
@@ -79,14 +83,20 @@ class Scope:
         return names
 
 
+def forms_of(options):
+    """Every name of the options, "no-" forms included, with its option."""
+    for option in options:
+        for name in option["names"]:
+            yield name, option
+            if option["type"] == "boolean":
+                yield "no-" + name, option
+
+
 def names_of(options):
     """Every name of the options, "no-" forms included, with the first option that has it."""
     table = {}
-    for option in options:
-        for name in option["names"]:
-            table.setdefault(name, option)
-            if option["type"] == "boolean":
-                table.setdefault("no-" + name, option)
+    for name, option in forms_of(options):
+        table.setdefault(name, option)
     return table
 
 
@@ -191,8 +201,9 @@ class Line:
                 self.command = command
                 self.scope = Scope(self.description, command)
                 return
-        if self.command:  # "a b" is half of "a b c", but "a" is a whole command
-            raise Undecided("beyond a whole command, but not yet at the end of a longer one")
+        if self.actions and self.command:
+            raise Undecided("an action of a shorter command was typed")
+        self.command, self.scope = None, Scope(self.description)
 
 
 def starting(words, typed, stem=""):

@@ -148,6 +148,18 @@ def shared_by_commands():
         command("stop", [text("when", positional=True, allowed=["now", "then"])])])
 
 
+def half_of_longer():
+    """A command, and longer ones of which it is not yet the next to last word."""
+    return describe([flag("own")], name="half", commands=[
+        command("remote", [text("origin", positional=True, allowed=["origin"]), flag("long")]),
+        command("remote add url", [flag("url")]), command("remote add file", [])])
+
+
+def names_of_styles(**more):
+    return describe([flag("longs"), flag("longer"), flag("both"), flag("bothx"), flag("l")],
+                    name="styles", **more)
+
+
 def longer_after_kept():
     """A command that keeps words after "--", and is the beginning of a longer one."""
     return describe([], name="kept", commands=[
@@ -184,3 +196,6 @@ DOTTED = dotted_names()
 SHARED = shared_by_commands()
 SAME = same_form()
 KEPT = longer_after_kept()
+HALF = half_of_longer()
+STYLES = names_of_styles()
+STYLES_TWO = names_of_styles(annotations={"dashes": ["two"]})
