@@ -12,7 +12,7 @@ namespace {
 
 // A text that leaves nothing to see is quoted.
 std::string visible(const std::string& text) {
-  const std::string shown = squeezed(text);
+  std::string shown = squeezed(text);
   if (!shown.empty())
     return shown;
   return text.empty() ? "\"\"" : "\" \"";
