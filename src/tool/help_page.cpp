@@ -187,6 +187,12 @@ std::string usage(const ToolData& tool, const Scope& scope) {
   return text;
 }
 
+struct Section {
+  std::string heading;
+  std::string introduction;
+  std::vector<Entry> entries;
+};
+
 // Sections in the order of their first declaration.
 class Sections {
  public:
@@ -209,12 +215,6 @@ class Sections {
   }
 
  private:
-  struct Section {
-    std::string heading;
-    std::string introduction;
-    std::vector<Entry> entries;
-  };
-
   std::map<std::string, std::size_t> m_places;  // of the headings in:
   std::vector<Section> m_sections;
 };
