@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 #include <string_view>
+#include <utility>
 
 #include "text.h"
 
@@ -16,6 +17,9 @@ namespace {
 
 // The rank of each action.
 using Ranks = std::map<const Option*, std::size_t>;
+
+// The ranks of the actions that have a first name.
+using RanksByName = std::multimap<std::string, std::size_t>;
 
 bool canBeTyped(const std::string& name) {
   return isWord(name) && name.front() != '-' && !hasControlCharacter(name) &&
@@ -50,16 +54,20 @@ Ranks ranksOf(const Description& description) {
   return ranks;
 }
 
-// The options of one tool or command.
+void addRanks(const Declarations& declarations, const Ranks& ranks, RanksByName& byName) {
+  for (const Option& option : declarations.options) {
+    if (option.kind == "action")
+      byName.emplace(option.names.front(), ranks.at(&option));
+  }
+}
+
+// The options of one tool or command. Their lists of actions may name those of the other one, too,
+// which are given on the same command line.
 class ScopeMaker {
  public:
-  ScopeMaker(const Declarations& declarations, const Ranks& ranks)
-      : m_declarations(declarations), m_ranks(ranks) {
-    for (const Option& option : declarations.options) {
-      if (option.kind == "action")
-        m_byFirstName.emplace(option.names.front(), ranks.at(&option));
-    }
-  }
+  ScopeMaker(const Declarations& declarations, const Ranks& ranks,
+             std::vector<const RanksByName*> byFirstName)
+      : m_declarations(declarations), m_ranks(ranks), m_byFirstName(std::move(byFirstName)) {}
 
   CompletedScope scope(const std::string& words, const std::string& summary) const {
     CompletedScope scope;
@@ -84,8 +92,11 @@ class ScopeMaker {
   std::vector<std::size_t> ranksOf(const Texts& firstNames) const {
     std::vector<std::size_t> ranks;
     for (const std::string& name : firstNames) {
-      if (const auto found = m_byFirstName.find(name); found != m_byFirstName.end())
-        ranks.push_back(found->second);
+      for (const RanksByName* const byFirstName : m_byFirstName) {
+        const auto [first, end] = byFirstName->equal_range(name);
+        for (auto found = first; found != end; ++found)
+          ranks.push_back(found->second);
+      }
     }
     std::sort(ranks.begin(), ranks.end());
     return ranks;
@@ -149,7 +160,7 @@ class ScopeMaker {
 
   const Declarations& m_declarations;
   const Ranks& m_ranks;
-  std::map<std::string, std::size_t> m_byFirstName;
+  std::vector<const RanksByName*> m_byFirstName;
 };
 
 }  // namespace
@@ -161,10 +172,18 @@ Completion makeCompletion(const Description& description) {
   completion.name = description.name;
   completion.twoDashes = firstText(annotations, "dashes") == "two";
   completion.loneDashIsOperand = firstText(annotations, "loneDash") == "operand";
-  completion.own = ScopeMaker(description.declarations, ranks).scope("", "");
-  for (const Command& command : description.commands)
-    completion.commands.push_back(
-        ScopeMaker(command.declarations, ranks).scope(command.words, command.summary));
+  RanksByName ofTool;
+  addRanks(description.declarations, ranks, ofTool);
+  RanksByName ofCommands;
+  for (const Command& command : description.commands) {
+    RanksByName ofCommand;
+    addRanks(command.declarations, ranks, ofCommand);
+    completion.commands.push_back(ScopeMaker(command.declarations, ranks, {&ofTool, &ofCommand})
+                                      .scope(command.words, command.summary));
+    ofCommands.merge(ofCommand);
+  }
+  completion.own =
+      ScopeMaker(description.declarations, ranks, {&ofTool, &ofCommands}).scope("", "");
   return completion;
 }
 

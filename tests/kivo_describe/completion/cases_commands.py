@@ -1,6 +1,6 @@
 """What is offered to users of a tool with commands (see cases.py)."""
 
-from tools import ALIKE, FILES, HALF, KEPT, MANY, MANY_LONE, MANY_TWO, NOTHING, SHARED
+from tools import ALIKE, CROSSING, FILES, HALF, KEPT, MANY, MANY_LONE, MANY_TWO, NOTHING, SHARED
 
 COMMANDS = [
     ("until a command is complete, the next words are offered", MANY, [
@@ -150,5 +150,13 @@ COMMANDS = [
         ("-one run -t", "-two"),
         ("run -three -f", "-four"),
         ("run -three -t", NOTHING),
+    ]),
+    ("lists of actions hold across a tool and its command", CROSSING, [
+        ("run -one -", "-three -deep"),
+        ("run -three -", "-one -loud"),
+        ("-one run -", "-three -deep"),
+        ("run -two -", NOTHING),
+        ("walk -three -", "-one -loud"),
+        ("-one -", NOTHING),
     ]),
 ]

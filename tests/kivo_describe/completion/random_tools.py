@@ -84,12 +84,24 @@ class Maker:
 
     def commands(self, taken, own):
         """Some have names of the tool's own options, but none that an own action has."""
-        names = [n for o in own if o["kind"] == "action" for n in o["names"]]
+        names = [n for o in own["options"] if o["kind"] == "action" for n in o["names"]]
         actions = {form for n in names for form in (n, "no-" + n, n.removeprefix("no-"))}
         words = ["a", "ab", "add", "a b", "a bc", "list", "list all", "list all now", "x y"]
         chosen = self.random.sample(words, self.random.randrange(1, 6))
-        return [command(w, **self.declarations(set(taken if self.chance(70) else actions),
+        made = [command(w, **self.declarations(set(taken if self.chance(70) else actions),
                                                self.random.randrange(2))) for w in chosen]
+        for each in made:
+            self.cross(own, each)
+        return made
+
+    def cross(self, own, command_):
+        """Lets lists of a command name actions of the tool itself, and the other way round."""
+        sides = [[o["names"][0] for o in options if o["kind"] == "action"]
+                 for options in (own["options"], command_["options"])]
+        for part, actions in zip((own, command_), reversed(sides)):
+            for listed in part["together"] + [o["actions"] for o in part["options"]
+                                              if o["kind"] == "modifier"]:
+                listed += [a for a in actions if a not in listed and self.chance(30)]
 
     def description(self, number):
         taken = set()
@@ -98,7 +110,7 @@ class Maker:
         made.update(self.declarations(taken, 0 if with_commands
                                       else self.random.choice([0, 1, 1, 2])))
         if with_commands:
-            made["commands"] = self.commands(taken, made["options"])
+            made["commands"] = self.commands(taken, made)
         annotations = {key: [text] for key, text in (("dashes", "two"), ("loneDash", "operand"))
                        if self.chance(30)}
         return {**made, "annotations": annotations} if annotations else made

@@ -148,6 +148,14 @@ def shared_by_commands():
         command("stop", [text("when", positional=True, allowed=["now", "then"])])])
 
 
+def crossing_commands():
+    """Lists of actions that name those of a command, and those of the tool itself."""
+    return describe([action("one"), modifier("loud", actions=["three"])], name="crossing",
+                    together=[["one", "three"]], commands=[
+        command("run", [action("three"), action("two"), modifier("deep", actions=["one"])]),
+        command("walk", [action("three")], together=[["one", "three"]])])
+
+
 def half_of_longer():
     """A command, and longer ones of which it is not yet the next to last word."""
     return describe([flag("own")], name="half", commands=[
@@ -194,6 +202,7 @@ ALIKE = words_alike()
 MANY_TWO = with_commands(annotations={"dashes": ["two"]})
 DOTTED = dotted_names()
 SHARED = shared_by_commands()
+CROSSING = crossing_commands()
 SAME = same_form()
 KEPT = longer_after_kept()
 HALF = half_of_longer()
