@@ -39,21 +39,27 @@ std::optional<unsigned int> NameIndex::find(const HashedName& name) const {
   return found != nullptr ? std::make_optional(found->option) : std::nullopt;
 }
 
-NameIndex::Match NameIndex::findBest(const HashedName& typed) {
+void NameIndex::findBest(const HashedName& typed, Match& match) {
   if (const Name* const exact = findName(typed))
-    return {Match::unique, exact->option, {}, typed.text};
+    match.setTo(exact->option, {}, typed.text);
+  else
+    findAbbreviated(typed.text, match);
+}
+
+void NameIndex::findAbbreviated(std::string_view typed, Match& match) {
   if (m_sorted == nullptr || m_sorted->named != m_names.entries().size() ||
       m_sorted->repeated != m_repeated.size())
     sortAdded();
-  const SortedNames::Found plain = m_sorted->all.find(typed.text);
+  const SortedNames::Found plain = m_sorted->all.find(typed);
   SortedNames::Found negated;
-  if (const auto prefix = prefixBehindNegation(typed.text))
+  if (const auto prefix = prefixBehindNegation(typed))
     negated = m_sorted->booleans.find(*prefix);
   if (plain.count + negated.count != 1)
-    return {plain.count + negated.count == 0 ? Match::none : Match::ambiguous};
-  if (plain.count == 1)
-    return {Match::unique, plain.first.option, {}, plain.first.text};
-  return {Match::unique, negated.first.option, negation, negated.first.text};
+    match.kind = plain.count + negated.count == 0 ? Match::none : Match::ambiguous;
+  else if (plain.count == 1)
+    match.setTo(plain.first.option, {}, plain.first.text);
+  else
+    match.setTo(negated.first.option, negation, negated.first.text);
 }
 
 // Calls `visit` for the names that were added since the last call of sortAdded().

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <stdexcept>
 
 #include "options/value_conversion.h"
 
@@ -114,6 +115,8 @@ const Texts& OptionDescription::tags() const {
     sortTags();
   return m_tags;
 }
+
+void OptionDescription::throwNameless() { throw std::out_of_range("The option has no name."); }
 
 void OptionDescription::sortTags() const {
   std::sort(m_tags.begin(), m_tags.end());

@@ -56,7 +56,11 @@ class OptionDescription final : public IOption {
 
   // The name of the option in messages and events. Raises std::out_of_range for an option without
   // names.
-  std::string_view firstName() const { return m_names.at(0).text; }
+  std::string_view firstName() const {
+    if (m_names.empty())
+      throwNameless();
+    return m_names.front().text;
+  }
   bool isAction() const { return m_notAnAction == 0; }
   bool isHidden() const { return m_groupKey == hiddenSection; }
 
@@ -82,8 +86,9 @@ class OptionDescription final : public IOption {
   // Converts one value, zero-terminated and as the user wrote it, and checks it against the allowed
   // values. An abbreviation is completed: `text` then refers to the allowed value. If `value` is a
   // text, it refers to the characters of `text`. If the value is refused, returns false with the
-  // reason in `error`, and `value` is meaningless; otherwise `error` is unchanged.
-  bool validate(std::string_view& text, variant_t& value, std::string& error) const;
+  // reason in `error`, and `value` is meaningless; otherwise `error` is unchanged. `isClassic` says
+  // whether the global locale is the classic one; a text does not depend on it.
+  bool validate(std::string_view& text, variant_t& value, bool isClassic, std::string& error) const;
   // All candidates for a value, if there are so many that an index pays; otherwise null.
   const CandidateIndex* candidates() const;
 
@@ -121,6 +126,7 @@ class OptionDescription final : public IOption {
   void addName(std::string_view name);
   void sortTags() const;
   [[gnu::cold]] const CandidateIndex* indexedCandidates() const;
+  [[noreturn, gnu::cold]] static void throwNameless();
 
   mutable Texts m_tags;
   mutable std::uint32_t m_sortedTags = 0;  // this many tags are sorted, each once

@@ -10,6 +10,7 @@
 #include <sstream>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 
 #include "base/begins_with.h"
 #include "base/white_space.h"
@@ -134,15 +135,15 @@ bool readClassic(ClassicReader& reader, bool& value) {
 }
 
 template <class T>
-bool read(std::string_view text, T& value) {
-  if (!isClassicLocale())
+bool read(std::string_view text, T& value, bool isClassic) {
+  if (!isClassic)
     return readThroughStream(text, value);
   ClassicReader reader(text);
   return readClassic(reader, value);
 }
 
-bool read(std::string_view text, double& value) {
-  if (isClassicLocale()) {
+bool read(std::string_view text, double& value, bool isClassic) {
+  if (isClassic) {
     ClassicReader reader(text);
     if (reader.readPlainDouble(value))
       return reader.onlySpaceIsLeft();
@@ -156,6 +157,22 @@ template <class T>
   letMemoryFailureOut(stream);
   stream << value;
   return stream.str();
+}
+
+// Like fromStringToNumber(), in the classic locale or in the global one.
+template <class T>
+bool readUnsigned(std::string_view text, T& value, bool isClassic) {
+  const bool hexadecimal = isHexadecimal(text);
+  if (isClassic) {
+    if (!hexadecimal)
+      return ClassicReader(text).readInteger(value);
+    const std::size_t prefix = text.find_first_of("xX") == 1 ? 2 : 0;
+    return ClassicReader(text.substr(prefix)).readMagnitude(value, 16);
+  }
+  std::istringstream stream{std::string(text)};
+  letMemoryFailureOut(stream);
+  stream >> (hexadecimal ? std::hex : std::dec) >> value;
+  return !stream.fail();
 }
 
 template <class T>
@@ -208,21 +225,23 @@ bool OperationToString::execute<const char*>() {
 
 class OperationFromString {
  public:
-  explicit OperationFromString(std::string_view input) : m_input(input) {}
+  OperationFromString(std::string_view input, bool isClassic)
+      : m_input(input), m_isClassic(isClassic) {}
 
   template <class T>
   bool execute() {
     T value{};
-    if (!read(m_input, value))
+    if (!read(m_input, value, m_isClassic))
       return false;
     m_output = value;
     return true;
   }
 
-  const variant_t& output() const { return m_output; }
+  variant_t takeOutput() { return std::move(m_output); }
 
  private:
   std::string_view m_input;
+  bool m_isClassic;
   variant_t m_output;
 };
 
@@ -235,7 +254,7 @@ bool OperationFromString::execute<const char*>() {
 template <>
 bool OperationFromString::execute<u64_t>() {
   u64_t value = 0;
-  if (m_input.empty() || !fromStringToNumber(m_input, value))
+  if (m_input.empty() || !readUnsigned(m_input, value, m_isClassic))
     return false;
   m_output = value;
   return true;
@@ -328,9 +347,13 @@ const char* valueToText(variant_type_t type, const variant_t& value, Garbage& ga
 }
 
 variant_t textToValue(variant_type_t type, std::string_view text) {
-  OperationFromString operation(text);
+  return textToValue(type, text, isClassicLocale());
+}
+
+variant_t textToValue(variant_type_t type, std::string_view text, bool isClassic) {
+  OperationFromString operation(text, isClassic);
   executeFor(type, operation);
-  return operation.output();
+  return operation.takeOutput();
 }
 
 const char* typeName(variant_type_t type) {
@@ -341,17 +364,7 @@ const char* typeName(variant_type_t type) {
 
 template <class T>
 bool fromStringToNumber(std::string_view text, T& value) {
-  const bool hexadecimal = isHexadecimal(text);
-  if (isClassicLocale()) {
-    if (!hexadecimal)
-      return ClassicReader(text).readInteger(value);
-    const std::size_t prefix = text.find_first_of("xX") == 1 ? 2 : 0;
-    return ClassicReader(text.substr(prefix)).readMagnitude(value, 16);
-  }
-  std::istringstream stream{std::string(text)};
-  letMemoryFailureOut(stream);
-  stream >> (hexadecimal ? std::hex : std::dec) >> value;
-  return !stream.fail();
+  return readUnsigned(text, value, isClassicLocale());
 }
 
 template bool fromStringToNumber<u64_t>(std::string_view text, u64_t& value);

@@ -33,6 +33,9 @@ const char* valueToText(variant_type_t type, const variant_t& value, Garbage& ga
 // have this type.
 variant_t textToValue(variant_type_t type, std::string_view text);
 
+// The same for a caller that knows whether the global locale is the classic one.
+variant_t textToValue(variant_type_t type, std::string_view text, bool isClassic);
+
 // The name of `type` for messages and help, empty for a type that options do not have.
 const char* typeName(variant_type_t type);
 

@@ -143,8 +143,9 @@ const CandidateIndex* OptionDescription::indexedCandidates() const {
   }
 }
 
-bool OptionDescription::validate(std::string_view& text, variant_t& value, string& error) const {
-  value = m_type == vtString ? variant_t(text.data(), true) : textToValue(m_type, text);
+bool OptionDescription::validate(std::string_view& text, variant_t& value, bool isClassic,
+                                 string& error) const {
+  value = m_type == vtString ? variant_t(text.data(), true) : textToValue(m_type, text, isClassic);
   if (value.type() == vtNull) {
     error = doesNotConvert(*this, text);
     return false;

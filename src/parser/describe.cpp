@@ -131,7 +131,8 @@ const char* BasicParser::resolveName(std::string_view typed) {
   const auto endsName = [&](char character) { return character == '=' || isSpace(character); };
   if (typed.empty() || typed.front() == '-' || std::any_of(typed.begin(), typed.end(), endsName))
     return nullptr;
-  const NameIndex::Match match = m_storage.names().findBest(typed);
+  NameIndex::Match match;
+  m_storage.names().findBest(typed, match);
   return match.kind == NameIndex::Match::unique
              ? m_storage.options()[match.option].firstName().data()
              : nullptr;

@@ -80,11 +80,9 @@ int AbbreviationParser::recognize(ArgumentWindow& args, OptionList& options, str
   if (argument.size() < shortestArgument || dashLength(argument) == 0)
     return 1;
 
-  if (m_handler != nullptr)
-    m_whiteSpace = WhiteSpace();  // a handler may have changed the locale
-  m_found.parts = splitArgument(argument, m_whiteSpace);
+  m_found.parts = splitArgument(argument, whiteSpace());
   const std::string_view name = m_found.parts.name;
-  m_found.match = m_names.findBest(name);
+  m_names.findBest(name, m_found.match);
   if (m_found.match.kind == NameIndex::Match::none)
     return 1;
   if (m_found.match.kind == NameIndex::Match::ambiguous) {
@@ -163,15 +161,15 @@ AbbreviationParser::Decision AbbreviationParser::takeValueFromNext(const OptionD
                                                                    const ArgumentWindow& args,
                                                                    string& error) const {
   trace(": no value in the same argument, looking next");
-  const std::optional<std::string_view> next = args.second();
-  if (!next)
+  const std::string_view next = args.second();
+  if (next.data() == nullptr)
     return {fail(error, requiresValue(option, formatTokenMessage(args.front())))};
-  if (beginsWithHyphen(*next))
-    return {fail(error, seemsToBeOption(option, *next))};
-  trace(": got value from the next argument: '", *next, "'");
-  if (next->empty())
+  if (beginsWithHyphen(next))
+    return {fail(error, seemsToBeOption(option, next))};
+  trace(": got value from the next argument: '", next, "'");
+  if (next.empty())
     return {fail(error, requiresValue(option, formatTokenMessage(args.front())))};
-  return {status::success, *next, 2};
+  return {status::success, next, 2};
 }
 
 void AbbreviationParser::makeOptionNamesList(const OptionList& options, std::vector<string>& names,

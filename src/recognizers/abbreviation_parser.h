@@ -59,7 +59,6 @@ class AbbreviationParser final : public IArgumentParser {
                              std::string& error) const;
 
   Found m_found;
-  WhiteSpace m_whiteSpace;
   NameIndex& m_names;
 };
 

@@ -190,7 +190,8 @@ int IArgumentParser::bindOne(std::string_view& token, const Binding& binding) {
   const OptionDescription& option = binding.option;
   const char* const typed = token.data();
   variant_t value;
-  if (!option.validate(token, value, binding.error))
+  const bool isClassic = option.m_type == vtString || whiteSpace().isClassic();
+  if (!option.validate(token, value, isClassic, binding.error))
     return fail(binding.error, validationProblem(binding.argument, binding.error));
   if (token.data() != typed) {
     token = kept(token);

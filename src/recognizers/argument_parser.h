@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "base/trace.h"
+#include "base/white_space.h"
 #include "options/option_data.h"
 #include "options/option_description.h"
 #include "recognizers/argument_window.h"
@@ -72,6 +73,14 @@ class IArgumentParser {
     return canChange ? copied(option) : option;
   }
 
+  // White space in the global locale of the moment. Without handlers, no code of the tool runs
+  // between two arguments, so the locale is looked up once.
+  const WhiteSpace& whiteSpace() {
+    if (m_handler != nullptr || !m_whiteSpace)
+      m_whiteSpace.emplace();
+    return *m_whiteSpace;
+  }
+
   // Notifies the handlers that the option was recognized.
   void announce(const OptionDescription& option) const;
 
@@ -111,6 +120,7 @@ class IArgumentParser {
   bool isRefused(std::string_view token, variant_t& value, int position,
                  const OptionDescription& option) const;
 
+  std::optional<WhiteSpace> m_whiteSpace;       // what whiteSpace() returned last
   std::optional<OptionDescription> m_copy;      // the copy that asItStands() made last
   const OptionDescription* m_copyOf = nullptr;  // the option that m_copy was copied from
   OwnedMemory* const m_texts;                   // null without a result

@@ -75,6 +75,8 @@ class StoredOptions {
 
   // A record: what was given under each of the names that share it.
   struct Record {
+    // Without it, all bytes of a new record would be cleared before they are set.
+    Record() {}  // NOLINT(modernize-use-equals-default)
     bool isEmpty() const { return given.positions.empty(); }
 
     Number names = 0;  // the number of names that share this record

@@ -134,7 +134,11 @@ class Registry {
  private:
   Options& options() { return m_storage.options(); }
   std::optional<unsigned int> find(std::string_view name) { return m_storage.names().find(name); }
-  NameIndex::Match findBest(std::string_view typed) { return m_storage.names().findBest(typed); }
+  NameIndex::Match findBest(std::string_view typed) {
+    NameIndex::Match match;
+    m_storage.names().findBest(typed, match);
+    return match;
+  }
   DeclarationScan scan() { return DeclarationScan(options()); }
 
   void checkShortened(const DeclarationScan& all, const string& typed) {

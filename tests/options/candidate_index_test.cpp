@@ -27,7 +27,7 @@ string outcomeOf(const OptionDescription& option, const string& typed) {
   std::string_view text = typed;
   variant_t value;
   string error = "fine";
-  const bool isTyped = option.validate(text, value, error) && text.data() == typed.data();
+  const bool isTyped = option.validate(text, value, true, error) && text.data() == typed.data();
   return joined(error, " ", text, isTyped ? " as typed " : " ") + console.err();
 }
 
@@ -179,7 +179,7 @@ TEST(CandidateIndex, WithoutMemoryForItTheCandidatesAreWalked) {
     std::string_view text = typed;
     variant_t value;
     string error;
-    EXPECT_TRUE(option.validate(text, value, error));
+    EXPECT_TRUE(option.validate(text, value, true, error));
     failures += limit.reached() ? 1 : 0;
   }
   EXPECT_LE(2, failures);

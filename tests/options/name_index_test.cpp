@@ -37,7 +37,11 @@ class Indexed {
   void makeRoomFor(std::size_t count) { m_index.makeRoomFor(count); }
 
   string find(std::string_view name) const { return shown(m_index.find(name)); }
-  string findBest(std::string_view typed) { return shown(m_index.findBest(typed)); }
+  string findBest(std::string_view typed) {
+    NameIndex::Match match;
+    m_index.findBest(typed, match);
+    return shown(match);
+  }
 
  private:
   OptionList m_options;

@@ -29,7 +29,7 @@ class Validation : public ::testing::Test {
     error = "untouched";
     m_given = given;
     std::string_view checked = m_given;
-    const bool passed = m_option.validate(checked, value, error);
+    const bool passed = m_option.validate(checked, value, true, error);
     text = checked;
     const bool isText = passed && value.can_get<const char*>();
     EXPECT_TRUE(!isText || value.get<const char*>() == checked.data());

@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
 #include <stdexcept>
 
 #include "parser/basic_parser.h"
@@ -45,10 +44,10 @@ TEST(ArgumentWindow, ShowsNoSecondArgumentAtTheEnd) {
   WindowOn window({""});
   EXPECT_FALSE(window.empty());
   EXPECT_EQ("", window.front());
-  EXPECT_EQ(std::nullopt, window.second());
+  EXPECT_EQ(nullptr, window.second().data());
   window.drop();
   EXPECT_TRUE(window.empty());
-  EXPECT_EQ(std::nullopt, window.second());
+  EXPECT_EQ(nullptr, window.second().data());
   EXPECT_THROW(window.front(), std::out_of_range);
 }
 
@@ -86,7 +85,7 @@ TEST(ArgumentWindow, ShowsTheLinesOfATextThatHoldArguments) {
   window.drop();
   window.drop();
   EXPECT_EQ("3", window.front());
-  EXPECT_EQ(std::nullopt, window.second());
+  EXPECT_EQ(nullptr, window.second().data());
   window.drop();
   EXPECT_TRUE(window.empty());
   EXPECT_EQ((Arguments{"-a b", "--level", "3"}), leftOf(before));
