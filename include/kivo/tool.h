@@ -89,6 +89,8 @@ Callable keep(Function function) {
       return call(*static_cast<Function*>(kept), *static_cast<First*>(first),
                   *static_cast<Second*>(second));
     };
+    static_assert(std::is_const_v<Second> || !std::is_arithmetic_v<decltype(called())>,
+                  "a parser returns what was expected: null or an empty text accepts the value");
     if constexpr (!std::is_void_v<decltype(called())>)
       return tell(answer, called());
     called();
@@ -160,9 +162,11 @@ struct Functions {
       return index == 0 ? variable : nullptr;
   }
   static void read(const char* text, void* value, Text& expected) {
-    if constexpr (has<ParseValue, T>)
+    if constexpr (has<ParseValue, T>) {
+      static_assert(!std::is_arithmetic_v<ParseValue<T>>,
+                    "parseValue() returns what was expected: null or an empty text is fine");
       tell(expected, parseValue(text, *static_cast<T*>(value)));
-    else if constexpr (isText<T>)
+    } else if constexpr (isText<T>)
       *static_cast<T*>(value) = text;
   }
   static void show(const void* value, Text& text) {
@@ -182,6 +186,8 @@ constexpr VariableType typeOf() {
   static_assert(!isOneOf<Variable, std::vector<bool>>, "std::vector<bool>: use std::vector<char>");
   static_assert(Held<T>::holder == Holder::one, "a list or an optional of lists or optionals");
   static_assert(!isOneOf<T, wchar_t, char16_t, char32_t>, "wide characters are not supported");
+  static_assert(!std::is_arithmetic_v<T> || sizeof(T) <= 8 || isOneOf<T, long double>,
+                "numbers have at most 64 bits");
   static_assert(!std::is_pointer_v<T> || isText<T>, "a pointer can only be const char*");
   static_assert(kindOf<T>() != Kind::object || isText<T> || has<ParseValue, T> || parsers != 0,
                 "a type of your own needs parseValue(const char*, T&) or a parser");

@@ -116,7 +116,7 @@ const Texts& OptionDescription::tags() const {
   return m_tags;
 }
 
-void OptionDescription::throwNameless() { throw std::out_of_range("The option has no name."); }
+void OptionDescription::throwNameless() { throw std::out_of_range("OptionDescription::firstName"); }
 
 void OptionDescription::sortTags() const {
   std::sort(m_tags.begin(), m_tags.end());

@@ -124,7 +124,7 @@ class OptionDescription final : public IOption {
 
  private:
   void addName(std::string_view name);
-  void sortTags() const;
+  [[gnu::cold]] void sortTags() const;
   [[gnu::cold]] const CandidateIndex* indexedCandidates() const;
   [[noreturn, gnu::cold]] static void throwNameless();
 

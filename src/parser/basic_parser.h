@@ -105,7 +105,7 @@ class BasicParser : public IParser {
   [[gnu::cold]] void applyEachDefault(ParseResult& result);
   int parseArguments(ArgumentWindow& args, IParseResult* result);
   int passUnknown(ArgumentWindow& args, std::string& error);
-  int readOptionFiles(ParseResult* result);
+  [[gnu::cold]] int readOptionFiles(ParseResult* result);
   int readOptionFile(const char* name, ParseResult* result);
   [[gnu::cold]] int unidentifiedProblem();
   int bindLeftover(ArgumentWindow args, PositionalOptionsParser& recognizer, ParseResult* result,

@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <new>
 #include <string_view>
+#include <system_error>
 
 namespace kivo_3_3::tool_glue {
 
@@ -39,9 +40,12 @@ unsigned int terminalWidth() {
   const char* const variable = std::getenv("COLUMNS");
   const std::string_view columns = variable != nullptr ? variable : "";
   unsigned long width = 0;
-  if (std::from_chars(columns.data(), columns.data() + columns.size(), width).ptr !=
-      columns.data() + columns.size())
+  const auto [end, problem] =
+      std::from_chars(columns.data(), columns.data() + columns.size(), width);
+  if (end != columns.data() + columns.size())
     width = 0;
+  else if (problem == std::errc::result_out_of_range)
+    width = most;
   winsize size{};
   if (width == 0 && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0)
     width = size.ws_col;

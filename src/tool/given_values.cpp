@@ -65,10 +65,12 @@ std::string readObject(const Declaration& declaration, const char* text, void* v
 std::string readValue(const Declaration& declaration, const char* text, const variant_t& typed,
                       void* value) {
   const Kind kind = declaration.type->kind;
-  if (declaration.function || kind == Kind::object)
-    return readObject(declaration, text, value);
   if (readChoice(declaration, text, value))
     return "";
+  if (declaration.function || kind == Kind::object) {
+    std::string expected = readObject(declaration, text, value);
+    return expected.empty() && !isInRange(declaration, value) ? rangeText(declaration) : expected;
+  }
   if (kind == Kind::character)
     return readCharacter(text, value);
   if (isNumber(kind))
@@ -143,11 +145,11 @@ class Discarded {
 
 }  // namespace
 
-std::string refusedUse(const Declaration& declaration) {
-  int count = static_cast<int>(declaration.given);
+std::string refusedUse(const Declaration& declaration, unsigned int given) {
+  int count = static_cast<int>(given);
   bool isGiven = true;
   std::string expected;
-  if (declaration.given == 0)
+  if (given == 0)
     return "";
   if (declaration.use == Use::count && !isInRange(declaration, &count))
     expected = rangeText(declaration);
@@ -253,7 +255,14 @@ void GivenValues::takeOperand(const char* text) {
   const std::vector<Declaration*>& operands = m_scope.operands();
   if (m_operands >= operands.size() && operands.back()->use != Use::rest)
     return refuse(isUnexpected(text));
-  Declaration& declaration = *operands[std::min(m_operands++, operands.size() - 1)];
+  readOperand(*operands[std::min(m_operands++, operands.size() - 1)], text);
+}
+
+bool GivenValues::giveOperand(Declaration& declaration, const char* text) {
+  return guarded([&] { readOperand(declaration, text); });
+}
+
+void GivenValues::readOperand(Declaration& declaration, const char* text) {
   give(declaration);
   if (readType(declaration) == vtString && declaration.choices.empty() &&
       (declaration.separator == '\0' || *text == '\0'))

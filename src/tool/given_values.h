@@ -16,8 +16,8 @@
 
 namespace kivo_3_3::tool_glue {
 
-/// Why a flag or a count may not be given as often as it is; empty if it may.
-std::string refusedUse(const Declaration& declaration);
+/// Why a flag or a count may not be given this often; empty if it may, and for other options.
+std::string refusedUse(const Declaration& declaration, unsigned int given);
 
 class GivenValues final : public EventHandler {
  public:
@@ -38,6 +38,8 @@ class GivenValues final : public EventHandler {
   void give(Declaration& declaration);
   /// A value for a boolean that does not come from the parser. Returns whether it was accepted.
   bool giveTruth(Declaration& declaration, bool truth);
+  /// The same for an operand.
+  bool giveOperand(Declaration& declaration, const char* text);
 
   /// Why a value was refused; empty if none was.
   const std::string& failure() const { return m_failure; }
@@ -52,6 +54,7 @@ class GivenValues final : public EventHandler {
   void choose(Declaration& declaration, const char* given, const variant_t& typed);
   void take(Declaration& declaration, const char* text, const variant_t& typed);
   void takeOperand(const char* text);
+  void readOperand(Declaration& declaration, const char* text);
   void read(Declaration& declaration, const char* text, const variant_t& typed, void* variable);
   void refuse(std::string reason);
   bool isOutranked(const Declaration& declaration) const;

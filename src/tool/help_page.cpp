@@ -153,13 +153,24 @@ void addRemark(std::string& text, const char* before, std::string_view remark) {
     text.append(before).append(remark).append(1, '.');
 }
 
-std::string described(const Declaration& declaration) {
+// The actions that an option goes with, as far as the help shows them.
+std::string shownActions(const Declaration& declaration, const Scope& scope) {
+  std::vector<std::string> names = splitAt(std::string(declaration.only), ',');
+  const auto isHidden = [&](const std::string& name) {
+    const Declaration* const action = scope.withFirstName(name);
+    return action != nullptr && action->isHidden;
+  };
+  names.erase(std::remove_if(names.begin(), names.end(), isHidden), names.end());
+  return joined(names, ',');
+}
+
+std::string described(const Declaration& declaration, const Scope& scope) {
   std::string text = declaration.help;
   text += choicesText(declaration);
   addRemark(text, " From ", rangeText(declaration));
   addRemark(text, " Default: ", defaultText(declaration));
   addRemark(text, " Environment: ", declaration.environment);
-  addRemark(text, " Only with: ", declaration.only);
+  addRemark(text, " Only with: ", shownActions(declaration, scope));
   text += declaration.isRequired && !declaration.isOperand() ? " Required." : "";
   addRemark(text, " Deprecated: ", declaration.deprecated);
   return text;
@@ -180,6 +191,8 @@ std::string usage(const ToolData& tool, const Scope& scope) {
   if (!tool.commands.empty())
     text += " COMMAND ...";
   for (const Declaration* operand : scope.operands()) {
+    if (operand->isHidden)
+      continue;
     text += operand->isRequired ? " " : " [";
     text += operandName(*operand);
     text += operand->isRequired ? "" : "]";
@@ -242,7 +255,7 @@ std::string helpPage(const ToolData& tool, const Scope& scope, unsigned int widt
   Sections sections;
   for (const Declaration* operand : scope.operands()) {
     if (!operand->isHidden && *operand->help != '\0')
-      sections.add("Operands", {operandName(*operand), described(*operand)});
+      sections.add("Operands", {operandName(*operand), described(*operand, scope)});
   }
   for (Entry& command : commandsOf(tool, ""))
     sections.add("Commands", std::move(command));
@@ -252,7 +265,7 @@ std::string helpPage(const ToolData& tool, const Scope& scope, unsigned int widt
       const std::string section = *option->section == '\0' ? "Options" : option->section;
       if (!option->isHidden && (option->use == Use::action) == isAction && !names.empty())
         sections.add(isAction ? "Actions" : section,
-                     {optionName(*option, names), described(*option)});
+                     {optionName(*option, names), described(*option, scope)});
     }
   }
   text += sections.laidOut(width);

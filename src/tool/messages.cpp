@@ -14,6 +14,11 @@ std::string listed(const std::vector<std::string>& names) {
   return list;
 }
 
+std::string named(const Declaration& declaration) {
+  return declaration.isOperand() ? "Operand " + quoted(declaration.firstName())
+                                 : "Option " + quoted(shownName(declaration.firstName()));
+}
+
 }  // namespace
 
 bool beginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
@@ -33,21 +38,21 @@ std::string doesNotTake(const Declaration& declaration, const std::string& text,
 }
 
 std::string isRequired(const Declaration& declaration) {
-  if (declaration.isOperand())
-    return "Operand " + quoted(declaration.firstName()) + " is required";
-  return "Option " + quoted(shownName(declaration.firstName())) + " is required";
+  return named(declaration) + " is required";
 }
 
 std::string isDeprecated(const Declaration& declaration) {
-  return "Option " + quoted(shownName(declaration.firstName())) +
-         " is deprecated: " + std::string(declaration.deprecated);
+  return named(declaration) + " is deprecated: " + std::string(declaration.deprecated);
 }
 
 std::string isDeprecatedChoice(const Declaration& declaration, const std::string& former,
                                const std::string& now) {
-  return (declaration.isOperand() ? "Operand " + quoted(declaration.firstName())
-                                  : "Option " + quoted(shownName(declaration.firstName()))) +
-         ": " + quoted(former) + " is deprecated: use " + quoted(now);
+  return named(declaration) + ": " + quoted(former) + " is deprecated: use " + quoted(now);
+}
+
+std::string doesNotAccept(const Declaration& action, const Declaration& operand) {
+  return "Action " + quoted(shownName(action.firstName())) + " doesn't accept operand " +
+         quoted(operand.firstName());
 }
 
 std::string isForCommandLine(const Declaration& declaration) {

@@ -20,6 +20,7 @@ std::string doesNotTake(const Declaration& declaration, const std::string& text,
                         const std::string& expected);
 std::string isRequired(const Declaration& declaration);
 std::string isDeprecated(const Declaration& declaration);
+std::string doesNotAccept(const Declaration& action, const Declaration& operand);
 std::string isDeprecatedChoice(const Declaration& declaration, const std::string& former,
                                const std::string& now);
 std::string isForCommandLine(const Declaration& declaration);

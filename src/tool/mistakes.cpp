@@ -56,6 +56,13 @@ void checkModifiers(const Declaration& declaration) {
   if (declaration.use == Use::action && !declaration.environment.empty())
     reportMistake(called(declaration) + " cannot be given by the environment variable '" +
                   std::string(declaration.environment) + "'");
+  const bool isOne = declaration.type != nullptr && !declaration.isList();
+  if (isOne && declaration.separator != '\0')
+    reportMistake(called(declaration) + " is split, but its variable takes one value");
+  if (!declaration.takesValue() && !declaration.choices.empty())
+    reportMistake(called(declaration) + " has choices, but takes no value");
+  if (declaration.use == Use::action && !declaration.checks.empty())
+    reportMistake(called(declaration) + " has a check, but takes no value");
   if (!declaration.lowest.empty() && !isInRange(declaration, declaration.highest.data()))
     reportMistake(called(declaration) + " takes no number from " + rangeText(declaration));
   for (const auto& deprecated : declaration.deprecatedChoices) {
@@ -104,7 +111,8 @@ void reportMistakes(const ToolData& tool, const Scope& scope) {
     checkModifiers(declaration);
     if (!declaration.only.empty())
       checkActionsOf(declaration, tool, scope);
-    if (!declaration.choices.empty() && declaration.variable != nullptr)
+    if (!declaration.choices.empty() && declaration.variable != nullptr &&
+        declaration.use != Use::flag)
       checkDefault(declaration);
   }
   if (!tool.isDescribing)  // then the options of the tool are not in the scope

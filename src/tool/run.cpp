@@ -119,7 +119,7 @@ class CommandLine {
     for (const std::string& warning : m_values.warnings())
       warn(warning);
     for (Declaration* declaration : delivered) {
-      if (!declaration->deprecated.empty())
+      if (!declaration->deprecated.empty() && declaration->source == Source::commandLine)
         warn(isDeprecated(*declaration));
       for (const PlacedText& text : declaration->texts) {
         if (declaration->use == Use::each)
@@ -127,9 +127,10 @@ class CommandLine {
       }
     }
     std::sort(calls.begin(), calls.end());
-    for (Declaration* declaration : delivered)  // needs no memory: all variables are set, or none
-      deliver(*declaration);
     try {
+      // Needs no memory: unless the assignment of a type of the tool fails, all variables are set.
+      for (Declaration* declaration : delivered)
+        deliver(*declaration);
       for (const auto& [place, call] : calls)
         callWith(*call.first, call.second);
     } catch (const std::bad_alloc&) {
@@ -181,32 +182,43 @@ class CommandLine {
       status = readConfiguration(m_scope, parser, m_values, failure);
     if (status != status::success)
       return statusOf(m_tool, status, failure);
+    passOverUnconcerned();
     failure = missing();
     return failure.empty() ? std::nullopt : std::optional<int>(refused(m_tool, failure));
   }
 
-  // What was given and concerns the command line.
+  // What a file gives for other actions was not given.
+  void passOverUnconcerned() const {
+    for (const auto* list : {&m_scope.options(), &m_scope.operands()}) {
+      for (Declaration* one : *list) {
+        if (one->source == Source::config && !isConcerned(*one, m_values)) {
+          one->source = Source::none;
+          one->given = 0;
+        }
+      }
+    }
+  }
+
   std::vector<Declaration*> toDeliver() const {
     std::vector<Declaration*> delivered;
     delivered.reserve(m_scope.options().size());
     for (const auto* list : {&m_scope.options(), &m_scope.operands()}) {
-      std::copy_if(
-          list->begin(), list->end(), std::back_inserter(delivered),
-          [&](const Declaration* declaration) {
-            return declaration->source == Source::commandLine ||
-                   (declaration->source != Source::none && isConcerned(*declaration, m_values));
-          });
+      std::copy_if(list->begin(), list->end(), std::back_inserter(delivered),
+                   [](const Declaration* one) { return one->source != Source::none; });
     }
     return delivered;
   }
 
-  // What is required and was not given.
+  // What was given and may not be, and what is required and was not given.
   std::string missing() const {
     for (const auto* list : {&m_scope.options(), &m_scope.operands()}) {
       for (const Declaration* one : *list) {
-        std::string refusal = refusedUse(*one);
+        std::string refusal = refusedUse(*one, one->given);
         if (!refusal.empty())
           return refusal;
+        if (one->isOperand() && one->given != 0 && !actions().empty() &&
+            !isConcerned(*one, m_values))
+          return doesNotAccept(*actions().front(), *one);
         if (one->isRequired && one->given == 0 && isConcerned(*one, m_values))
           return isRequired(*one);
       }

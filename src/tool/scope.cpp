@@ -237,7 +237,7 @@ bool Scope::take(std::string_view name, Declaration& declaration) {
     return false;
   }
   const auto [place, isNew] = m_names.emplace(name, &declaration);
-  const Declaration* const other = isNew ? negated(name) : place->second;
+  const Declaration* const other = isNew ? opposite(name, declaration) : place->second;
   if (other == nullptr)
     return true;
   if (isNew)
@@ -259,7 +259,8 @@ IOption& Scope::declareOnParser(const Declaration& declaration, const char* name
   IOption* option = nullptr;
   if (declaration.use == Use::action)
     option = m_parser.action(names, help, type, group);
-  else if (!declaration.only.empty())
+  else if (!declaration.only.empty() &&
+           !(declaration.isOperand() && m_purpose == Purpose::parse))  // checked after the parse
     option = m_parser.modifier(names, declaration.only.data(), help, type, group);
   else
     option = m_parser.option(names, help, type, group);
@@ -326,6 +327,14 @@ Declaration* Scope::negated(std::string_view name) const {
     return nullptr;
   Declaration* const found = withFirstName(name.substr(negation.size()));
   return found != nullptr && parserType(*found) == vtBool ? found : nullptr;
+}
+
+Declaration* Scope::opposite(std::string_view name, const Declaration& declaration) const {
+  Declaration* const boolean = negated(name);
+  if (boolean != nullptr || parserType(declaration) != vtBool)
+    return boolean;
+  Declaration* const other = withFirstName(std::string(negation).append(name));
+  return other != nullptr && &other->tool == &declaration.tool ? other : nullptr;
 }
 
 Declaration* Scope::resolve(const std::string& typed) const {

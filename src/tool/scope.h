@@ -65,6 +65,9 @@ class Scope {
   Declaration* owner(std::string_view name) const;
   /// The boolean of which a name is the "no-" form; null if there is none.
   Declaration* negated(std::string_view name) const;
+  /// An option that `name` would be confused with: one is the "no-" form of the other. Null if
+  /// there is none.
+  Declaration* opposite(std::string_view name, const Declaration& declaration) const;
   IOption& declareOnParser(const Declaration& declaration, const char* names, variant_type_t type);
   void declare(Declaration& declaration, const char* names);
   void annotateAll(const Declaration& declaration, const std::string& name);

@@ -57,6 +57,11 @@ int refuse(const Declaration& declaration, const char* expected, std::string& fa
   return status::usageError;
 }
 
+int refuseUse(const Declaration& declaration, std::string& failure) {
+  failure.insert(0, ofVariable(declaration));
+  return status::usageError;
+}
+
 // Nothing is given, but a configuration file does not change that.
 void outrankFile(Declaration& declaration) {
   declaration.source = std::max(declaration.source, Source::environment);
@@ -66,6 +71,9 @@ int readTruth(Declaration& declaration, const std::string& text, GivenValues& va
               std::string& failure) {
   if (!isTrue(text) && !isFalse(text))
     return refuse(declaration, "1, 0, true or false", failure);
+  failure = refusedUse(declaration, isTrue(text) ? 1 : 0);
+  if (!failure.empty())
+    return refuseUse(declaration, failure);
   if (declaration.use != Use::option && isTrue(text))
     values.give(declaration);
   else if (declaration.use != Use::option)
@@ -83,6 +91,9 @@ int readCount(Declaration& declaration, const std::string& text, GivenValues& va
   constexpr unsigned int most = 1'000'000;
   if (problem != std::errc() || end != text.data() + text.size() || count > most)
     return refuse(declaration, "a number up to 1000000", failure);
+  failure = refusedUse(declaration, count);
+  if (!failure.empty())
+    return refuseUse(declaration, failure);
   outrankFile(declaration);
   for (; count != 0; --count)
     values.give(declaration);
@@ -93,6 +104,13 @@ int readVariable(const Scope& scope, IParser& parser, Declaration& declaration,
                  const std::string& text, GivenValues& values, std::string& failure) {
   if (declaration.use == Use::count)
     return readCount(declaration, text, values, failure);
+  if (declaration.isOperand()) {
+    if (values.giveOperand(declaration, text.c_str()))
+      return status::success;
+    failure = reasonOf(values);
+    failure.insert(0, ofVariable(declaration)).append(suggestedChoice(scope, failure));
+    return values.failureStatus();
+  }
   if (!declaration.takesValue())
     return readTruth(declaration, text, values, failure);
   const std::string argument = "--" + scope.nameOf(declaration) + '=' + text;
@@ -163,7 +181,7 @@ class LineReader {
         return status;
       }
     }
-    return status::success;
+    return checkUses(failure);
   }
 
  private:
@@ -197,6 +215,8 @@ class LineReader {
       reason = isForCommandLine(*option);
       return status::usageError;
     }
+    if (!option->takesValue())
+      countUse(*option);
     if (!option->takesValue() || (word.hasValue && option->takesAnyText()) || !word.value.empty())
       return parse({"", argument.c_str()}, reason);
     const std::string* const next =
@@ -205,6 +225,34 @@ class LineReader {
       return parse({"", argument.c_str()}, reason);
     ++m_index;
     return parse({"", argument.c_str(), next->c_str()}, reason);
+  }
+
+  // An option without a value that the file gives.
+  struct Uses {
+    const Declaration* option;
+    unsigned int count;
+    unsigned int line;  // of the last time
+  };
+
+  void countUse(const Declaration& option) {
+    const auto isSame = [&](const Uses& uses) { return uses.option == &option; };
+    auto uses = std::find_if(m_uses.begin(), m_uses.end(), isSame);
+    if (uses == m_uses.end())
+      uses = m_uses.insert(uses, {&option, 0, 0});
+    ++uses->count;
+    uses->line = m_lines[m_index].number;
+  }
+
+  // Whether each of them may be given as often.
+  int checkUses(std::string& failure) const {
+    for (const Uses& uses : m_uses) {
+      const std::string reason = refusedUse(*uses.option, uses.count);
+      if (reason.empty())
+        continue;
+      failure = std::to_string(uses.line) + ": " + reason;
+      return status::usageError;
+    }
+    return status::success;
   }
 
   int parse(const std::vector<const char*>& words, std::string& reason) {
@@ -219,6 +267,7 @@ class LineReader {
   IParser& m_parser;
   GivenValues& m_values;
   const std::vector<Line> m_lines;
+  std::vector<Uses> m_uses;
   std::size_t m_index = 0;
   std::size_t m_operands = 0;
   bool m_isEnded = false;
@@ -254,17 +303,19 @@ bool isConcerned(const Declaration& declaration, const GivenValues& values) {
 int readEnvironment(const Scope& scope, IParser& parser, GivenValues& values,
                     std::string& failure) {
   values.startSource(Source::environment);
-  for (Declaration* const declaration : scope.options()) {
-    if (declaration->environment.empty())
-      continue;
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing here changes the environment
-    const char* const text = std::getenv(declaration->environment.data());
-    if (text == nullptr || *text == '\0' || declaration->use == Use::action ||
-        !isConcerned(*declaration, values))
-      continue;
-    const int status = readVariable(scope, parser, *declaration, text, values, failure);
-    if (status != status::success)
-      return status;
+  for (const auto* list : {&scope.options(), &scope.operands()}) {
+    for (Declaration* const declaration : *list) {
+      if (declaration->environment.empty())
+        continue;
+      // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing here changes the environment
+      const char* const text = std::getenv(declaration->environment.data());
+      if (text == nullptr || *text == '\0' || declaration->use == Use::action ||
+          !isConcerned(*declaration, values))
+        continue;
+      const int status = readVariable(scope, parser, *declaration, text, values, failure);
+      if (status != status::success)
+        return status;
+    }
   }
   return status::success;
 }
@@ -273,7 +324,7 @@ int readConfiguration(const Scope& scope, IParser& parser, GivenValues& values,
                       std::string& failure) {
   values.startSource(Source::config);
   for (Declaration* const declaration : scope.options()) {
-    if (declaration->use != Use::config)
+    if (declaration->use != Use::config || !isConcerned(*declaration, values))
       continue;
     const bool isNamed = !declaration->texts.empty();
     std::string path = atHome(declaration->path);

@@ -35,10 +35,12 @@ std::string suggestedOption(const Scope& scope, const std::vector<std::string>& 
                             const std::string& reason) {
   std::vector<std::string> names;
   for (const Declaration* option : scope.options()) {
-    for (const std::string_view name : option->names) {
-      if (!option->isHidden)
-        names.emplace_back(name);
-    }
+    if (option->isHidden)
+      continue;
+    for (const std::string_view name : option->names)
+      names.emplace_back(name);
+    if (parserType(*option) == vtBool)
+      names.push_back("no-" + option->firstName());
   }
   for (const std::string& typed : unknownNames) {
     if (!typed.empty() && reason.find("Unknown option") == 0) {

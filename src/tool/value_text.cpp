@@ -11,6 +11,8 @@
 #include <system_error>
 #include <type_traits>
 
+#include "tool/scope.h"
+
 namespace kivo_3_3::tool_glue {
 namespace {
 
@@ -136,7 +138,7 @@ std::string choiceText(const Declaration& declaration, const void* value) {
 std::string valueText(const Declaration& declaration, const void* value) {
   const VariableType& type = *declaration.type;
   std::string choice = choiceText(declaration, value);
-  if (!choice.empty() || type.kind == Kind::enumeration)
+  if (!choice.empty() || (type.kind == Kind::enumeration && !declaration.function))
     return choice;
   if (isNumber(type))
     return numberText(type, value);
@@ -172,9 +174,12 @@ std::string limitsText(const VariableType& type) {
 std::string defaultText(const Declaration& declaration) {
   if (!declaration.shownDefault.empty())
     return std::string(declaration.shownDefault);
-  if (declaration.variable == nullptr || declaration.isRequired || declaration.use == Use::flag ||
-      declaration.use == Use::count)
+  if (declaration.variable == nullptr || declaration.isRequired)
     return "";
+  if (declaration.use == Use::flag)
+    return load<bool>(declaration.variable) ? "true" : "";
+  if (declaration.use == Use::count)
+    return load<int>(declaration.variable) != 0 ? numberText(load<int>(declaration.variable)) : "";
   std::string all;
   const char separator = declaration.separator != '\0' ? declaration.separator : ' ';
   for (unsigned long index = 0;; ++index) {
@@ -191,18 +196,19 @@ std::string shownDefault(const Declaration& declaration) {
   const bool isNumberList = declaration.isList() && declaration.variable != nullptr &&
                             isNumber(*declaration.type) &&
                             declaration.type->at(declaration.variable, 1) != nullptr;
-  return isNumberList ? defaultText(declaration) : std::string(declaration.shownDefault);
+  const bool isText = isNumberList || declaration.use == Use::flag || declaration.use == Use::count;
+  return isText ? defaultText(declaration) : std::string(declaration.shownDefault);
 }
 
 void setDefault(IOption& option, const Declaration& declaration) {
   const std::string text = defaultText(declaration);
   if (text.empty())
     return;
-  const VariableType& type = *declaration.type;
-  if (type.kind == Kind::boolean && declaration.choices.empty())
+  const variant_type_t type = parserType(declaration);
+  if (type == vtBool)
     option.defaultValue(true);
-  else if (isNumber(type) && declaration.choices.empty())
-    withNumberType(type, [&](auto zero) {
+  else if (type != vtString)
+    withNumberType(*declaration.type, [&](auto zero) {
       using Number = decltype(zero);
       const auto number = load<Number>(declaration.type->at(declaration.variable, 0));
       if constexpr (std::is_floating_point_v<Number>)

@@ -222,5 +222,32 @@ TEST(ToolEachFunction, ThatRunsOutOfMemoryEndsTheToolWithThree) {
   EXPECT_EQ("tool: Memory has run out.\n", tool.err);
 }
 
+TEST(ToolActionsAndOperands, GoTogetherAsDeclared) {
+  for (const char* const wrong : {"first", "second"}) {
+    Tried tool;
+    std::string first, second;
+    tool.action("pack", "Pack.", [] { return 7; });
+    tool.action("list", "List.", [] { return 8; });
+    auto one = tool.operand("first", first, "First.");
+    auto two = tool.operand("second", second, "Second.");
+    (std::string(wrong) == "first" ? one : two).only("pack");
+    EXPECT_EQ(2, tool.run({"--list", "x", "y"}));
+    EXPECT_EQ("tool: Action '--list' doesn't accept operand '" + std::string(wrong) +
+                  "'\nTry 'tool --help'.\n",
+              tool.err);
+    EXPECT_EQ("", first + second);
+  }
+}
+
+TEST(ToolActionsAndOperands, AreTakenWhereTheyGoTogether) {
+  Tried tool;
+  std::string first;
+  std::vector<std::string> others;
+  tool.action("pack", "Pack.", [&] { return first == "x" && others.size() == 1 ? 7 : 8; });
+  tool.operand("first", first, "First.").only("pack");
+  tool.rest("other", others, "Others.").only("pack");
+  EXPECT_EQ(7, tool.run({"--pack", "x", "y"})) << tool.err;
+}
+
 }  // namespace
 }  // namespace kivo_3_3

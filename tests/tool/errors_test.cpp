@@ -105,5 +105,13 @@ TEST(ToolErrors, GroupsNameTheirOptions) {
   EXPECT_EQ("tool: One of these is required: --aa, --bb\nTry 'tool --help'.\n", tool.err);
 }
 
+TEST(ToolErrors, ADeprecatedOperandIsCalledOne) {
+  Tried tool;
+  std::string file;
+  tool.operand("file", file, "A file.").deprecated("use --file");
+  EXPECT_EQ(-1, tool.run({"x"}));
+  EXPECT_EQ("tool: Operand 'file' is deprecated: use --file\n", tool.err);
+}
+
 }  // namespace
 }  // namespace kivo_3_3

@@ -189,7 +189,7 @@ TEST_F(ToolHelp, ShowsNoOperandsThatAreHiddenOrWithoutHelp) {
   Tried tool("tool", "", nullptr);
   tool.operand("plain", text, "");
   tool.operand("secret", text, "Secret.").hidden();
-  EXPECT_EQ("Usage: tool [OPTION]... [PLAIN] [SECRET]\n\nOptions:\n  -h, --help  Show this help.\n",
+  EXPECT_EQ("Usage: tool [OPTION]... [PLAIN]\n\nOptions:\n  -h, --help  Show this help.\n",
             tool.help());
 }
 
@@ -302,6 +302,36 @@ TEST_F(ToolHelp, IsAsWideAsTheTerminal) {
   }
   EXPECT_EQ(89U, longest);
 }
+
+TEST_F(ToolHelp, NamesNoActionThatIsHidden) {
+  Tried tool("tool", "", nullptr);
+  bool one = false, two = false;
+  tool.action("go", "Go.", [] { return 0; }).hidden();
+  tool.action("stay", "Stay.", [] { return 0; });
+  tool.flag("one", one, "One.").only("go,stay");
+  tool.flag("two", two, "Two.").only("go");
+  EXPECT_EQ(
+      "Usage: tool [OPTION]...\n\nActions:\n      --stay  Stay.\n\nOptions:\n"
+      "      --one   One. Only with: stay.\n      --two   Two.\n  -h, --help  Show this help.\n",
+      tool.help());
+}
+
+TEST_F(ToolHelp, ShowsTheDefaultsOfFlagsAndCounts) {
+  Tried tool("tool", "", nullptr);
+  bool set = true, unset = false;
+  int three = 3, none = 0;
+  tool.flag("set", set, "Set.");
+  tool.flag("unset", unset, "Unset.");
+  tool.count("three", three, "Three.");
+  tool.count("none", none, "None.");
+  EXPECT_EQ(
+      "Usage: tool [OPTION]...\n\nOptions:\n      --set    Set. Default: true.\n"
+      "      --unset  Unset.\n      --three  Three. Default: 3.\n      --none   None.\n"
+      "  -h, --help   Show this help.\n",
+      tool.help());
+}
+
+TEST_F(ToolHelp, IsAtMostAHundredColumnsWide) { EXPECT_EQ(99U, widest("99999999999999999999999")); }
 
 }  // namespace
 }  // namespace kivo_3_3

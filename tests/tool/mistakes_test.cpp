@@ -375,5 +375,27 @@ TEST_F(ToolMistakes, MayBeThrown) {
   BEDROCK::set_assertion_handler(before);
 }
 
+TEST_F(ToolMistakes, ANameThatIsTheNoFormOfABooleanDeclaredLater) {
+  tool.flag("no-color", one, "Without colours.");
+  tool.option("color", two, "In colour.");
+  EXPECT_EQ("the name 'color' is declared twice, by flag 'no-color' and by option 'color'",
+            reported());
+}
+
+TEST_F(ToolMistakes, AValueThatIsSplitForAVariableOfOne) {
+  tool.option("text", text, "A text.").split(',');
+  EXPECT_EQ("option 'text' is split, but its variable takes one value", reported());
+}
+
+TEST_F(ToolMistakes, ChoicesAndChecksWhereThereIsNoValue) {
+  tool.flag("one", one, "One.").choices({{"yes", true}});
+  EXPECT_EQ("flag 'one' has choices, but takes no value", reported());
+  Tried acting;
+  acting.action("go", "Go.", [] { return 0; }).check([](bool) { return ""; });
+  const AssertionRecorder assertions;
+  EXPECT_EQ(0, acting.run({"--go"}));
+  EXPECT_EQ("action 'go' has a check, but takes no value", assertions.expressions());
+}
+
 }  // namespace
 }  // namespace kivo_3_3

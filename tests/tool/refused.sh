@@ -8,7 +8,7 @@ failures=0
 
 # Compiles the body of a function that declares on `tool`. Prints the errors.
 compile() {
-  "$compiler" -std=c++17 -fsyntax-only -I"$source/include" -I"$source/platform/stratum2/include" \
+  "$compiler" "${extensions:--std=c++17}" -fsyntax-only -I"$source/include" -I"$source/platform/stratum2/include" \
     -I"$source/platform/bedrock/include" -x c++ - 2>&1 <<EOF
 #include <kivo/tool.h>
 #include <memory>
@@ -55,6 +55,16 @@ refuses "$isNested" 'std::optional<std::vector<int>> list; tool.option("n", list
 refuses "$isNested" 'std::vector<std::optional<int>> list; tool.option("n", list, "");'
 refuses "$isNested" 'std::vector<std::vector<int>> list; tool.rest("n", list, "");'
 refuses "$isNested" 'std::optional<std::optional<int>> one; tool.option("n", one, "");'
+
+isParser="a parser returns what was expected: null or an empty text accepts the value"
+refuses "$isParser" 'int n; tool.option("n", n, "", [](const char*, int&) { return false; });'
+accepts 'int n; tool.option("n", n, "", [](const char*, int&) { return ""; });'
+refuses "parseValue() returns what was expected: null or an empty text is fine" \
+  '} bool parseValue(const char*, Own&); void more(kivo::Tool& tool) { Own n; tool.option("n", n, "");'
+isWide="numbers have at most 64 bits"
+extensions=-std=gnu++17 refuses "$isWide" '__int128 n; tool.option("n", n, "");'
+extensions=-std=gnu++17 refuses "$isWide" '__float128 n; tool.option("n", n, "");'
+accepts 'long double n; tool.option("n", n, "");'
 
 refuses "std::vector<bool>: use std::vector<char>" \
   'std::vector<bool> list; tool.option("n", list, "");'

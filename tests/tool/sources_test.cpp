@@ -350,5 +350,114 @@ TEST_F(ToolSources, AFileGivesNoAction) {
   EXPECT_EQ("1: An action is given on the command line alone: --go", reason());
 }
 
+TEST_F(ToolSources, AVariableGivesAnOperand) {
+  std::string file = "none";
+  std::vector<int> numbers;
+  Tried fresh;
+  fresh.operand("file", file, "A file.").env("TRIED_NAME").required();
+  fresh.rest("number", numbers, "Numbers.").env("TRIED_TIMES").range(1, 9);
+  setenv("TRIED_NAME", "there", 1);
+  setenv("TRIED_TIMES", "7", 1);
+  EXPECT_EQ(-1, fresh.run({})) << fresh.err;
+  EXPECT_EQ("there", file);
+  EXPECT_EQ((std::vector<int>{7}), numbers);
+}
+
+TEST_F(ToolSources, AnOperandOfTheCommandLineCountsMoreThanItsVariable) {
+  std::string file;
+  Tried fresh;
+  fresh.operand("file", file, "A file.").env("TRIED_NAME");
+  setenv("TRIED_NAME", "there", 1);
+  EXPECT_EQ(-1, fresh.run({"here"})) << fresh.err;
+  EXPECT_EQ("here", file);
+}
+
+TEST_F(ToolSources, ErrorsOfAnOperandTellTheVariable) {
+  Tried fresh;
+  fresh.operand("tone", tone, "How.").choices({"formal", "friendly"}).env("TRIED_TONE");
+  setenv("TRIED_TONE", "frmal", 1);
+  EXPECT_EQ(2, fresh.run({}));
+  EXPECT_EQ(
+      "tool: Environment variable TRIED_TONE: Operand 'tone' does not take 'frmal', expected: "
+      "formal, friendly. Did you mean 'formal'?\nTry 'tool --help'.\n",
+      fresh.err);
+}
+
+// Options without a value that may not be given as often.
+class ToolSourcesOfUses : public ToolSources {
+ protected:
+  ToolSourcesOfUses() {
+    fresh.count("more", more, "Tell more.").range(0, 2).env("TRIED_MORE");
+    fresh.flag("quick", quick, "Be quick.").env("TRIED_QUICK").check([](bool) {
+      return "patience";
+    });
+    fresh.config("config", path.c_str(), "Where the options are.");
+  }
+  Tried fresh;
+};
+
+TEST_F(ToolSourcesOfUses, ErrorsOfACountTellTheVariable) {
+  setenv("TRIED_MORE", "3", 1);
+  EXPECT_EQ(2, fresh.run({"--more"}));  // a number that loses is checked all the same
+  EXPECT_EQ(
+      "tool: Environment variable TRIED_MORE: Option 'more' does not take '3', expected: 0 to 2\n"
+      "Try 'tool --help'.\n",
+      fresh.err);
+}
+
+TEST_F(ToolSourcesOfUses, ErrorsOfAFlagTellTheVariable) {
+  setenv("TRIED_QUICK", "1", 1);
+  EXPECT_EQ(2, fresh.run({}));
+  EXPECT_EQ(
+      "tool: Environment variable TRIED_QUICK: Option 'quick' does not take '1', expected: "
+      "patience\nTry 'tool --help'.\n",
+      fresh.err);
+}
+
+TEST_F(ToolSourcesOfUses, ErrorsTellTheLineOfTheLastUse) {
+  write("--more\n--more\n\n--more\n# end\n");
+  EXPECT_EQ(2, fresh.run({"--more"}));
+  EXPECT_EQ("tool: " + path +
+                ":4: Option 'more' does not take '3', expected: 0 to 2\nTry 'tool --help'.\n",
+            fresh.err);
+}
+
+TEST_F(ToolSources, DeprecatedOptionsAreWarnedOfOnTheCommandLineAlone) {
+  Tried fresh;
+  fresh.option("times", times, "How often.").env("TRIED_TIMES").deprecated("use --more");
+  fresh.config("config", path.c_str(), "Where the options are.");
+  setenv("TRIED_TIMES", "7", 1);
+  write("--times=8\n");
+  EXPECT_EQ(-1, fresh.run({}));
+  EXPECT_EQ(7, times);
+  EXPECT_EQ("", fresh.err);
+}
+
+TEST_F(ToolSources, WhatAFileGivesForAnotherActionWasNotGiven) {
+  int level = 1;
+  Tried fresh;
+  fresh.action("go", "Go.", [] { return 7; });
+  fresh.action("stay", "Stay.", [] { return 8; });
+  const auto option = fresh.option("level", level, "How far.").only("stay");
+  fresh.config("config", path.c_str(), "Where the options are.");
+  write("--level=7\n");
+  EXPECT_EQ(7, fresh.run({"--go"})) << fresh.err;
+  EXPECT_EQ(0U, option.given());
+  EXPECT_EQ(1, level);
+}
+
+TEST_F(ToolSources, AFileOfAnotherActionIsNotRead) {
+  Tried fresh;
+  fresh.action("go", "Go.", [] { return 7; });
+  fresh.action("stay", "Stay.", [] { return 8; });
+  fresh.config("config", path.c_str(), "Where the options are.").only("stay");
+  write("--unheard\n");
+  EXPECT_EQ(7, fresh.run({"--go"})) << fresh.err;
+  Tried again;
+  again.action("stay", "Stay.", [] { return 8; });
+  again.config("config", path.c_str(), "Where the options are.").only("stay");
+  EXPECT_EQ(2, again.run({"--stay"}));
+}
+
 }  // namespace
 }  // namespace kivo_3_3

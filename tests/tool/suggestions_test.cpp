@@ -115,5 +115,14 @@ TEST(ToolSuggestions, OnlyTheFirstHundredCharactersAreLookedAt) {
   EXPECT_EQ(end, tool.err.substr(tool.err.size() - end.size()));
 }
 
+TEST(ToolSuggestions, NamesThatTurnABooleanOffAreSuggested) {
+  Tried tool;
+  bool color = true;
+  tool.option("color", color, "In colour.");
+  EXPECT_EQ(2, tool.run({"--no-colr"}));
+  EXPECT_EQ("tool: Unknown option: --no-colr. Did you mean '--no-color'?\nTry 'tool --help'.\n",
+            tool.err);
+}
+
 }  // namespace
 }  // namespace kivo_3_3

@@ -550,5 +550,63 @@ TEST(ToolVariables, DefaultsAreInTheDescription) {
   EXPECT_EQ("false},", entry(tool.out, "none"));
 }
 
+TEST(ToolVariables, ARangeHoldsBesideAParser) {
+  const auto parser = [](const char* typed, int& value) {
+    value = std::atoi(typed);
+    return "";
+  };
+  Tried tool;
+  int number = 1;
+  tool.option("number", number, "A number.", parser).range(1, 10);
+  EXPECT_EQ(2, tool.run({"--number=50"}));
+  EXPECT_EQ("tool: Option 'number' does not take '50', expected: 1 to 10\nTry 'tool --help'.\n",
+            tool.err);
+  EXPECT_EQ(1, number);
+}
+
+TEST(ToolVariables, ChoicesThatStandForValuesCountMoreThanAParser) {
+  Tried tool;
+  int number = 1;
+  tool.option("number", number, "A number.", [](const char*, int&) { return "a choice"; })
+      .choices({{"one", 1}, {"two", 2}});
+  EXPECT_EQ(-1, tool.run({"--number=two"})) << tool.err;
+  EXPECT_EQ(2, number);
+}
+
+enum class Shade { light, dark };
+
+std::string formatValue(Shade shade) { return shade == Shade::dark ? "dark" : "light"; }
+
+TEST(ToolVariables, DefaultsAreShownBesideAParser) {
+  Tried tool("tool", "", nullptr);
+  Shade shade = Shade::dark;
+  int number = 5;
+  tool.option("shade", shade, "A shade.", [](const char*, Shade&) { return ""; });
+  tool.option("number", number, "A number.", [](const char*, int&) { return ""; });
+  const std::string help = tool.help();
+  EXPECT_NE(std::string::npos, help.find("A shade. Default: dark.")) << help;
+  EXPECT_EQ(0, tool.run({"kivooption=kivodescribe=json"}));
+  EXPECT_NE(std::string::npos, tool.out.find("\"default\":\"dark\"")) << tool.out;
+  EXPECT_NE(std::string::npos, tool.out.find("\"default\":\"5\"")) << tool.out;
+}
+
+// A type whose values cannot be assigned.
+struct Stubborn {
+  Stubborn() = default;
+  Stubborn(const Stubborn&) = default;
+  ~Stubborn() = default;
+  Stubborn& operator=(const Stubborn&) = default;
+  Stubborn& operator=(Stubborn&&) { throw std::runtime_error("no room"); }  // NOLINT
+};
+const char* parseValue(const char*, Stubborn&) { return nullptr; }
+
+TEST(ToolVariables, AValueThatCannotBeAssignedEndsTheToolWithFour) {
+  Tried tool;
+  Stubborn stubborn;
+  tool.option("stubborn", stubborn, "Stubborn.");
+  EXPECT_EQ(4, tool.run({"--stubborn=x"}));
+  EXPECT_EQ("tool: no room\nTry 'tool --help'.\n", tool.err);
+}
+
 }  // namespace
 }  // namespace kivo_3_3
