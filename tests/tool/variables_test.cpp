@@ -195,7 +195,9 @@ TEST(ToolVariables, FloatingPointTypesKeepTheirDigits) {
   EXPECT_EQ(0.1F, single);
   EXPECT_EQ(-1.5e300, twice);
   EXPECT_EQ(0.1L, most);
-  EXPECT_EQ("1e+400", taken<long double>("1e400"));
+  if (hasLongDouble) {
+    EXPECT_EQ("1e+400", taken<long double>("1e400"));
+  }
 }
 
 TEST(ToolVariables, NumbersFollowTheGlobalLocale) {
