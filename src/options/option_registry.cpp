@@ -15,10 +15,12 @@ namespace kivo_3_3 {
 
 namespace {
 
-// The numbers between the identities of two registries are the identities of the first one's
-// options.
-constexpr std::uint64_t identityStep = std::uint64_t(1) << 32;
-std::atomic<std::uint64_t> lastIdentity = 0;
+// The registries of the process. A counter of 64 bits would need a library of its own on some
+// processors.
+std::atomic<std::uint32_t> registryCount = 0;
+
+// The numbers up to the identity of the next registry are the identities of this one's options.
+std::uint64_t nextIdentity() { return std::uint64_t{++registryCount} << 32; }
 
 const char* orEmpty(const char* text) { return text != nullptr ? text : ""; }
 
@@ -30,7 +32,7 @@ RegisteredOptionStorage::RegisteredOptionStorage(Garbage* garbage)
       m_groups(&garbage->memory()),
       m_names(&garbage->memory()),
       m_summary(m_options, &garbage->memory()),
-      m_identity(lastIdentity += identityStep) {
+      m_identity(nextIdentity()) {
   m_fallback.m_garbage = garbage;
 }
 
