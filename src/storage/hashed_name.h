@@ -27,7 +27,7 @@ struct HashedName {
   // Up to eight characters the hash is one-to-one for a given length: equal hash and length mean
   // equal text. Without this shortcut a typical command line takes 3 % more instructions; with a
   // call of memcmp() instead of isSame() fifty options take 3 % more.
-  [[gnu::always_inline]] friend bool operator==(const HashedName& left, const HashedName& right) {
+  friend bool operator==(const HashedName& left, const HashedName& right) {
     const std::size_t size = left.text.size();
     return left.hash == right.hash && size == right.text.size() &&
            (size <= eight || isSame(left.text.data(), right.text.data(), size));

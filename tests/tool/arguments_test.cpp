@@ -1,4 +1,4 @@
-#include <chrono>
+#include <ctime>
 #include <string>
 #include <vector>
 
@@ -201,12 +201,12 @@ TEST(ToolArguments, AMarkIsNotSplit) {
   }
 }
 
-// The seconds that the work takes.
+// The seconds of processor time that the work takes.
 template <class Work>
 double secondsOf(Work work) {
-  const auto begin = std::chrono::steady_clock::now();
+  const std::clock_t begin = std::clock();
   work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+  return static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
 }
 
 TEST(ToolArguments, ManyDashesAndEmptyValuesAreReadInLinearTime) {
@@ -227,8 +227,8 @@ TEST(ToolArguments, ManyDashesAndEmptyValuesAreReadInLinearTime) {
 }
 
 TEST(ToolArguments, ManyNumbersAsOperandsAreReadInLinearTime) {
-  constexpr std::size_t many = 200'000;
-  constexpr double most = 20;  // seconds
+  constexpr std::size_t many = 100'000;  // in an emulator without floating-point numbers 10 seconds
+  constexpr double most = 20;            // seconds
   std::vector<int> rest;
   Tried tool;
   tool.rest("rest", rest, "");
