@@ -1,5 +1,5 @@
-# Linux on 32-bit ARM of old processors, which have neither floating-point numbers nor atomic operations
-# of 64 bits, with Debian's cross compiler. An emulator runs the programs.
+# Linux on old 32-bit ARM processors, without a floating-point unit and without atomic operations on 64
+# bits, with Debian's cross compiler. An emulator runs the programs.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR armel)
 set(CMAKE_CXX_COMPILER arm-linux-gnueabi-g++)

@@ -89,6 +89,7 @@ Callable keep(Function function) {
       return call(*static_cast<Function*>(kept), *static_cast<First*>(first),
                   *static_cast<Second*>(second));
     };
+    // Only a parser gets a second argument that it may change.
     static_assert(std::is_const_v<Second> || !std::is_arithmetic_v<decltype(called())>,
                   "a parser returns what was expected: null or an empty text accepts the value");
     if constexpr (!std::is_void_v<decltype(called())>)

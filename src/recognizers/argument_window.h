@@ -56,7 +56,7 @@ class ArgumentWindow {
     return viewOf(*m_next++);
   }
 
-  // The constructor for this is a call, unless it is inlined.
+  // The constructor of the view would be called for each argument; this is inlined.
   static std::string_view viewOf(const char* text) { return {text, std::strlen(text)}; }
 
   // The number of arguments between the prefetch of a text and its use. Parsing six arguments takes

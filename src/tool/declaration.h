@@ -1,5 +1,6 @@
 #pragma once
 
+#include <kivo/option.h>
 #include <kivo/tool.h>
 
 #include <string>
@@ -95,5 +96,12 @@ struct Declaration {
   void* staged = nullptr;         // a variable with the values given so far
   std::vector<PlacedText> texts;  // for a function
 };
+
+/// The type of the values on the parser.
+variant_type_t parserType(const Declaration& declaration);
+
+/// The type of the values while a command line is read: the parser has no long double, and does not
+/// look at choices some of which are deprecated.
+variant_type_t readType(const Declaration& declaration);
 
 }  // namespace kivo_3_3::tool_glue

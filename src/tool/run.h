@@ -8,9 +8,6 @@ namespace kivo_3_3::tool_glue {
 /// Throws std::bad_alloc, and what an action or a command throws.
 bool run(ToolData& tool, const std::vector<const char*>& words, int& status);
 
-/// Prints an error of the user with the way to the help.
-void printError(const ToolData& tool, const std::string& reason);
-
 /// Makes the parser if there is none. Throws std::bad_alloc.
 IParser& parserOf(ToolData& tool);
 

@@ -94,34 +94,6 @@ void annotateOrThrow(IParser& parser, const char* option, const char* key,
     throw std::bad_alloc();
 }
 
-variant_type_t parserType(const Declaration& declaration) {
-  if (declaration.use == Use::flag || declaration.use == Use::count ||
-      declaration.use == Use::action)
-    return vtNull;
-  const VariableType* type = declaration.type;
-  if (type == nullptr || declaration.function || !declaration.choices.empty())
-    return vtString;
-  const bool isWide = type->bytes > sizeof(s32_t);
-  switch (type->kind) {
-    case Kind::boolean:
-      return vtBool;
-    case Kind::integer:
-      return isWide ? vtS64 : vtS32;
-    case Kind::natural:
-      return isWide ? vtU64 : vtU32;
-    case Kind::real:
-      return vtDouble;
-    default:
-      return vtString;
-  }
-}
-
-variant_type_t readType(const Declaration& declaration) {
-  const variant_type_t type = parserType(declaration);
-  const bool isLong = type == vtDouble && declaration.type->bytes > sizeof(double);
-  return isLong || declaration.hasDeprecatedChoices() ? vtString : type;
-}
-
 Scope::Scope(ToolData& tool, IParser& parser, Purpose purpose)
     : m_parser(parser), m_purpose(purpose), m_isParserGivenAway(tool.isParserGivenAway) {
   const std::size_t most = tool.declarations.size() + tool.root().declarations.size();

@@ -89,13 +89,6 @@ std::string joined(const std::vector<std::string>& parts, char separator);
 /// Adds a fact to an option of the parser, or to the tool. Throws std::bad_alloc.
 void annotateOrThrow(IParser& parser, const char* option, const char* key, const std::string& text);
 
-/// The type of the values on the parser.
-variant_type_t parserType(const Declaration& declaration);
-
-/// The type of the values while a command line is read: the parser has no long double, and does not
-/// look at choices some of which are deprecated.
-variant_type_t readType(const Declaration& declaration);
-
 /// Declares the choices, unless they are chosen here, and at which character values are split.
 void limitValues(IOption& option, const Declaration& declaration, Purpose purpose);
 

@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cstdio>
 #include <cstdlib>
+#include <map>
 #include <memory>
 #include <system_error>
 #include <utility>
@@ -57,8 +58,12 @@ int refuse(const Declaration& declaration, const char* expected, std::string& fa
   return status::usageError;
 }
 
-int refuseUse(const Declaration& declaration, std::string& failure) {
-  failure.insert(0, ofVariable(declaration));
+// Why the variable may not give a flag or a count this often, if that is so.
+int checkUse(const Declaration& declaration, unsigned int count, std::string& failure) {
+  const std::string reason = refusedUse(declaration, count);
+  if (reason.empty())
+    return status::success;
+  failure = ofVariable(declaration) + reason;
   return status::usageError;
 }
 
@@ -71,9 +76,8 @@ int readTruth(Declaration& declaration, const std::string& text, GivenValues& va
               std::string& failure) {
   if (!isTrue(text) && !isFalse(text))
     return refuse(declaration, "1, 0, true or false", failure);
-  failure = refusedUse(declaration, isTrue(text) ? 1 : 0);
-  if (!failure.empty())
-    return refuseUse(declaration, failure);
+  if (const int status = checkUse(declaration, isTrue(text) ? 1 : 0, failure))
+    return status;
   if (declaration.use != Use::option && isTrue(text))
     values.give(declaration);
   else if (declaration.use != Use::option)
@@ -91,26 +95,29 @@ int readCount(Declaration& declaration, const std::string& text, GivenValues& va
   constexpr unsigned int most = 1'000'000;
   if (problem != std::errc() || end != text.data() + text.size() || count > most)
     return refuse(declaration, "a number up to 1000000", failure);
-  failure = refusedUse(declaration, count);
-  if (!failure.empty())
-    return refuseUse(declaration, failure);
+  if (const int status = checkUse(declaration, count, failure))
+    return status;
   outrankFile(declaration);
   for (; count != 0; --count)
     values.give(declaration);
   return status::success;
 }
 
+int readOperand(const Scope& scope, Declaration& declaration, const std::string& text,
+                GivenValues& values, std::string& failure) {
+  if (values.giveOperand(declaration, text.c_str()))
+    return status::success;
+  const std::string reason = reasonOf(values);
+  failure = ofVariable(declaration) + reason + suggestedChoice(scope, reason);
+  return values.failureStatus();
+}
+
 int readVariable(const Scope& scope, IParser& parser, Declaration& declaration,
                  const std::string& text, GivenValues& values, std::string& failure) {
   if (declaration.use == Use::count)
     return readCount(declaration, text, values, failure);
-  if (declaration.isOperand()) {
-    if (values.giveOperand(declaration, text.c_str()))
-      return status::success;
-    failure = reasonOf(values);
-    failure.insert(0, ofVariable(declaration)).append(suggestedChoice(scope, failure));
-    return values.failureStatus();
-  }
+  if (declaration.isOperand())
+    return readOperand(scope, declaration, text, values, failure);
   if (!declaration.takesValue())
     return readTruth(declaration, text, values, failure);
   const std::string argument = "--" + scope.nameOf(declaration) + '=' + text;
@@ -164,24 +171,66 @@ std::vector<Line> linesOf(const std::string& text) {
   return lines;
 }
 
-// Reads a file line by line, so that errors can tell the line.
-class LineReader {
- public:
-  LineReader(const Scope& scope, IParser& parser, GivenValues& values, std::vector<Line> lines)
-      : m_scope(scope), m_parser(parser), m_values(values), m_lines(std::move(lines)) {}
+// The beginning of an error in a file.
+std::string placeIn(const std::string& path, unsigned int line) {
+  return path + ':' + std::to_string(line) + ": ";
+}
 
-  /// Returns the status; `failure` gets the number of the line, and what is wrong there.
-  int read(std::string& failure) {
+// How often the files give each option without a value. Whether it may be given so often is known
+// when all files were read, and counts even where the option is given by another source.
+class UsesInFiles {
+ public:
+  void add(const Declaration& option, const std::string& path, unsigned int line) {
+    Use& use = m_uses[&option];
+    ++use.count;
+    use.path = path;
+    use.line = line;
+  }
+
+  /// Returns the status; `failure` gets the place of the last use, and what is wrong.
+  int check(const Scope& scope, std::string& failure) const {
+    for (const Declaration* option : scope.options()) {
+      const auto found = m_uses.find(option);
+      if (found == m_uses.end())
+        continue;
+      const std::string reason = refusedUse(*option, found->second.count);
+      if (reason.empty())
+        continue;
+      failure = placeIn(found->second.path, found->second.line) + reason;
+      return status::usageError;
+    }
+    return status::success;
+  }
+
+ private:
+  struct Use {
+    unsigned int count = 0;
+    std::string path;
+    unsigned int line = 0;
+  };
+  std::map<const Declaration*, Use> m_uses;
+};
+
+// Reads a file line by line, so that errors can tell the line.
+class FileReader {
+ public:
+  FileReader(const Scope& scope, IParser& parser, GivenValues& values, UsesInFiles& uses)
+      : m_scope(scope), m_parser(parser), m_values(values), m_uses(uses) {}
+
+  /// Returns the status; `failure` gets the place, and what is wrong there.
+  int read(const std::string& path, const std::string& text, std::string& failure) {
+    m_path = path;
+    m_lines = linesOf(text);
     for (; m_index < m_lines.size(); ++m_index) {
       const Line& line = m_lines[m_index];
       std::string reason;
       const int status = readLine(line.argument, reason);
       if (status != status::success) {
-        failure = std::to_string(line.number) + ": " + reason;
+        failure = placeIn(path, line.number) + reason;
         return status;
       }
     }
-    return checkUses(failure);
+    return status::success;
   }
 
  private:
@@ -216,7 +265,7 @@ class LineReader {
       return status::usageError;
     }
     if (!option->takesValue())
-      countUse(*option);
+      m_uses.add(*option, m_path, m_lines[m_index].number);
     if (!option->takesValue() || (word.hasValue && option->takesAnyText()) || !word.value.empty())
       return parse({"", argument.c_str()}, reason);
     const std::string* const next =
@@ -225,34 +274,6 @@ class LineReader {
       return parse({"", argument.c_str()}, reason);
     ++m_index;
     return parse({"", argument.c_str(), next->c_str()}, reason);
-  }
-
-  // An option without a value that the file gives.
-  struct Uses {
-    const Declaration* option;
-    unsigned int count;
-    unsigned int line;  // of the last time
-  };
-
-  void countUse(const Declaration& option) {
-    const auto isSame = [&](const Uses& uses) { return uses.option == &option; };
-    auto uses = std::find_if(m_uses.begin(), m_uses.end(), isSame);
-    if (uses == m_uses.end())
-      uses = m_uses.insert(uses, {&option, 0, 0});
-    ++uses->count;
-    uses->line = m_lines[m_index].number;
-  }
-
-  // Whether each of them may be given as often.
-  int checkUses(std::string& failure) const {
-    for (const Uses& uses : m_uses) {
-      const std::string reason = refusedUse(*uses.option, uses.count);
-      if (reason.empty())
-        continue;
-      failure = std::to_string(uses.line) + ": " + reason;
-      return status::usageError;
-    }
-    return status::success;
   }
 
   int parse(const std::vector<const char*>& words, std::string& reason) {
@@ -266,8 +287,9 @@ class LineReader {
   const Scope& m_scope;
   IParser& m_parser;
   GivenValues& m_values;
-  const std::vector<Line> m_lines;
-  std::vector<Uses> m_uses;
+  UsesInFiles& m_uses;
+  std::string m_path;
+  std::vector<Line> m_lines;
   std::size_t m_index = 0;
   std::size_t m_operands = 0;
   bool m_isEnded = false;
@@ -323,6 +345,7 @@ int readEnvironment(const Scope& scope, IParser& parser, GivenValues& values,
 int readConfiguration(const Scope& scope, IParser& parser, GivenValues& values,
                       std::string& failure) {
   values.startSource(Source::config);
+  UsesInFiles uses;
   for (Declaration* const declaration : scope.options()) {
     if (declaration->use != Use::config || !isConcerned(*declaration, values))
       continue;
@@ -338,13 +361,11 @@ int readConfiguration(const Scope& scope, IParser& parser, GivenValues& values,
       failure = "Cannot read '" + path + "': " + std::generic_category().message(problem);
       return status::usageError;
     }
-    const int status = LineReader(scope, parser, values, linesOf(text)).read(failure);
-    if (status != status::success) {
-      failure.insert(0, path + ':');
+    const int status = FileReader(scope, parser, values, uses).read(path, text, failure);
+    if (status != status::success)
       return status;
-    }
   }
-  return status::success;
+  return uses.check(scope, failure);
 }
 
 }  // namespace kivo_3_3::tool_glue

@@ -11,6 +11,7 @@
 #include <type_traits>
 
 #include "tool/console.h"
+#include "tool/outcome.h"
 #include "tool/run.h"
 #include "tool/scope.h"
 #include "tool/value_text.h"

@@ -11,8 +11,6 @@
 #include <system_error>
 #include <type_traits>
 
-#include "tool/scope.h"
-
 namespace kivo_3_3::tool_glue {
 namespace {
 

@@ -227,8 +227,8 @@ TEST(ToolArguments, ManyDashesAndEmptyValuesAreReadInLinearTime) {
 }
 
 TEST(ToolArguments, ManyNumbersAsOperandsAreReadInLinearTime) {
-  constexpr std::size_t many = 100'000;  // in an emulator without floating-point numbers 10 seconds
-  constexpr double most = 20;            // seconds
+  constexpr std::size_t many = 100'000;
+  constexpr double most = 20;  // seconds; an emulated processor takes ten
   std::vector<int> rest;
   Tried tool;
   tool.rest("rest", rest, "");

@@ -414,6 +414,32 @@ TEST_F(ToolSourcesOfUses, ErrorsOfAFlagTellTheVariable) {
       fresh.err);
 }
 
+TEST_F(ToolSourcesOfUses, ACheckIsCalledOnceForEachSource) {
+  Tried counting;
+  std::vector<int> checked;
+  counting.count("more", more, "Tell more.").env("TRIED_MORE").check([&](int count) {
+    checked.push_back(count);
+    return "";
+  });
+  counting.config("config", path.c_str(), "Where the options are.");
+  setenv("TRIED_MORE", "3", 1);
+  write("--more\n--more\n");
+  EXPECT_EQ(-1, counting.run({"--more"})) << counting.err;
+  EXPECT_EQ((std::vector<int>{3, 2, 1}), checked);
+}
+
+TEST_F(ToolSourcesOfUses, FilesAreCountedTogether) {
+  const std::string second = path + "2";
+  fresh.config("second", second.c_str(), "More options.");
+  write("--more\n--more\n");
+  std::ofstream(second) << "\n--more\n";
+  EXPECT_EQ(2, fresh.run({}));
+  EXPECT_EQ("tool: " + second +
+                ":2: Option 'more' does not take '3', expected: 0 to 2\nTry 'tool --help'.\n",
+            fresh.err);
+  std::remove(second.c_str());
+}
+
 TEST_F(ToolSourcesOfUses, ErrorsTellTheLineOfTheLastUse) {
   write("--more\n--more\n\n--more\n# end\n");
   EXPECT_EQ(2, fresh.run({"--more"}));

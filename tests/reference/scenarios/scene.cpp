@@ -88,7 +88,7 @@ void Scene::runOne(const Command& command) {
   guarded([&] { (this->*command.operation())(command); });
 }
 
-// Only the kind of an exception is specified, not its text.
+// Tools can rely on the kind of an exception, not on its text.
 template <class Body>
 void Scene::guarded(Body body) {
   try {

@@ -56,7 +56,7 @@ bool Scene::hear(int handler, const Event& event) {
   return isAccepted && hearing.answer;
 }
 
-// The owner of a value's text is unspecified, but all handlers of one event see the same pointer.
+// Anybody may own a value's text, but all handlers of one event see the same pointer.
 void Scene::record(int handler, const Event& event) {
   Addresses& texts = m_parsers.at(static_cast<std::size_t>(event.parser)).texts;
   const string head = "H" + std::to_string(handler) + " of P" + std::to_string(event.parser) +

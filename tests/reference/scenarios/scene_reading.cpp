@@ -223,7 +223,7 @@ void Scene::help(const Command& command) {
   m_transcript.lines(text != nullptr ? text : "null");
 }
 
-// The indent is limited to save memory. The text of this exception is specified.
+// The indent is limited to save memory. Tools can rely on the text of this exception.
 void Scene::paragraph(const Command& command) {
   constexpr int widestIndent = 200;
   const auto indent = static_cast<unsigned int>(wrapped(command.number(2), widestIndent));
