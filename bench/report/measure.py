@@ -2,6 +2,7 @@
 
 Every benchmark of every peer runs in its own process. In each of several rounds, the peers run
 each benchmark in a new random order, so that other load of the machine affects all peers alike.
+Each benchmark warms up first: how long the system takes to provide memory varies too much.
 The reported time is the median of the CPU times of all rounds.
 """
 
@@ -80,7 +81,8 @@ class Bench:
                 for peer in random.sample(self.peers, len(self.peers)):
                     if (peer, name) in self.left_out:
                         continue
-                    result = self.once(peer, name, f"--benchmark_min_time={self.seconds}")
+                    result = self.once(peer, name, f"--benchmark_min_time={self.seconds}",
+                                       f"--benchmark_min_warmup_time={self.seconds * 2}")
                     if result:
                         samples.setdefault((peer, name), []).append(result["cpu_time"])
         return {key: statistics.median(values) for key, values in samples.items()}

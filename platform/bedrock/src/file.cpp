@@ -10,6 +10,8 @@
 #include <cstring>
 #include <memory>
 
+#include "bedrock/pages.h"
+
 namespace BEDROCK {
 
 namespace {
@@ -37,8 +39,10 @@ int load_file(const char* name, std::string& text) {
     const std::size_t count = std::fread(buffer, 1, sizeof buffer, file.get());
     const std::size_t length = strnlen(buffer, count);
     isEnded = length < sizeof buffer;
-    if (!isEnded && read.empty())
+    if (!isEnded && read.empty()) {
       read.reserve(storedSize(file.get()));
+      askForLargePages(read.data(), read.capacity());
+    }
     read.append(buffer, length);
   }
   if (std::ferror(file.get()) != 0)

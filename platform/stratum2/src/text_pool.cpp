@@ -8,6 +8,7 @@
 #include <limits>
 #include <new>
 
+#include "bedrock/pages.h"
 #include "counter.h"
 
 namespace stratum2 {
@@ -21,11 +22,12 @@ struct text_pool_t::chunk_t {
 
 namespace {
 
-// Bytes. Chunks double from the shortest to the longest, and a longer text than a quarter of the
-// longest has its own allocation, so that it does not use up a chunk.
+// Bytes. Chunks double from the shortest to the longest. 8 MB: long enough for large pages, which
+// save a tenth of the time for a million texts.
 constexpr std::size_t shortestChunk = 256;
-constexpr std::size_t longestChunk = std::size_t{4} << 10;
-constexpr std::size_t longestText = longestChunk / 4;
+constexpr std::size_t longestChunk = std::size_t{8} << 20;
+// A longer text has its own allocation, so that it does not use up a chunk.
+constexpr std::size_t longestText = std::size_t{1} << 10;
 constexpr int allTexts = std::numeric_limits<int>::max();
 
 }  // namespace
@@ -52,6 +54,7 @@ void text_pool_t::openChunk(std::size_t atLeast) {
   const std::size_t size = std::clamp(m_chunkSize * 2, shortestChunk, longestChunk);
   const std::size_t room = std::max(size - sizeof(chunk_t), atLeast);
   void* const memory = variant_t::m_mem.allocate(sizeof(chunk_t) + room);
+  BEDROCK::askForLargePages(memory, sizeof(chunk_t) + room);
   closeChunk();
   m_chunk = new (memory) chunk_t{{allTexts}};
   m_next = static_cast<char*>(memory) + sizeof(chunk_t);

@@ -11,9 +11,11 @@ namespace stratum2 {
 
 /// Makes variants that are texts, with one allocation for many of them.
 ///
-/// The characters are in chunks of at most 4 KB. A chunk is freed with the last variant that uses
-/// it, but not before the chunk is full or the pool is destroyed. A variant may therefore outlive
-/// the pool and be destroyed on another thread. A text of 1 KB or more has its own allocation.
+/// The characters are in chunks: the first one has 256 bytes, each further one is twice as long as
+/// the one before it, up to 8 MB. A chunk is freed with the last variant that uses it, but not
+/// before the chunk is full or the pool is destroyed. A variant may therefore outlive the pool and
+/// be destroyed on another thread; it keeps its whole chunk, about half of what the pool held at
+/// most. A text of 1 KB or more has its own allocation.
 class text_pool_t {
  public:
   text_pool_t() = default;
