@@ -101,6 +101,8 @@ int AbbreviationParser::parse(ArgumentWindow& args, IResultCollector* collector,
   const std::string_view argument = args.front();
   optionIndex = foundIndex();
   trace(": parsing argument '", argument, "'");
+  if (internal::kivoLogEnabled)  // writing the trace may have changed the locale
+    m_found.parts = splitArgument(argument, whiteSpace());
   if (!isUsable(argument, error))
     return status::usageError;
 

@@ -193,6 +193,8 @@ int IArgumentParser::bindOne(std::string_view& token, const Binding& binding) {
   const bool isClassic = option.m_type == vtString || whiteSpace().isClassic();
   if (!option.validate(token, value, isClassic, binding.error))
     return fail(binding.error, validationProblem(binding.argument, binding.error));
+  if (!option.m_deprecatedValues.empty())
+    m_whiteSpace.reset();  // a warning may have been written
   if (token.data() != typed) {
     token = kept(token);
     value = variant_t(token.data(), true);

@@ -73,10 +73,11 @@ class IArgumentParser {
     return canChange ? copied(option) : option;
   }
 
-  // White space in the global locale of the moment. Without handlers, no code of the tool runs
-  // between two arguments, so the locale is looked up once.
+  // White space in the global locale of the moment. The locale is looked up once as long as no code
+  // of the tool runs between two arguments: a handler, or a stream buffer of the tool that receives
+  // the trace or a warning.
   const WhiteSpace& whiteSpace() {
-    if (m_handler != nullptr || !m_whiteSpace)
+    if (m_handler != nullptr || internal::kivoLogEnabled || !m_whiteSpace)
       m_whiteSpace.emplace();
     return *m_whiteSpace;
   }

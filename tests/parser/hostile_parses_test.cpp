@@ -401,6 +401,53 @@ TEST(HostileLocale, CountsFromTheNextValueOn) {
   EXPECT_EQ(0.25, command.result().get("ratio", 0, lastPosition).value.get<double>());
 }
 
+// The console, on a stream buffer of the tool that sets the global locale when `text` is written.
+class ConsoleThatSetsTheLocale : public std::streambuf {
+ public:
+  // In that locale a point separates thousands.
+  explicit ConsoleThatSetsTheLocale(string text)
+      : m_text(std::move(text)), m_output(std::cout.rdbuf(this)), m_error(std::cerr.rdbuf(this)) {}
+  ConsoleThatSetsTheLocale(const ConsoleThatSetsTheLocale&) = delete;
+  ConsoleThatSetsTheLocale& operator=(const ConsoleThatSetsTheLocale&) = delete;
+  ~ConsoleThatSetsTheLocale() override {
+    std::cout.rdbuf(m_output);
+    std::cerr.rdbuf(m_error);
+  }
+
+ private:
+  std::streamsize xsputn(const char* text, std::streamsize count) override {
+    if (string(text, static_cast<std::size_t>(count)).find(m_text) != string::npos)
+      std::locale::global(testing::localeWithDecimalComma());
+    return count;
+  }
+  int overflow(int character) override { return character; }
+
+  string m_text;
+  std::streambuf* m_output;
+  std::streambuf* m_error;
+};
+
+TEST(HostileConsole, MaySetTheGlobalLocaleAtALineOfTheTrace) {
+  const testing::GlobalLocale restored(std::locale::classic());
+  const ConsoleThatSetsTheLocale console("stored option");
+  Command command(parserFlags::noTokenizer);
+  command.option("ratio", vtDouble);
+  EXPECT_EQ(0, command.parse({"kivooption=kivologenable=1", "--ratio=0.5", "--ratio=1.234"}));
+  EXPECT_EQ(0.5, command.result().get("ratio", 0, lastPosition).value.get<double>());
+  EXPECT_EQ(1234, command.result().next("ratio").value.get<double>());
+}
+
+TEST(HostileConsole, MaySetTheGlobalLocaleAtAWarning) {
+  const testing::GlobalLocale restored(std::locale::classic());
+  const ConsoleThatSetsTheLocale console("Warning");
+  Command command(parserFlags::noTokenizer);
+  command.option("level", vtS32)->allowValue(1)->allowDeprecatedValue(2, 1);
+  command.option("ratio", vtDouble);
+  EXPECT_EQ(0, command.parse({"--ratio=0.5", "--level=2", "--ratio=1.234"}));
+  EXPECT_EQ(0.5, command.result().get("ratio", 0, lastPosition).value.get<double>());
+  EXPECT_EQ(1234, command.result().next("ratio").value.get<double>());
+}
+
 TEST(HostileConsole, WarningsToAClosedErrorStreamAreLost) {
   const testing::ConsoleCapture console;
   Command command;

@@ -96,6 +96,8 @@ constexpr Reached others[] = {
     {"; last null null", 300},
     {"| '", 500},
     {", traced", 700},
+    {"meanwhile locale", 75},
+    {"meanwhile buffer", 50},
 };
 
 constexpr Reached described[] = {

@@ -21,9 +21,9 @@ std::size_t afterBars(const string& line, std::size_t begin, int bars) {
   return std::min(begin, line.size());
 }
 
-// Makes "VERB FIELDS" of "react H|EVENT|N|VERB|FIELDS".
-string reactionOf(const string& line) {
-  string step = line.substr(afterBars(line, 0, 3));
+// Makes "VERB FIELDS" of the rest of a line, "VERB|FIELDS", after this many bars.
+string reactionOf(const string& line, int bars) {
+  string step = line.substr(afterBars(line, 0, bars));
   const std::size_t bar = step.find('|');
   if (bar != string::npos)
     step[bar] = ' ';
@@ -54,8 +54,9 @@ std::optional<Command> commandOf(const string& line) {
   if (operation == nullptr)
     return std::nullopt;
   Command command(line, operation);
-  if (operation == &Scene::react) {
-    const std::optional<Command> reaction = commandOf(reactionOf(line));
+  if (operation == &Scene::react || operation == &Scene::console) {
+    const std::optional<Command> reaction =
+        commandOf(reactionOf(line, operation == &Scene::react ? 3 : 1));
     if (!reaction)
       return std::nullopt;
     command.m_reaction = std::make_shared<const Command>(*reaction);

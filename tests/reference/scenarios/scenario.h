@@ -26,7 +26,8 @@
 //   help P|global|HIDDEN
 //   paragraph TEXT|HEAD|INDENT|WIDTH   dash TEXT|POSITION   split TEXT|NAME?|VALUE?
 //   locale N (classic, decimal comma, underscore as space)   assertions N (return, throw)
-//   counter N   counter end|N (before the largest int)   buffer K|TEXT   budget N (reactions)
+//   console N|STEP (does the step, locale or buffer, after the Nth line that is written from here
+//   on) counter N   counter end|N (before the largest int)   buffer K|TEXT   budget N (reactions)
 //   file NAME|TEXT ("<zero>" is a zero byte)   folder NAME
 //
 // The STEP of a reaction can also be:
@@ -56,7 +57,8 @@ class Command {
 
   const std::string& line() const { return m_line; }
   Operation operation() const { return m_operation; }
-  // The step that a `react` step makes a handler do; null for other steps.
+  // The step that a `react` step makes a handler do, or a `console` step the console; null for
+  // other steps.
   const std::shared_ptr<const Command>& reaction() const { return m_reaction; }
 
   bool isNull(std::size_t field) const;

@@ -111,6 +111,8 @@ class Generator {
   void act() {
     const int steps = 2 + m_random.below(9);
     for (int i = 0; i < steps; ++i) {
+      if (m_random.chance(8))
+        write(m_make.interruption());
       if (i % 3 == 0)
         write(m_make.parse(m_make.anyParser()));
       write(m_make.any(m_make.anyParser()));

@@ -52,7 +52,7 @@ Scene::Scene(const World& world, const Scenario& scenario) : m_world(world), m_s
 }
 
 string Scene::run() {
-  const ConsoleTap tap(m_transcript);
+  const ConsoleTap tap(m_transcript, [this] { interrupt(); });
   const testing::GlobalLocale classic(localeAt(0));
   const AssertionHandler recording(recordAssertion);
   const std::optional<ScratchFolder::Visit> folder =
@@ -192,6 +192,22 @@ void Scene::locale(const Command& command) {
 }
 
 void Scene::assertions(const Command& command) { m_assertionsThrow = command.number(0) != 0; }
+
+// The console cannot do more: whatever is written then is written in the middle of a line.
+void Scene::console(const Command& command) {
+  const Operation does = command.reaction()->operation();
+  if (does != &Scene::locale && does != &Scene::buffer)
+    return skip();
+  m_interruption = {command.number(0), command.reaction()};
+}
+
+void Scene::interrupt() {
+  if (m_interruption.lines == 0 || --m_interruption.lines != 0)
+    return;
+  const Command& step = *m_interruption.step;
+  m_transcript.line("meanwhile ", step.line());
+  (this->*step.operation())(step);
+}
 
 // Positions may repeat from here on, so those of earlier events are forgotten.
 void Scene::counter(const Command& command) {

@@ -136,6 +136,7 @@ class Scene {
 
   void locale(const Command& command);
   void assertions(const Command& command);
+  void console(const Command& command);
   void counter(const Command& command);
   void buffer(const Command& command);
   void budget(const Command& command);
@@ -175,6 +176,11 @@ class Scene {
     int handler;
     std::string event;
     int count;
+    std::shared_ptr<const Command> step;
+  };
+  // What the console does after some more lines.
+  struct Interruption {
+    int lines = 0;
     std::shared_ptr<const Command> step;
   };
   struct Handler {
@@ -228,6 +234,7 @@ class Scene {
   void guarded(Body body);
   void skip();
   void endEverything();
+  void interrupt();
 
   void keepBuilder(ParserSlot& slot, IOption* builder);
   void amended(const IOption* builder, const IOption* answer);
@@ -264,6 +271,7 @@ class Scene {
   // One array, because parsers call handlers in the order of their addresses.
   std::array<std::array<Listener, parserCount>, handlerCount> m_listeners;
   std::vector<Reaction> m_reactions;
+  Interruption m_interruption;
   int m_budget = usualReactions;
   bool m_isOver = false;  // a parse drew too many positions
   std::array<std::array<char, bufferSize>, bufferCount> m_buffers = {};

@@ -63,6 +63,7 @@ constexpr std::pair<std::string_view, Operation> verbs[] = {
     {"split", &Scene::split},
     {"locale", &Scene::locale},
     {"assertions", &Scene::assertions},
+    {"console", &Scene::console},
     {"counter", &Scene::counter},
     {"buffer", &Scene::buffer},
     {"budget", &Scene::budget},

@@ -187,6 +187,12 @@ string StepMaker::argumentSyntax(int) {
   return (StepText("split") << text << m_random.below(4) << m_random.below(4)).line();
 }
 
+string StepMaker::interruption() {
+  string step = m_random.chance(60) ? locale(0) : buffer(0);
+  step[step.find(' ')] = '|';
+  return (StepText("console") << 1 + m_random.below(30)).line() + "|" + step;
+}
+
 string StepMaker::locale(int) { return (StepText("locale") << m_random.below(3)).line(); }
 
 string StepMaker::buffer(int) {

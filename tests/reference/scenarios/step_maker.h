@@ -46,6 +46,8 @@ class StepMaker {
   std::string readAll(int result);
   // A `react` step.
   std::string reaction();
+  // A `console` step.
+  std::string interruption();
 
  private:
   struct Declared {

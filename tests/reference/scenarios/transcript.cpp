@@ -49,9 +49,9 @@ void Transcript::endConsoleLine() {
   lines(text);
 }
 
-ConsoleTap::ConsoleTap(Transcript& transcript)
-    : m_out(transcript, "out"),
-      m_err(transcript, "err"),
+ConsoleTap::ConsoleTap(Transcript& transcript, const std::function<void()>& afterLine)
+    : m_out(transcript, "out", afterLine),
+      m_err(transcript, "err", afterLine),
       m_standardOutput(std::cout.rdbuf(&m_out)),
       m_standardError(std::cerr.rdbuf(&m_err)) {}
 
@@ -63,14 +63,20 @@ ConsoleTap::~ConsoleTap() {
 ConsoleTap::Buffer::int_type ConsoleTap::Buffer::overflow(int_type character) {
   if (!traits_type::eq_int_type(character, traits_type::eof())) {
     const char written = traits_type::to_char_type(character);
-    m_transcript.console(m_stream, {&written, 1});
+    pass({&written, 1});
   }
   return traits_type::not_eof(character);
 }
 
 std::streamsize ConsoleTap::Buffer::xsputn(const char* text, std::streamsize size) {
-  m_transcript.console(m_stream, {text, static_cast<std::size_t>(size)});
+  pass({text, static_cast<std::size_t>(size)});
   return size;
+}
+
+void ConsoleTap::Buffer::pass(std::string_view text) {
+  m_transcript.console(m_stream, text);
+  for (auto lines = std::count(text.begin(), text.end(), '\n'); lines != 0; --lines)
+    m_afterLine();
 }
 
 string Addresses::shown(const char* text) {

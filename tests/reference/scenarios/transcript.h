@@ -3,6 +3,7 @@
 // The transcript of a scenario: indented lines, with the console output at the place where it
 // was written.
 
+#include <functional>
 #include <iostream>
 #include <streambuf>
 #include <string>
@@ -66,7 +67,8 @@ class Transcript {
 // Redirects the console into a transcript during its lifetime.
 class ConsoleTap {
  public:
-  explicit ConsoleTap(Transcript& transcript);
+  // Calls `afterLine` after each line that was written.
+  ConsoleTap(Transcript& transcript, const std::function<void()>& afterLine);
   ConsoleTap(const ConsoleTap&) = delete;
   ConsoleTap& operator=(const ConsoleTap&) = delete;
   ~ConsoleTap();
@@ -74,15 +76,17 @@ class ConsoleTap {
  private:
   class Buffer : public std::streambuf {
    public:
-    Buffer(Transcript& transcript, const char* stream)
-        : m_transcript(transcript), m_stream(stream) {}
+    Buffer(Transcript& transcript, const char* stream, const std::function<void()>& afterLine)
+        : m_transcript(transcript), m_stream(stream), m_afterLine(afterLine) {}
 
    private:
     int_type overflow(int_type character) override;
     std::streamsize xsputn(const char* text, std::streamsize size) override;
+    void pass(std::string_view text);
 
     Transcript& m_transcript;
     const char* m_stream;
+    std::function<void()> m_afterLine;
   };
 
   Buffer m_out;
