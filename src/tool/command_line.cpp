@@ -187,7 +187,7 @@ std::string CommandLine::wrongIn(const ToolData& tool, const Group& group) const
 }
 
 std::optional<int> CommandLine::deliver() {
-  const std::vector<Declaration*> declarations = given();
+  const std::vector<Declaration*> declarations = givenDeclarations();
   warn(declarations);
   const std::vector<Call> calls = callsFor(declarations);
   try {
@@ -204,7 +204,7 @@ std::optional<int> CommandLine::deliver() {
   return std::nullopt;
 }
 
-std::vector<Declaration*> CommandLine::given() const {
+std::vector<Declaration*> CommandLine::givenDeclarations() const {
   std::vector<Declaration*> given;
   given.reserve(m_scope.options().size());
   for (const auto* list : {&m_scope.options(), &m_scope.operands()}) {

@@ -36,7 +36,7 @@ class CommandLine {
   std::string wrong() const;
   std::string wrongWith(const Declaration& declaration) const;
   std::string wrongIn(const ToolData& tool, const Group& group) const;
-  std::vector<Declaration*> given() const;
+  std::vector<Declaration*> givenDeclarations() const;
   void warn(const std::vector<Declaration*>& given) const;
 
   ToolData& m_tool;

@@ -415,17 +415,23 @@ TEST_F(ToolSourcesOfUses, ErrorsOfAFlagTellTheVariable) {
 }
 
 TEST_F(ToolSourcesOfUses, ACheckIsCalledOnceForEachSource) {
-  Tried counting;
-  std::vector<int> checked;
-  counting.count("more", more, "Tell more.").env("TRIED_MORE").check([&](int count) {
-    checked.push_back(count);
-    return "";
-  });
-  counting.config("config", path.c_str(), "Where the options are.");
+  const auto checkedBy = [this](std::initializer_list<const char*> arguments) {
+    Tried counting;
+    std::vector<int> checked;
+    counting.count("more", more, "Tell more.").env("TRIED_MORE").check([&](int count) {
+      checked.push_back(count);
+      return "";
+    });
+    counting.config("config", path.c_str(), "Where the options are.");
+    EXPECT_EQ(-1, counting.run(arguments)) << counting.err;
+    return checked;
+  };
   setenv("TRIED_MORE", "3", 1);
   write("--more\n--more\n");
-  EXPECT_EQ(-1, counting.run({"--more"})) << counting.err;
-  EXPECT_EQ((std::vector<int>{3, 2, 1}), checked);
+  EXPECT_EQ((std::vector<int>{3, 2, 1}), checkedBy({"--more"}));
+  EXPECT_EQ((std::vector<int>{3, 2}), checkedBy({}));
+  write("");
+  EXPECT_EQ(std::vector<int>{3}, checkedBy({}));
 }
 
 TEST_F(ToolSourcesOfUses, FilesAreCountedTogether) {
